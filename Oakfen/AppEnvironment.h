@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Oakfen/AppState.h"
+#include "Oakfen/Panels.h"
+#include "OakfenCore/LibraryStore/LibraryStore.h"
+#include "OakfenCore/Platform/Clock.h"
+#include "OakfenCore/Platform/Scheduler.h"
+#include "OakfenCore/Platform/UserDefaults.h"
+#include "OakfenCore/Support/FileSystem.h"
+
+namespace oakfen {
+
+/// What every screen is handed. A bundle of references to objects that live as long as the program.
+struct AppEnvironment {
+    LibraryStore& store;
+    AppState& appState;
+    Panels& panels;
+    UserDefaults& defaults;
+    const Clock& clock;
+    Scheduler& scheduler;
+    FileSystem& files;
+
+    /// The code in which every screen shows money.
+    [[nodiscard]] const std::string& currencyCode() const { return store.library().currencyCode; }
+};
+
+} // namespace oakfen

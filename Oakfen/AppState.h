@@ -1,0 +1,136 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "OakfenCore/Importers/StatementImporter.h"
+#include "OakfenCore/Models/Enumerations.h"
+#include "OakfenCore/Platform/UserDefaults.h"
+#include "OakfenCore/Support/Observers.h"
+#include "OakfenCore/Support/UUID.h"
+
+namespace oakfen {
+
+/// A place that the detail area can show: an account or one of the seven overview screens.
+struct SidebarItem {
+    enum class Kind { account, dashboard, bills, budget, reports, investing, goals, categories };
+
+    Kind kind = Kind::dashboard;
+    /// For `account` only.
+    UUID accountID = {};
+
+    [[nodiscard]] static SidebarItem account(const UUID& id) { return {Kind::account, id}; }
+
+    friend bool operator==(const SidebarItem&, const SidebarItem&) = default;
+};
+
+[[nodiscard]] std::string_view title(SidebarItem::Kind kind) noexcept;
+[[nodiscard]] std::string_view symbolName(SidebarItem::Kind kind) noexcept;
+
+/// The seven items without an account, in the order of the sidebar and of the Go menu.
+[[nodiscard]] const std::vector<SidebarItem>& overviewItems();
+
+/// A parsed statement on its way to the review sheet.
+struct ImportSession {
+    UUID id;
+    std::string fileName;
+    std::vector<ImportedTransaction> items;
+    /// The proposed target account.
+    UUID accountID;
+
+    friend bool operator==(const ImportSession&, const ImportSession&) = default;
+};
+
+/// The one modal sheet that can be open. An absent payload means a new record.
+struct ActiveSheet {
+    struct EditAccount {
+        UUID id;
+        friend bool operator==(const EditAccount&, const EditAccount&) = default;
+    };
+    struct NewTransaction {
+        std::optional<UUID> accountID = {};
+        friend bool operator==(const NewTransaction&, const NewTransaction&) = default;
+    };
+    struct EditTransaction {
+        UUID id;
+        friend bool operator==(const EditTransaction&, const EditTransaction&) = default;
+    };
+    struct Reconcile {
+        UUID accountID;
+        friend bool operator==(const Reconcile&, const Reconcile&) = default;
+    };
+    struct ImportReview {
+        std::shared_ptr<const ImportSession> session;
+        friend bool operator==(const ImportReview& a, const ImportReview& b) {
+            return a.session == b.session || *a.session == *b.session;
+        }
+    };
+    struct Scheduled {
+        std::optional<UUID> id = {};
+        friend bool operator==(const Scheduled&, const Scheduled&) = default;
+    };
+    struct Category {
+        std::optional<UUID> id = {};
+        CategoryKind kind = CategoryKind::expense;
+        friend bool operator==(const Category&, const Category&) = default;
+    };
+    struct NewAccount {
+        friend bool operator==(const NewAccount&, const NewAccount&) = default;
+    };
+
+    std::variant<EditAccount, NewTransaction, EditTransaction, Reconcile, ImportReview, Scheduled,
+                 Category, NewAccount>
+        content;
+
+    friend bool operator==(const ActiveSheet&, const ActiveSheet&) = default;
+};
+
+/// The navigation state: all that screens and commands tell each other. A write of an equal value
+/// notifies nobody. Lives on the main thread.
+class AppState {
+public:
+    /// Under this key the setting of the extra screen lock is kept.
+    static constexpr std::string_view requireAuthenticationKey = "requireAuthentication";
+
+    explicit AppState(const UserDefaults& defaults);
+
+    /// What the detail area shows; absent shows the dashboard, with nothing selected.
+    [[nodiscard]] const std::optional<SidebarItem>& selection() const { return selection_; }
+    void setSelection(std::optional<SidebarItem> selection);
+    /// The account inside the selection; absent for every other selection.
+    [[nodiscard]] std::optional<UUID> selectedAccountID() const;
+
+    [[nodiscard]] const std::optional<ActiveSheet>& sheet() const { return sheet_; }
+    void setSheet(std::optional<ActiveSheet> sheet);
+
+    /// The user has passed the system's prompt, or need not.
+    [[nodiscard]] bool isUnlocked() const { return isUnlocked_; }
+    void setUnlocked(bool unlocked);
+
+    /// While present, an alert shows this text.
+    [[nodiscard]] const std::optional<std::string>& alertMessage() const { return alertMessage_; }
+    void setAlertMessage(std::optional<std::string> message);
+
+    /// While present, a progress pill shows this text over the main screen.
+    [[nodiscard]] const std::optional<std::string>& busyMessage() const { return busyMessage_; }
+    void setBusyMessage(std::optional<std::string> message);
+
+    Observers<> selectionChanged;
+    Observers<> sheetChanged;
+    Observers<> lockChanged;
+    Observers<> alertChanged;
+    Observers<> busyChanged;
+
+private:
+    std::optional<SidebarItem> selection_ = SidebarItem{};
+    std::optional<ActiveSheet> sheet_;
+    bool isUnlocked_ = true;
+    std::optional<std::string> alertMessage_;
+    std::optional<std::string> busyMessage_;
+};
+
+} // namespace oakfen

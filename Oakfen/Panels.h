@@ -1,0 +1,52 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace oakfen {
+
+/// What a file panel asks for.
+struct OpenPanelRequest {
+    std::string title;
+    std::string message;
+    /// Extensions without the point; a panel also offers all files.
+    std::vector<std::string> extensions;
+    /// What the extensions are, for the panel's filter: "Statements".
+    std::string extensionsName;
+};
+
+struct SavePanelRequest {
+    std::string title;
+    std::string suggestedName;
+    std::string extension;
+    std::string extensionName;
+};
+
+/// A question with a default answer that does nothing.
+struct ConfirmationRequest {
+    std::string title;
+    std::string message;
+    /// The button that goes ahead.
+    std::string confirmTitle;
+    bool isDestructive = false;
+    std::string cancelTitle = "Cancel";
+};
+
+/// The dialogs of the system, as an interface: the window shows them, tests answer for the person.
+/// Each answer comes through the callback, on the main thread, at once or later; a panel that was
+/// dismissed gives none.
+class Panels {
+public:
+    virtual ~Panels() = default;
+
+    virtual void openFile(const OpenPanelRequest& request,
+                          std::function<void(std::optional<std::string> path)> then) = 0;
+    virtual void saveFile(const SavePanelRequest& request,
+                          std::function<void(std::optional<std::string> path)> then) = 0;
+    virtual void confirm(const ConfirmationRequest& request,
+                         std::function<void(bool confirmed)> then) = 0;
+};
+
+} // namespace oakfen

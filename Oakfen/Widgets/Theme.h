@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QIcon>
+#include <QPalette>
+#include <string_view>
+
+class QApplication;
+
+namespace oakfen {
+
+/// The roles that widgets name; what each looks like is the theme's business alone.
+enum class ThemeColor {
+    window,        ///< behind everything
+    surface,       ///< tables, cards, fields
+    surfaceRaised, ///< headers, footers, the sidebar
+    border,
+    text,
+    secondaryText, ///< still readable: at least 4.5:1 on every surface
+    accent,        ///< the default button, links, transfers
+    onAccent,
+    selection,
+    onSelection,
+    negative, ///< red
+    positive, ///< green
+    warning,  ///< orange
+    information, ///< blue
+};
+
+enum class TextStyle { body, bodyStrong, caption, captionStrong, headline, title, largeFigure };
+
+/// Colours, type sizes and distances, light and dark.
+class Theme {
+public:
+    /// Distances are multiples of this, in device-independent pixels.
+    static constexpr int grid = 8;
+    static constexpr int cornerRadius = 6;
+    static constexpr int tableRowHeight = 28;
+
+    /// Gives the application its style, palette, font and the one style sheet, and follows the
+    /// desktop's light or dark setting from then on.
+    static void apply(QApplication& application);
+    static void setDark(bool dark);
+    [[nodiscard]] static bool isDark();
+
+    [[nodiscard]] static QColor color(ThemeColor role);
+    [[nodiscard]] static QFont font(TextStyle style);
+    /// The twelve colours of chart series, in order; the list starts again after the last.
+    [[nodiscard]] static QColor chartColor(std::size_t series);
+};
+
+/// The icon that stands for the name ("building.columns"), painted in the role's colour and repainted
+/// when the theme changes.
+[[nodiscard]] QIcon symbolIcon(std::string_view symbolName, ThemeColor role = ThemeColor::text);
+
+} // namespace oakfen

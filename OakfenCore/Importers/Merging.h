@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "OakfenCore/Importers/StatementImporter.h"
+#include "OakfenCore/Models/Library.h"
+#include "OakfenCore/Support/Calendar.h"
+
+namespace oakfen {
+
+/// Whether the ledger already has that line: the same bank id, or the same amount and payee (in any
+/// case) at most three whole days apart.
+[[nodiscard]] bool isDuplicate(const ImportedTransaction& item,
+                               std::span<const Transaction* const> existing,
+                               const Calendar& calendar);
+
+/// Answers `isDuplicate` for many lines against the same entries, through tables. Gives the first
+/// of the given entries that the line matches, or null. The entries must outlive it.
+class DuplicateFinder {
+public:
+    DuplicateFinder(std::span<const Transaction* const> existing, const Calendar& calendar);
+    ~DuplicateFinder();
+    DuplicateFinder(const DuplicateFinder&) = delete;
+    DuplicateFinder& operator=(const DuplicateFinder&) = delete;
+
+    [[nodiscard]] const Transaction* match(const ImportedTransaction& item) const;
+
+private:
+    struct Tables;
+    std::unique_ptr<const Tables> tables_;
+};
+
+/// Adds the lines that the account does not have yet as cleared entries, filing each by its
+/// category's name or as its payee was filed last. Lines of one call are not compared with each
+/// other. Gives how many were added.
+std::size_t importTransactions(Library& library, std::span<const ImportedTransaction> items,
+                               const UUID& accountID, Date now, const Calendar& calendar);
+
+} // namespace oakfen

@@ -1,0 +1,111 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <variant>
+
+#include "OakfenCore/LibraryIndex/LibraryIndex.h"
+#include "OakfenCore/Models/Library.h"
+#include "OakfenCore/Platform/Clock.h"
+#include "OakfenCore/Platform/LegacyKeyStore.h"
+#include "OakfenCore/Platform/PasswordStore.h"
+#include "OakfenCore/Platform/Scheduler.h"
+#include "OakfenCore/Platform/UserDefaults.h"
+#include "OakfenCore/Support/FileSystem.h"
+#include "OakfenCore/Support/Observers.h"
+#include "OakfenCore/Support/UndoManager.h"
+
+namespace oakfen {
+
+/// What the access gate shows.
+struct AccessState {
+    enum class Kind { legacyUnavailable, open, locked, needsPassword };
+
+    Kind kind = Kind::needsPassword;
+    /// For `legacyUnavailable`: the text to show, and whether a recovery passphrase can help.
+    std::string reason = {};
+    bool recoverable = false;
+
+    [[nodiscard]] bool isOpen() const { return kind == Kind::open; }
+
+    friend bool operator==(const AccessState&, const AccessState&) = default;
+};
+
+/// What the store works with; all must outlive it.
+struct LibraryStoreServices {
+    FileSystem& files;
+    Scheduler& scheduler;
+    const Clock& clock;
+    UserDefaults& defaults;
+    PasswordStore& passwordStore;
+    LegacyKeyStore& legacyKeys;
+};
+
+/// The one owner of the open document. Everybody else reads `library` and `index`; every change
+/// goes through `mutate`, which brings undo, a new index and a save 0.4 seconds after the last
+/// change. Lives on the main thread.
+class LibraryStore {
+public:
+    /// Under this key a person's choice to run without a password is kept.
+    static constexpr std::string_view unencryptedKey = "dataFileUnencrypted";
+
+    /// Opens the file, whatever its format; never throws. Without a path the document is in memory
+    /// only. `choiceKey` differs from `unencryptedKey` where another file than the usual one is open.
+    LibraryStore(std::optional<std::string> filePath, LibraryStoreServices services,
+                 std::string choiceKey = std::string(unencryptedKey));
+    ~LibraryStore();
+    LibraryStore(const LibraryStore&) = delete;
+    LibraryStore& operator=(const LibraryStore&) = delete;
+
+    /// "Library.tarnwick" in the person's data folder.
+    [[nodiscard]] static std::string defaultFilePath();
+
+    [[nodiscard]] const Library& library() const;
+    [[nodiscard]] const LibraryIndex& index() const;
+    /// The index for a worker, which keeps it alive.
+    [[nodiscard]] std::shared_ptr<const LibraryIndex> sharedIndex() const;
+    [[nodiscard]] const std::optional<std::string>& lastError() const;
+    [[nodiscard]] const AccessState& accessState() const;
+    /// True until a first choice about a password was made on a document that has no file.
+    [[nodiscard]] bool isNewLibrary() const;
+    [[nodiscard]] bool isPasswordSaved() const;
+    [[nodiscard]] bool usesPassword() const;
+    [[nodiscard]] const std::optional<std::string>& filePath() const;
+    /// Whether an edit has not reached the disk yet, although it should.
+    [[nodiscard]] bool hasUnsavedChanges() const;
+
+    /// Held weakly.
+    void setUndoManager(std::weak_ptr<UndoManager> undoManager);
+
+    /// The single entry for edits: runs the edit on a copy. When that differs, the document and the
+    /// index are replaced, an undo step with that name is registered and a save is scheduled.
+    void mutate(const std::string& actionName, const std::function<void(Library&)>& edit);
+
+    /// Swaps the whole document; can be undone only when a name is given.
+    void replaceLibrary(Library library, const std::optional<std::string>& actionName);
+
+    /// Writes at once if the document is open; a failure is told in `lastError`.
+    void saveNow();
+
+    /// Loads again from the file.
+    void retryLoading();
+    /// Sets the file aside and begins an empty document.
+    void startOver();
+    void clearError();
+    /// Chooses a plain file. Throws a `LocalizedError` when it can't be written; then nothing has
+    /// changed.
+    void useNoPassword();
+
+    /// Told after `library` and `index` changed.
+    Observers<> libraryChanged;
+    /// Told after `lastError`, `accessState`, `isNewLibrary` or a password field changed.
+    Observers<> statusChanged;
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
+
+} // namespace oakfen

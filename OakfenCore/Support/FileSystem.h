@@ -1,0 +1,89 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "OakfenCore/Support/LocalizedError.h"
+
+namespace oakfen {
+
+/// A call of the file system failed; the text names the file and the system's reason.
+class FileError : public LocalizedError {
+public:
+    FileError(const std::string& description, int code) : LocalizedError(description), code_(code) {}
+    /// The `errno` of the call.
+    [[nodiscard]] int code() const noexcept { return code_; }
+
+private:
+    int code_;
+};
+
+struct FileInformation {
+    std::uint64_t size = 0;
+    bool isRegularFile = false;
+    bool isFolder = false;
+    /// The permission bits, such as 0600.
+    unsigned permissions = 0;
+};
+
+/// The calls on files that Oakfen makes, one to one with the system's, so that every one of them
+/// can be made to fail in a test. Each returns what the system call returns, -1 with the error in
+/// `error` for a failure; callers use the functions below the class.
+class FileSystem {
+public:
+    struct Result {
+        /// The system call's value; -1 for a failure.
+        std::int64_t value = 0;
+        /// The `errno` of a failure.
+        int error = 0;
+
+        [[nodiscard]] bool failed() const { return value < 0; }
+    };
+
+    virtual ~FileSystem() = default;
+
+    virtual Result open(const std::string& path, int flags, unsigned permissions) = 0;
+    virtual Result read(int descriptor, char* into, std::size_t count) = 0;
+    virtual Result write(int descriptor, const char* from, std::size_t count) = 0;
+    virtual Result sync(int descriptor) = 0;
+    virtual Result close(int descriptor) = 0;
+    virtual Result rename(const std::string& from, const std::string& to) = 0;
+    /// `rename` that fails with EEXIST when the target is there.
+    virtual Result renameWithoutReplacing(const std::string& from, const std::string& to) = 0;
+    virtual Result unlink(const std::string& path) = 0;
+    virtual Result makeFolder(const std::string& path, unsigned permissions) = 0;
+    virtual Result setPermissions(const std::string& path, unsigned permissions) = 0;
+    virtual Result information(const std::string& path, FileInformation& into) = 0;
+    /// The target of a symbolic link; EINVAL when the path is none.
+    virtual Result readLink(const std::string& path, std::string& into) = 0;
+    virtual Result list(const std::string& folder, std::vector<std::string>& names) = 0;
+};
+
+/// The real files of this machine.
+[[nodiscard]] FileSystem& systemFiles();
+
+/// What is known of the file, symbolic links followed; nothing when it is not there. Throws
+/// `FileError` when that can't be told.
+[[nodiscard]] std::optional<FileInformation> fileInformation(FileSystem& files,
+                                                             const std::string& path);
+
+/// Whether something is at the path; false when that can't be told.
+[[nodiscard]] bool fileExists(FileSystem& files, const std::string& path) noexcept;
+
+/// The whole file. Throws `FileError`.
+[[nodiscard]] std::string readFile(FileSystem& files, const std::string& path);
+
+/// The one way bytes reach the disk: into a new file of the owner's alone (0600) beside the target,
+/// synced, then moved over it, so that a crash leaves either the earlier or the new file whole. A
+/// folder that is missing is made (0700). A symbolic link is followed: its target is written.
+/// Throws `FileError`; before the move, the earlier file is untouched.
+void writeOwnerOnly(FileSystem& files, std::string_view bytes, const std::string& path);
+
+/// Moves a file to a name that must be free. Throws `FileError`.
+void moveFile(FileSystem& files, const std::string& from, const std::string& to);
+
+} // namespace oakfen
