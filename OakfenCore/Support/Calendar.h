@@ -7,11 +7,9 @@
 
 #include "OakfenCore/Support/Date.h"
 
-namespace date {
-class time_zone;
-}
-
 namespace oakfen {
+
+class TimeZone;
 
 /// A day of the Gregorian calendar and a time of day on the local clock.
 struct CivilTime {
@@ -28,13 +26,15 @@ struct CivilTime {
 /// The Gregorian calendar in one time zone. A value: every function that speaks of days takes one.
 ///
 /// A local time that the clock skips is the first instant that exists after it; one that the clock
-/// repeats is the earlier of the two. Dates outside the years 1 to 4001 read in UTC.
+/// repeats is the earlier of the two. Any year works: the zone's first and last known rules hold
+/// for the times before and after, and instants over a billion years away are all one.
 class Calendar {
 public:
     /// The calendar of the machine's zone: `TZ` if it names one, else the system's.
     [[nodiscard]] static Calendar current();
 
-    /// The calendar of the named zone ("America/Toronto"); nothing when the system has no such zone.
+    /// The calendar of the named zone ("America/Toronto"); nothing when the system has no such
+    /// zone.
     [[nodiscard]] static std::optional<Calendar> inZone(std::string_view name);
 
     [[nodiscard]] static Calendar utc();
@@ -76,9 +76,9 @@ public:
     friend bool operator==(const Calendar&, const Calendar&) = default;
 
 private:
-    explicit Calendar(const date::time_zone* zone) : zone_(zone) {}
+    explicit Calendar(const TimeZone* zone) : zone_(zone) {}
 
-    const date::time_zone* zone_;
+    const TimeZone* zone_; // one of a few that live as long as the program
 };
 
 } // namespace oakfen

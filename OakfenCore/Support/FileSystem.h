@@ -14,7 +14,8 @@ namespace oakfen {
 /// A call of the file system failed; the text names the file and the system's reason.
 class FileError : public LocalizedError {
 public:
-    FileError(const std::string& description, int code) : LocalizedError(description), code_(code) {}
+    FileError(const std::string& description, int code)
+        : LocalizedError(description), code_(code) {}
     /// The `errno` of the call.
     [[nodiscard]] int code() const noexcept { return code_; }
 
@@ -57,7 +58,9 @@ public:
     virtual Result unlink(const std::string& path) = 0;
     virtual Result makeFolder(const std::string& path, unsigned permissions) = 0;
     virtual Result setPermissions(const std::string& path, unsigned permissions) = 0;
+    /// Symbolic links are followed.
     virtual Result information(const std::string& path, FileInformation& into) = 0;
+    virtual Result descriptorInformation(int descriptor, FileInformation& into) = 0;
     /// The target of a symbolic link; EINVAL when the path is none.
     virtual Result readLink(const std::string& path, std::string& into) = 0;
     virtual Result list(const std::string& folder, std::vector<std::string>& names) = 0;
@@ -74,7 +77,7 @@ public:
 /// Whether something is at the path; false when that can't be told.
 [[nodiscard]] bool fileExists(FileSystem& files, const std::string& path) noexcept;
 
-/// The whole file. Throws `FileError`.
+/// The whole file. What is no regular file is refused, without waiting for it. Throws `FileError`.
 [[nodiscard]] std::string readFile(FileSystem& files, const std::string& path);
 
 /// The one way bytes reach the disk: into a new file of the owner's alone (0600) beside the target,
@@ -85,5 +88,9 @@ void writeOwnerOnly(FileSystem& files, std::string_view bytes, const std::string
 
 /// Moves a file to a name that must be free. Throws `FileError`.
 void moveFile(FileSystem& files, const std::string& from, const std::string& to);
+
+/// The path without symbolic links, "." and ".."; parts that are not there stay as they are. Throws
+/// `FileError`, for links that go round in a circle above all.
+[[nodiscard]] std::string canonicalPath(FileSystem& files, const std::string& path);
 
 } // namespace oakfen

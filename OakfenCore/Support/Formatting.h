@@ -7,12 +7,10 @@
 #include "OakfenCore/Support/Calendar.h"
 #include "OakfenCore/Support/Date.h"
 #include "OakfenCore/Support/Decimal.h"
+#include "OakfenCore/Support/Locale.h"
 
 /// Numbers, money and dates as people read them, in the user's locale.
 namespace oakfen {
-
-/// The user's locale as ICU names it; "en_CA" where the environment names no usable one.
-[[nodiscard]] std::string userLocale();
 
 /// The code of the locale's currency; "CAD" when it has none.
 [[nodiscard]] std::string localeCurrencyCode();
@@ -26,15 +24,14 @@ namespace oakfen {
 /// "$1,234.50": money with the currency's digits, rounded half up.
 [[nodiscard]] std::string currencyText(const Decimal& amount, std::string_view currencyCode);
 
-/// "$1.2K": money in few characters, for the axis of a chart.
-[[nodiscard]] std::string compactCurrencyText(const Decimal& amount,
-                                              std::string_view currencyCode);
+/// "$1.2K": money in few characters (three digits at most), for the axis of a chart.
+[[nodiscard]] std::string compactCurrencyText(const Decimal& amount, std::string_view currencyCode);
 
 /// A number with exactly so many decimals and the locale's grouping.
 [[nodiscard]] std::string numberText(const Decimal& value, int fractionDigits);
 
-/// "45%" for 0.45, with no decimals.
-[[nodiscard]] std::string percentText(double fraction);
+/// "45%" for 0.45, with exactly so many decimals.
+[[nodiscard]] std::string percentText(double fraction, int fractionDigits = 0);
 
 /// Numeric year, two-digit month and day, in the locale's order.
 [[nodiscard]] std::string numericDateText(Date date, const Calendar& calendar);

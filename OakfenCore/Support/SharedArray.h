@@ -123,6 +123,17 @@ public:
         ++ends_.back();
     }
 
+    /// Removes the element at `index`; copies at most its chunk.
+    void erase(std::size_t index) {
+        const std::size_t chunk = chunkOf(index);
+        Chunk& elements = own(chunk);
+        elements.erase(elements.begin() + static_cast<std::ptrdiff_t>(index - startOf(chunk)));
+        if (elements.empty()) {
+            chunks_.erase(chunks_.begin() + static_cast<std::ptrdiff_t>(chunk));
+        }
+        recount();
+    }
+
     /// Removes the elements that the predicate picks; copies only the chunks that hold one. Gives
     /// how many went. The predicate is called once for each element, in order.
     template <typename Predicate>

@@ -35,7 +35,8 @@ namespace oakfen {
 /// A byte string whose plain order is that of `localizedCaseInsensitiveCompare`; for long sorts.
 [[nodiscard]] std::string localizedSortKey(std::string_view text);
 
-/// Whether the text holds the term, without regard to case and composition but to accents.
+/// Whether the text holds the term, without regard to case and composition but to accents. Every
+/// text holds the empty one.
 [[nodiscard]] bool localizedCaseInsensitiveContains(std::string_view text, std::string_view term);
 
 /// Calls `visit` with each user-perceived character in turn; CR LF is one of them.

@@ -12,7 +12,8 @@ namespace oakfen {
 ///
 /// What is registered between `beginEvent` and `endEvent` (or outside of both, each by itself) is
 /// one step. An action that registers while it is being undone is filed as redo, and one that
-/// registers while being redone as undo; a new action clears redo.
+/// registers while being redone as undo, under the same name unless it gives another; a new action
+/// clears redo.
 class UndoManager {
 public:
     using Action = std::function<void()>;
@@ -24,7 +25,8 @@ public:
     void beginEvent();
     void endEvent();
 
-    /// Runs the last step's actions, latest first; nothing when there is none.
+    /// Runs the last step's actions, latest first; nothing when there is none. What an action
+    /// throws is passed on; it and the actions that were not run stay a step.
     void undo();
     void redo();
 
@@ -48,10 +50,13 @@ private:
         std::vector<Action> actions;
     };
 
-    void take(std::vector<Step>& from, State state);
+    void take(std::vector<Step>& from, std::vector<Step>& to, State state);
 
     std::vector<Step> undoStack_;
     std::vector<Step> redoStack_;
+    /// While undoing or redoing: what is still to run, and what was registered meanwhile.
+    Step running_;
+    Step reverse_;
     State state_ = State::idle;
     int eventDepth_ = 0;
     bool eventHasStep_ = false;

@@ -1,0 +1,162 @@
+#include "OakfenCore/Platform/FileUserDefaults.h"
+
+#include <utility>
+#include <vector>
+
+#include "OakfenCore/Platform/UserFolders.h"
+#include "OakfenCore/Support/LocalizedError.h"
+#include "OakfenCore/Support/Text.h"
+
+namespace oakfen {
+
+namespace {
+
+struct Setting {
+    std::string key;
+    std::string value;
+};
+
+/// With every "\" and line end, and in a key every "=" and "#", written so that the line can be
+/// read back.
+std::string escaped(std::string_view text, bool isKey) {
+    std::string result;
+    for (const char character : text) {
+        switch (character) {
+        case '\\':
+            result += "\\\\";
+            break;
+        case '\n':
+            result += "\\n";
+            break;
+        case '\r':
+            result += "\\r";
+            break;
+        case '=':
+        case '#':
+            result += isKey ? std::string("\\") + character : std::string(1, character);
+            break;
+        default:
+            result += character;
+        }
+    }
+    return result;
+}
+
+std::string lineOf(std::string_view key, std::string_view value) {
+    return escaped(key, true) + '=' + escaped(value, false);
+}
+
+/// Nothing for a line that is no setting: a comment, a heading, an empty line.
+std::optional<Setting> settingIn(std::string_view line) {
+    if (line.starts_with('#')) {
+        return std::nullopt;
+    }
+    Setting setting;
+    std::string* part = &setting.key;
+    for (std::size_t index = 0; index < line.size(); ++index) {
+        const char character = line[index];
+        if (character == '\\' && index + 1 < line.size()) {
+            const char next = line[++index];
+            *part += next == 'n' ? '\n' : next == 'r' ? '\r' : next;
+        } else if (character == '=' && part == &setting.key) {
+            part = &setting.value;
+        } else {
+            *part += character;
+        }
+    }
+    return part == &setting.key ? std::nullopt : std::optional(setting);
+}
+
+std::vector<std::string_view> linesOf(std::string_view text) {
+    std::vector<std::string_view> lines = split(text, '\n');
+    if (!lines.empty() && lines.back().empty()) {
+        lines.pop_back();
+    }
+    return lines;
+}
+
+} // namespace
+
+FileUserDefaults::FileUserDefaults(FileSystem& files, std::string path)
+    : files_(files), path_(std::move(path)) {
+    std::string text;
+    try {
+        text = fileText();
+    } catch (const LocalizedError&) {
+        // Settings that can't be read are as if they were not there; the program runs without.
+        return;
+    }
+    for (const std::string_view line : linesOf(text)) {
+        if (const std::optional<Setting> setting = settingIn(line)) {
+            values_.insert_or_assign(setting->key, setting->value);
+        }
+    }
+}
+
+std::string FileUserDefaults::defaultFilePath() {
+    return userSettingsFolder() + "/Oakfen/Oakfen.conf";
+}
+
+std::optional<std::string> FileUserDefaults::string(std::string_view key) const {
+    const auto found = values_.find(key);
+    return found == values_.end() ? std::nullopt : std::optional(found->second);
+}
+
+void FileUserDefaults::setString(std::string_view key, std::string_view value) {
+    change(key, std::string(value));
+}
+
+void FileUserDefaults::remove(std::string_view key) {
+    change(key, std::nullopt);
+}
+
+void FileUserDefaults::change(std::string_view key, std::optional<std::string> value) {
+    const bool differs = string(key) != value;
+    if (differs) {
+        if (value) {
+            values_.insert_or_assign(std::string(key), *value);
+        } else {
+            values_.erase(std::string(key));
+        }
+        unwritten_.insert_or_assign(std::string(key), std::move(value));
+    }
+    if (!unwritten_.empty()) {
+        write();
+    }
+    if (differs) {
+        changes.notify(std::string(key));
+    }
+}
+
+std::string FileUserDefaults::fileText() const {
+    return fileInformation(files_, path_) ? readFile(files_, path_) : std::string();
+}
+
+void FileUserDefaults::write() {
+    try {
+        // The file is read again, since another window of the program may have written it.
+        const std::string before = fileText();
+        Changes rest = unwritten_;
+        std::string after;
+        for (const std::string_view line : linesOf(before)) {
+            const std::optional<Setting> setting = settingIn(line);
+            const auto change = setting ? unwritten_.find(setting->key) : unwritten_.end();
+            if (change == unwritten_.end()) {
+                after += std::string(line) + '\n';
+            } else if (rest.erase(setting->key) > 0 && change->second) {
+                after += lineOf(setting->key, *change->second) + '\n';
+            }
+        }
+        for (const auto& [key, value] : rest) {
+            if (value) {
+                after += lineOf(key, *value) + '\n';
+            }
+        }
+        writeOwnerOnly(files_, after, path_);
+        unwritten_.clear();
+    } catch (const LocalizedError&) {
+        // Not fatal: the values hold until the program ends.
+    }
+}
+
+} // namespace oakfen

@@ -1,0 +1,115 @@
+#include "OakfenCore/Support/FileCalls.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+namespace oakfen::fileCalls {
+
+namespace {
+
+/// As many as the system itself follows.
+constexpr int mostLinks = 40;
+
+bool isAbsolute(const std::string& path) {
+    return path.starts_with('/');
+}
+
+std::string appending(const std::string& folder, const std::string& name) {
+    return folder.empty() || folder.ends_with('/') ? folder + name : folder + '/' + name;
+}
+
+/// One step up from a folder that has no links in it.
+std::string above(const std::string& folder) {
+    if (folder.empty() || folder == ".." || folder.ends_with("/..")) {
+        return appending(folder, "..");
+    }
+    const std::size_t slash = folder.rfind('/');
+    if (slash == std::string::npos) {
+        return "";
+    }
+    return slash == 0 ? "/" : folder.substr(0, slash);
+}
+
+} // namespace
+
+FileError failure(const std::string& path, std::string_view what, int code) {
+    // The description that does not follow the locale: Oakfen speaks English throughout.
+    const char* reason = strerrordesc_np(code);
+    return FileError("“" + nameOf(path) + "” " + std::string(what) + ": " +
+                         (reason != nullptr ? reason : "Unknown error"),
+                     code);
+}
+
+OpenFile::~OpenFile() {
+    if (descriptor_ >= 0) {
+        (void)close();
+    }
+}
+
+FileSystem::Result OpenFile::close() {
+    // The descriptor is gone whatever the outcome, so an interrupted close is not repeated.
+    const FileSystem::Result result = files_.close(std::exchange(descriptor_, -1));
+    return result.failed() && result.error == EINTR ? FileSystem::Result{} : result;
+}
+
+std::string folderOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    if (slash == std::string::npos) {
+        return ".";
+    }
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+std::string nameOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    return slash == std::string::npos ? path : path.substr(slash + 1);
+}
+
+std::deque<std::string> pieces(const std::string& path) {
+    std::deque<std::string> result;
+    std::size_t start = 0;
+    while (start < path.size()) {
+        const std::size_t end = std::min(path.find('/', start), path.size());
+        if (end > start) {
+            result.push_back(path.substr(start, end - start));
+        }
+        start = end + 1;
+    }
+    return result;
+}
+
+std::string withoutLinks(FileSystem& files, const std::string& path, std::string_view what) {
+    std::deque<std::string> rest = pieces(path);
+    std::string resolved = isAbsolute(path) ? "/" : "";
+    int links = 0;
+    while (!rest.empty()) {
+        const std::string name = std::move(rest.front());
+        rest.pop_front();
+        if (name == ".") {
+            continue;
+        }
+        if (name == "..") {
+            resolved = resolved == "/" ? resolved : above(resolved);
+            continue;
+        }
+        const std::string place = appending(resolved, name);
+        std::string target;
+        const auto result = uninterrupted([&] { return files.readLink(place, target); });
+        if (!result.failed()) {
+            if (++links > mostLinks) {
+                throw failure(path, what, ELOOP);
+            }
+            const std::deque<std::string> detour = pieces(target);
+            rest.insert(rest.begin(), detour.begin(), detour.end());
+            resolved = isAbsolute(target) ? "/" : resolved;
+        } else if (result.error == EINVAL || result.error == ENOENT || result.error == ENOTDIR) {
+            resolved = place;
+        } else {
+            throw failure(path, what, result.error);
+        }
+    }
+    return resolved.empty() ? "." : resolved;
+}
+
+} // namespace oakfen::fileCalls

@@ -1,0 +1,91 @@
+#include "OakfenCore/Support/FileSystem.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+
+#include "OakfenCore/Support/FileCalls.h"
+
+namespace oakfen {
+
+using fileCalls::failure;
+using fileCalls::uninterrupted;
+
+std::optional<FileInformation> fileInformation(FileSystem& files, const std::string& path) {
+    FileInformation information;
+    const auto result = uninterrupted([&] { return files.information(path, information); });
+    if (!result.failed()) {
+        return information;
+    }
+    if (result.error == ENOENT || result.error == ENOTDIR) {
+        return std::nullopt;
+    }
+    throw failure(path, "couldn’t be opened", result.error);
+}
+
+bool fileExists(FileSystem& files, const std::string& path) noexcept {
+    try {
+        return fileInformation(files, path).has_value();
+    } catch (...) {
+        return false;
+    }
+}
+
+std::string readFile(FileSystem& files, const std::string& path) {
+    // Without O_NONBLOCK, opening a named pipe would wait for somebody to write into it.
+    const auto opened = uninterrupted(
+        [&] { return files.open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY, 0); });
+    if (opened.failed()) {
+        throw failure(path, "couldn’t be opened", opened.error);
+    }
+    const fileCalls::OpenFile file(files, static_cast<int>(opened.value));
+    FileInformation information;
+    const auto known =
+        uninterrupted([&] { return files.descriptorInformation(file.descriptor(), information); });
+    if (known.failed()) {
+        throw failure(path, "couldn’t be read", known.error);
+    }
+    if (information.isFolder) {
+        throw failure(path, "couldn’t be read", EISDIR);
+    }
+    if (!information.isRegularFile) {
+        throw FileError("“" + fileCalls::nameOf(path) + "” couldn’t be read: Not a regular file",
+                        EINVAL);
+    }
+
+    // The size is only a hint: the file may grow meanwhile, so the end is where a read gives none.
+    constexpr std::size_t smallestPiece = 4096;
+    std::string bytes;
+    std::size_t length = 0;
+    bytes.resize(information.size + 1);
+    while (true) {
+        if (length == bytes.size()) {
+            bytes.resize(bytes.size() + std::max(bytes.size(), smallestPiece));
+        }
+        const auto got = uninterrupted([&] {
+            return files.read(file.descriptor(), bytes.data() + length, bytes.size() - length);
+        });
+        if (got.failed()) {
+            throw failure(path, "couldn’t be read", got.error);
+        }
+        if (got.value == 0) {
+            break;
+        }
+        length += static_cast<std::size_t>(got.value);
+    }
+    bytes.resize(length);
+    return bytes;
+}
+
+void moveFile(FileSystem& files, const std::string& from, const std::string& to) {
+    const auto result = files.renameWithoutReplacing(from, to);
+    if (result.failed()) {
+        throw failure(from, "couldn’t be moved", result.error);
+    }
+}
+
+std::string canonicalPath(FileSystem& files, const std::string& path) {
+    return fileCalls::withoutLinks(files, path, "couldn’t be opened");
+}
+
+} // namespace oakfen

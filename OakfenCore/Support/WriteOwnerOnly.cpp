@@ -1,0 +1,138 @@
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+
+#include "OakfenCore/Support/FileCalls.h"
+#include "OakfenCore/Support/FileSystem.h"
+
+namespace oakfen {
+
+namespace {
+
+using fileCalls::OpenFile;
+using fileCalls::uninterrupted;
+
+constexpr unsigned ownerFile = 0600;
+constexpr unsigned ownerFolder = 0700;
+
+/// One write: the steps, all of which blame the file that was asked for.
+class Writer {
+public:
+    Writer(FileSystem& files, const std::string& path) : files_(files), path_(path) {}
+
+    void write(std::string_view bytes) const {
+        const std::string target = fileCalls::withoutLinks(files_, path_, what);
+        const std::string folder = fileCalls::folderOf(target);
+        makeFolder(folder);
+        const std::string temporary = temporaryBeside(target);
+        removeStray(temporary);
+        const int descriptor = create(temporary);
+        try {
+            fill(descriptor, bytes);
+            require(files_.rename(temporary, target));
+        } catch (...) {
+            (void)files_.unlink(temporary);
+            throw;
+        }
+        syncFolder(folder);
+        require(uninterrupted([&] { return files_.setPermissions(target, ownerFile); }));
+    }
+
+private:
+    static constexpr std::string_view what = "couldn’t be saved";
+
+    FileSystem::Result require(FileSystem::Result result) const {
+        if (result.failed()) {
+            throw fileCalls::failure(path_, what, result.error);
+        }
+        return result;
+    }
+
+    /// Always the same name, so that a program killed while saving leaves one stray file at most,
+    /// which the next save removes.
+    static std::string temporaryBeside(const std::string& target) {
+        constexpr std::size_t longestName = 255;
+        constexpr std::string_view ending = ".saving";
+        const std::string name = fileCalls::nameOf(target);
+        return fileCalls::folderOf(target) + "/." +
+               name.substr(0, longestName - 1 - ending.size()) + std::string(ending);
+    }
+
+    void makeFolder(const std::string& folder) const {
+        FileInformation information;
+        const auto known = uninterrupted([&] { return files_.information(folder, information); });
+        if (!known.failed()) {
+            return;
+        }
+        if (known.error != ENOENT) {
+            require(known);
+        }
+        const std::string above = fileCalls::folderOf(folder);
+        if (above != folder) {
+            makeFolder(above);
+        }
+        const auto made = files_.makeFolder(folder, ownerFolder);
+        if (made.failed() && made.error != EEXIST) {
+            require(made);
+        }
+        // A folder that may be entered but not read can't be synced, and that is no reason to save
+        // nothing in it.
+        syncFolder(above, EACCES);
+    }
+
+    void removeStray(const std::string& temporary) const {
+        const auto removed = files_.unlink(temporary);
+        if (removed.failed() && removed.error != ENOENT) {
+            require(removed);
+        }
+    }
+
+    int create(const std::string& temporary) const {
+        // Neither a link nor a file that someone else put there is ever written through.
+        constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+        const auto opened =
+            require(uninterrupted([&] { return files_.open(temporary, flags, ownerFile); }));
+        return static_cast<int>(opened.value);
+    }
+
+    void fill(int descriptor, std::string_view bytes) const {
+        OpenFile file(files_, descriptor);
+        while (!bytes.empty()) {
+            const auto written = require(uninterrupted(
+                [&] { return files_.write(descriptor, bytes.data(), bytes.size()); }));
+            if (written.value == 0) {
+                require({-1, EIO});
+            }
+            bytes.remove_prefix(static_cast<std::size_t>(written.value));
+        }
+        require(uninterrupted([&] { return files_.sync(descriptor); }));
+        require(file.close());
+    }
+
+    void syncFolder(const std::string& folder, int forgivenAtOpening = 0) const {
+        const auto opened = uninterrupted(
+            [&] { return files_.open(folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0); });
+        if (opened.failed() && opened.error == forgivenAtOpening) {
+            return;
+        }
+        require(opened);
+        OpenFile file(files_, static_cast<int>(opened.value));
+        const auto synced = uninterrupted([&] { return files_.sync(file.descriptor()); });
+        // Some network file systems know no sync of folders and say so with EINVAL.
+        if (synced.failed() && synced.error != EINVAL && synced.error != ENOTSUP) {
+            require(synced);
+        }
+        require(file.close());
+    }
+
+    FileSystem& files_;
+    const std::string& path_;
+};
+
+} // namespace
+
+void writeOwnerOnly(FileSystem& files, std::string_view bytes, const std::string& path) {
+    Writer(files, path).write(bytes);
+}
+
+} // namespace oakfen

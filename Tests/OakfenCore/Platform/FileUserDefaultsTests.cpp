@@ -1,0 +1,161 @@
+#include <cerrno>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "OakfenCore/Platform/FileUserDefaults.h"
+#include "OakfenCore/Support/InMemoryFileSystem.h"
+
+namespace oakfen {
+namespace {
+
+using testing::ElementsAre;
+using Call = InMemoryFileSystem::Call;
+
+class FileUserDefaultsTest : public testing::Test {
+protected:
+    static constexpr const char* path = "/home/user/.config/Oakfen/Oakfen.conf";
+
+    [[nodiscard]] FileUserDefaults open() { return {files, path}; }
+
+    InMemoryFileSystem files;
+};
+
+TEST_F(FileUserDefaultsTest, AreEmptyWithoutAFileAndWriteNone) {
+    const FileUserDefaults defaults = open();
+    EXPECT_FALSE(defaults.string("key").has_value());
+    EXPECT_FALSE(files.contents(path).has_value());
+}
+
+TEST_F(FileUserDefaultsTest, WriteEachChangeAtOnceForTheOwnerAlone) {
+    FileUserDefaults defaults = open();
+    defaults.setString("reportRange", "This Year");
+    defaults.setBoolean("requireAuthentication", true);
+    EXPECT_EQ(files.contents(path), "reportRange=This Year\nrequireAuthentication=true\n");
+    EXPECT_EQ(files.permissions(path), 0600U);
+}
+
+TEST_F(FileUserDefaultsTest, AreThereAtTheNextStart) {
+    open().setInteger("autoBackupKeep", 10);
+    EXPECT_EQ(open().integer("autoBackupKeep"), 10);
+}
+
+TEST_F(FileUserDefaultsTest, KeepAnyKeyAndAnyValue) {
+    const std::string key = "dataFileUnencrypted:/odd=name/#1\\n\nnew\rline";
+    const std::string value = " =a\\b\n\r#c=\\n ";
+    open().setString(key, value);
+    open().setString("#other", "x");
+    EXPECT_EQ(open().string(key), value);
+    EXPECT_EQ(open().string("#other"), "x");
+}
+
+TEST_F(FileUserDefaultsTest, TellAnEmptyValueFromNone) {
+    open().setString("key", "");
+    EXPECT_EQ(open().string("key"), "");
+}
+
+TEST_F(FileUserDefaultsTest, ChangeALineInItsPlaceAndKeepTheRest) {
+    files.addFile(path, "# by hand\n[General]\na=1\n\nb=2\nc=3");
+    FileUserDefaults defaults = open();
+    defaults.setString("b", "20");
+    EXPECT_EQ(files.contents(path), "# by hand\n[General]\na=1\n\nb=20\nc=3\n");
+}
+
+TEST_F(FileUserDefaultsTest, RemoveALine) {
+    files.addFile(path, "a=1\nb=2\n");
+    FileUserDefaults defaults = open();
+    defaults.remove("a");
+    EXPECT_EQ(files.contents(path), "b=2\n");
+    EXPECT_FALSE(defaults.string("a").has_value());
+    EXPECT_FALSE(open().string("a").has_value());
+}
+
+TEST_F(FileUserDefaultsTest, ReadTheLastOfTwoLinesWithOneKeyAndWriteOne) {
+    files.addFile(path, "a=1\na=2\n");
+    FileUserDefaults defaults = open();
+    EXPECT_EQ(defaults.string("a"), "2");
+    defaults.setString("a", "3");
+    EXPECT_EQ(files.contents(path), "a=3\n");
+}
+
+TEST_F(FileUserDefaultsTest, WriteNothingWhenNothingChanges) {
+    FileUserDefaults defaults = open();
+    defaults.setString("a", "1");
+    defaults.setString("a", "1");
+    defaults.remove("b");
+    EXPECT_EQ(files.count(Call::rename), 1);
+}
+
+TEST_F(FileUserDefaultsTest, HoldAValueThatCouldNotBeWrittenAndWriteItWithTheNext) {
+    FileUserDefaults defaults = open();
+    files.failAll(Call::write, ENOSPC);
+    defaults.setString("a", "1");
+    EXPECT_EQ(defaults.string("a"), "1");
+    EXPECT_FALSE(files.contents(path).has_value());
+    files.stopFailing();
+    defaults.setString("b", "2");
+    EXPECT_EQ(files.contents(path), "a=1\nb=2\n");
+}
+
+TEST_F(FileUserDefaultsTest, TryAgainWhenTheSameValueIsSetAgain) {
+    FileUserDefaults defaults = open();
+    files.failAll(Call::write, ENOSPC);
+    defaults.setString("a", "1");
+    files.stopFailing();
+    defaults.setString("a", "1");
+    EXPECT_EQ(files.contents(path), "a=1\n");
+}
+
+TEST_F(FileUserDefaultsTest, NeverWriteOverAFileThatCouldNotBeRead) {
+    files.addFile(path, "a=1\n");
+    files.failAll(Call::read, EIO);
+    FileUserDefaults defaults = open();
+    EXPECT_FALSE(defaults.string("a").has_value());
+    defaults.setString("b", "2");
+    EXPECT_EQ(files.contents(path), "a=1\n");
+    EXPECT_EQ(defaults.string("b"), "2");
+    files.stopFailing();
+    defaults.setString("c", "3");
+    EXPECT_EQ(files.contents(path), "a=1\nb=2\nc=3\n");
+}
+
+TEST_F(FileUserDefaultsTest, LeaveWhatAnotherProgramWroteMeanwhile) {
+    FileUserDefaults one = open();
+    FileUserDefaults other = open();
+    one.setString("a", "1");
+    other.setString("b", "2");
+    EXPECT_EQ(files.contents(path), "a=1\nb=2\n");
+}
+
+TEST_F(FileUserDefaultsTest, TellOfAChangeEvenWhenItCouldNotBeWritten) {
+    FileUserDefaults defaults = open();
+    std::vector<std::string> keys;
+    const Subscription subscription =
+        defaults.changes.observe([&](const std::string& key) { keys.push_back(key); });
+    files.failAll(Call::write, ENOSPC);
+    defaults.setString("a", "1");
+    defaults.setString("a", "1");
+    EXPECT_THAT(keys, ElementsAre("a"));
+}
+
+TEST_F(FileUserDefaultsTest, ReadsAsBeforeOrAsAfterWhicheverCallFails) {
+    for (int number = 1;; ++number) {
+        files.addFile(path, "a=1\n");
+        FileUserDefaults defaults = open();
+        files.failCall(number, EIO, InMemoryFileSystem::Repeat::fromThenOn);
+        defaults.setString("a", "2");
+        EXPECT_EQ(defaults.string("a"), "2");
+        const bool failed = files.hasFailed();
+        files.stopFailing();
+        const auto stored = open().string("a");
+        EXPECT_TRUE(stored == "1" || stored == "2");
+        if (!failed) {
+            EXPECT_EQ(stored, "2");
+            break;
+        }
+    }
+}
+
+} // namespace
+} // namespace oakfen
