@@ -1,0 +1,22 @@
+#include "OakfenCore/LibraryOperations/Reconciliation.h"
+
+#include "OakfenCore/LibraryOperations/Transactions.h"
+
+namespace oakfen {
+
+void reconcile(Library& library, const UUID& accountID, const UUIDSet& transactionIDs,
+               Date statementDate, const Decimal& adjustment) {
+    setCleared(library, ClearedState::reconciled, transactionIDs);
+    if (adjustment.isZero()) {
+        return;
+    }
+    library.transactions.push_back({.id = UUID::random(),
+                                    .accountID = accountID,
+                                    .date = statementDate,
+                                    .payee = "Balance Adjustment",
+                                    .amount = adjustment,
+                                    .memo = "Created during reconciliation",
+                                    .cleared = ClearedState::reconciled});
+}
+
+} // namespace oakfen

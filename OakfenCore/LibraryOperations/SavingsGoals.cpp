@@ -1,0 +1,30 @@
+#include "OakfenCore/LibraryOperations/SavingsGoals.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "OakfenCore/LibraryOperations/ReplaceOrAppend.h"
+
+namespace oakfen {
+
+void upsert(Library& library, SavingsGoal goal) {
+    replaceOrAppend(library.goals, std::move(goal));
+}
+
+double progress(const SavingsGoal& goal) {
+    if (!goal.target.isPositive()) {
+        return 0;
+    }
+    return std::clamp((goal.saved / goal.target).doubleValue(), 0.0, 1.0);
+}
+
+std::optional<Decimal> monthlyContributionNeeded(const SavingsGoal& goal, Date from,
+                                                 const Calendar& calendar) {
+    if (!goal.targetDate || goal.saved >= goal.target) {
+        return std::nullopt;
+    }
+    const int months = std::max(1, calendar.wholeMonths(from, *goal.targetDate));
+    return ((goal.target - goal.saved) / Decimal(months)).rounded(2, RoundingMode::plain);
+}
+
+} // namespace oakfen

@@ -1,0 +1,117 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "Oakfen/AppEnvironment.h"
+#include "OakfenCore/Platform/InMemoryLegacyKeyStore.h"
+#include "OakfenCore/Platform/InMemoryPasswordStore.h"
+#include "OakfenCore/Platform/InMemoryUserDefaults.h"
+#include "OakfenCore/Platform/ManualScheduler.h"
+#include "OakfenCore/Support/InMemoryFileSystem.h"
+#include "Tests/Support/TestLedger.h"
+
+namespace oakfen::testing {
+
+/// Panels that note what they were asked and answer at once as the test has told them to.
+class RecordingPanels final : public Panels {
+public:
+    /// The answer of the next file panels; nothing is a dismissal.
+    std::optional<std::string> path;
+    /// The answer of the next questions.
+    bool confirms = true;
+    /// The answer of the next choices.
+    std::optional<std::size_t> choice;
+    /// While set, answers wait in `pending` until the test calls them.
+    bool holdsAnswers = false;
+
+    std::vector<OpenPanelRequest> openRequests;
+    std::vector<SavePanelRequest> saveRequests;
+    std::vector<ConfirmationRequest> confirmations;
+    std::vector<ChoiceRequest> choiceRequests;
+    std::vector<std::function<void()>> pending;
+
+    void openFile(const OpenPanelRequest& request,
+                  std::function<void(std::optional<std::string>)> then) override {
+        openRequests.push_back(request);
+        answer([this, then = std::move(then)] { then(path); });
+    }
+    void saveFile(const SavePanelRequest& request,
+                  std::function<void(std::optional<std::string>)> then) override {
+        saveRequests.push_back(request);
+        answer([this, then = std::move(then)] { then(path); });
+    }
+    void confirm(const ConfirmationRequest& request, std::function<void(bool)> then) override {
+        confirmations.push_back(request);
+        answer([this, then = std::move(then)] { then(confirms); });
+    }
+    void choose(const ChoiceRequest& request,
+                std::function<void(std::optional<std::size_t>)> then) override {
+        choiceRequests.push_back(request);
+        answer([this, then = std::move(then)] { then(choice); });
+    }
+
+private:
+    void answer(std::function<void()> reply) {
+        if (holdsAnswers) {
+            pending.push_back(std::move(reply));
+        } else {
+            reply();
+        }
+    }
+};
+
+/// All that a screen is handed, in memory: no disk, no display, no waiting. The store is open
+/// without a password on the given document; the clock stands at noon of March 15th, 2026, in UTC.
+class TestEnvironment {
+public:
+    /// Opens the store on that file of `files` as it is, without making a choice for the person.
+    struct Unopened {};
+    static constexpr const char* dataFile = "/home/ann/.local/share/Tarnwick/Library.tarnwick";
+
+    explicit TestEnvironment(Library document = emptyDocument("CAD"))
+        : TestEnvironment(Unopened{}) {
+        store->useNoPassword();
+        store->replaceLibrary(std::move(document), std::nullopt);
+    }
+
+    explicit TestEnvironment(Unopened) {
+        openStore();
+        undoManager = std::make_shared<UndoManager>();
+        store->setUndoManager(undoManager);
+        appState = std::make_unique<AppState>(defaults);
+        environment.reset(
+            new AppEnvironment{*store, *appState, panels, defaults, clock, scheduler, files});
+    }
+
+    AppEnvironment& operator*() { return *environment; }
+    AppEnvironment* operator->() { return environment.get(); }
+
+    [[nodiscard]] const Library& library() const { return store->library(); }
+    [[nodiscard]] const LibraryIndex& index() const { return store->index(); }
+
+    FixedClock clock{day(2026, 3, 15)};
+    ManualScheduler scheduler;
+    InMemoryFileSystem files;
+    InMemoryUserDefaults defaults;
+    InMemoryPasswordStore passwordStore;
+    InMemoryLegacyKeyStore legacyKeys;
+    RecordingPanels panels;
+    std::unique_ptr<LibraryStore> store;
+    std::shared_ptr<UndoManager> undoManager;
+    std::unique_ptr<AppState> appState;
+    std::unique_ptr<AppEnvironment> environment;
+
+private:
+    void openStore() {
+        store = std::make_unique<LibraryStore>(
+            dataFile,
+            LibraryStoreServices{files, scheduler, clock, defaults, passwordStore, legacyKeys});
+    }
+};
+
+} // namespace oakfen::testing
