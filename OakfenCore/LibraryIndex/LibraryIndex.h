@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "OakfenCore/LibraryIndex/Holdings.h"
 #include "OakfenCore/LibraryIndex/RegisterRow.h"
 #include "OakfenCore/Models/Library.h"
 #include "OakfenCore/Support/Calendar.h"
@@ -64,6 +65,10 @@ public:
     [[nodiscard]] Decimal clearedBalance(const UUID& accountID) const;
     /// Reconciled entries of any date, without investment cash.
     [[nodiscard]] Decimal reconciledBalance(const UUID& accountID) const;
+    /// What the account holds, future rows included, the most valuable first.
+    [[nodiscard]] const std::vector<Holding>& holdings(const UUID& accountID) const;
+    /// What all accounts hold together, closed ones included; without what is sold out.
+    [[nodiscard]] std::vector<Holding> allHoldings() const;
     /// The value of the account's holdings.
     [[nodiscard]] Decimal marketValue(const UUID& accountID) const;
     /// `currentCash` and `marketValue`.

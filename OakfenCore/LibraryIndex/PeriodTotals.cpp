@@ -1,0 +1,155 @@
+#include "OakfenCore/LibraryIndex/PeriodTotals.h"
+
+#include <algorithm>
+#include <map>
+#include <tuple>
+
+namespace oakfen {
+
+namespace {
+
+Decimal toCents(const Decimal& amount) {
+    return amount.rounded(2, RoundingMode::plain);
+}
+
+/// The net of the lines of one kind by category: income as it stands, spending turned positive.
+std::vector<CategoryTotal> totalsByCategory(const LibraryIndex& index, const DateInterval& interval,
+                                            bool rollUp, bool income) {
+    std::map<std::optional<UUID>, Decimal> totals;
+    for (const CategoryLine& line : index.categoryLines(interval)) {
+        if (index.isIncomeLine(line) != income) {
+            continue;
+        }
+        std::optional<UUID> key = line.categoryID;
+        if (rollUp && key) {
+            key = index.topLevelID(*key);
+        }
+        totals[key] += income ? line.amount : -line.amount;
+    }
+    std::vector<CategoryTotal> result;
+    for (const auto& [categoryID, total] : totals) {
+        if (!total.isZero()) {
+            result.push_back({categoryID, index.categoryName(categoryID), toCents(total)});
+        }
+    }
+    std::sort(result.begin(), result.end(), [](const CategoryTotal& a, const CategoryTotal& b) {
+        return std::tie(b.total, a.name, a.categoryID) < std::tie(a.total, b.name, b.categoryID);
+    });
+    return result;
+}
+
+} // namespace
+
+std::string CategoryTotal::id() const {
+    return categoryID ? categoryID->toString() : "uncategorized";
+}
+
+std::vector<CategoryTotal> spendingByCategory(const LibraryIndex& index,
+                                              const DateInterval& interval, bool rollUp) {
+    return totalsByCategory(index, interval, rollUp, false);
+}
+
+std::vector<CategoryTotal> incomeByCategory(const LibraryIndex& index, const DateInterval& interval,
+                                            bool rollUp) {
+    return totalsByCategory(index, interval, rollUp, true);
+}
+
+std::vector<PayeeTotal> spendingByPayee(const LibraryIndex& index, const DateInterval& interval) {
+    std::map<std::string, Decimal> totals;
+    for (const CategoryLine& line : index.categoryLines(interval)) {
+        if (!index.isIncomeLine(line)) {
+            totals[line.payee.empty() ? "(No Payee)" : line.payee] -= line.amount;
+        }
+    }
+    std::vector<PayeeTotal> result;
+    for (const auto& [payee, total] : totals) {
+        if (const Decimal rounded = toCents(total); rounded.isPositive()) {
+            result.push_back({payee, rounded});
+        }
+    }
+    std::stable_sort(result.begin(), result.end(),
+                     [](const PayeeTotal& a, const PayeeTotal& b) { return a.total > b.total; });
+    return result;
+}
+
+DateInterval clamp(const LibraryIndex& index, const DateInterval& interval) {
+    std::optional<Date> first;
+    std::optional<Date> last;
+    const auto include = [&](Date date) {
+        first = std::min(first.value_or(date), date);
+        last = std::max(last.value_or(date), date);
+    };
+    for (const Transaction& transaction : index.library().transactions) {
+        include(transaction.date);
+    }
+    for (const Account& account : index.library().accounts) {
+        include(account.openingDate);
+    }
+    const Date lower = std::max(first.value_or(index.now()), interval.start);
+    const Date upper = std::min(std::max(last.value_or(index.now()), index.now()), interval.end);
+    return {lower, std::max(lower, upper)};
+}
+
+std::vector<MonthlyCashFlow> cashFlow(const LibraryIndex& index, const DateInterval& interval,
+                                      const Calendar& calendar) {
+    const DateInterval range = clamp(index, interval);
+    std::vector<DateInterval> months;
+    std::vector<MonthlyCashFlow> flows;
+    for (const Date month : calendar.months(range)) {
+        months.push_back({month, calendar.endOfMonth(month)});
+        flows.push_back({.month = month});
+    }
+    for (const CategoryLine& line : index.categoryLines(range)) {
+        // The last month that begins on or before the line; the last second of a month that isn't
+        // whole belongs to none.
+        const auto after = std::upper_bound(
+            months.begin(), months.end(), line.date,
+            [](Date date, const DateInterval& month) { return date < month.start; });
+        if (after == months.begin() || !std::prev(after)->contains(line.date)) {
+            continue;
+        }
+        MonthlyCashFlow& flow = flows[static_cast<std::size_t>(after - months.begin()) - 1];
+        if (index.isIncomeLine(line)) {
+            flow.income += line.amount;
+        } else {
+            flow.expenses -= line.amount;
+        }
+    }
+    for (MonthlyCashFlow& flow : flows) {
+        flow.income = toCents(flow.income);
+        flow.expenses = toCents(flow.expenses);
+    }
+    return flows;
+}
+
+Decimal actual(const LibraryIndex& index, const UUID& categoryID, const DateInterval& interval,
+               bool includeChildren) {
+    UUIDSet ids{categoryID};
+    if (includeChildren) {
+        for (const Category& category : index.library().categories) {
+            if (index.topLevelID(category.id) == categoryID) {
+                ids.insert(category.id);
+            }
+        }
+    }
+    Decimal total;
+    for (const CategoryLine& line : index.categoryLines(interval)) {
+        if (line.categoryID && ids.contains(*line.categoryID)) {
+            total += line.amount;
+        }
+    }
+    const Category* category = index.category(categoryID);
+    return category != nullptr && category->kind == CategoryKind::expense ? -total : total;
+}
+
+std::vector<UUID> budgetedCategoryIDs(const Library& library) {
+    std::vector<UUID> ids;
+    for (const auto& [id, amount] : library.budget) {
+        if (amount.isPositive()) {
+            ids.push_back(id);
+        }
+    }
+    return ids;
+}
+
+} // namespace oakfen
