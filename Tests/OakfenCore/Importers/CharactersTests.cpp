@@ -1,0 +1,70 @@
+#include "OakfenCore/Importers/Characters.h"
+
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "OakfenCore/Support/Text.h"
+
+namespace oakfen {
+
+TEST(WholeCharacter, StandsAloneBetweenPlainText) {
+    EXPECT_TRUE(isWholeCharacter(",", 0));
+    EXPECT_TRUE(isWholeCharacter("a,b", 1));
+    EXPECT_TRUE(isWholeCharacter("é,é", 2));
+}
+
+TEST(WholeCharacter, IsNoneWithAMarkBehindIt) {
+    EXPECT_FALSE(isWholeCharacter(",\u0301", 0));
+    EXPECT_FALSE(isWholeCharacter("\"\u200D", 0));
+    EXPECT_FALSE(isWholeCharacter("<\uFE0F", 0));
+}
+
+TEST(WholeCharacter, IsNoneBehindASignThatTakesTheNextOneIn) {
+    EXPECT_FALSE(isWholeCharacter("\u0600,", 2));
+}
+
+TEST(WholeCharacter, AgreesWithTheWalkOverUserPerceivedCharacters) {
+    const std::vector<std::string> pieces = {",",      "\"",     "a",          "é",
+                                             "\u0301", "\u200D", "\U0001F469", "\u0600",
+                                             "\u0903", "\uFE0F", "\U0001F1E8", "\u20E3"};
+    std::mt19937 random(7);
+    for (int round = 0; round < 2000; ++round) {
+        std::string text;
+        for (int count = 0; count < 8; ++count) {
+            text += pieces[random() % pieces.size()];
+        }
+        std::size_t position = 0;
+        forEachCharacter(text, [&](std::string_view character) {
+            const char first = text[position];
+            if (first == ',' || first == '"') {
+                EXPECT_EQ(isWholeCharacter(text, position), character.size() == 1) << text;
+            }
+            for (std::size_t inner = 1; inner < character.size(); ++inner) {
+                const char letter = text[position + inner];
+                if (letter == ',' || letter == '"') {
+                    EXPECT_FALSE(isWholeCharacter(text, position + inner)) << text;
+                }
+            }
+            position += character.size();
+        });
+        EXPECT_EQ(position, text.size());
+    }
+}
+
+TEST(FindIgnoringCase, FindsTheNextPlaceInAnyCase) {
+    EXPECT_EQ(findIgnoringCase("a<Name>b<NAME>", "<NAME>"), 1U);
+    EXPECT_EQ(findIgnoringCase("a<Name>b<NAME>", "<name>", 2), 8U);
+    EXPECT_EQ(findIgnoringCase("a<Name>b<NAME>", "<name>", 9), std::string_view::npos);
+    EXPECT_EQ(findIgnoringCase("<NAM", "<NAME>"), std::string_view::npos);
+    EXPECT_EQ(findIgnoringCase("", "x"), std::string_view::npos);
+}
+
+TEST(ReplacingAll, ReplacesFromLeftToRightAndNothingTwice) {
+    EXPECT_EQ(replacingAll("aXbXX", "X", "XY"), "aXYbXYXY");
+    EXPECT_EQ(replacingAll("aaa", "aa", "b"), "ba");
+    EXPECT_EQ(replacingAll("", "a", "b"), "");
+    EXPECT_EQ(replacingAll("abc", "x", "b"), "abc");
+}
+
+} // namespace oakfen
