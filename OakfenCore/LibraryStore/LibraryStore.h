@@ -52,7 +52,8 @@ public:
     static constexpr std::string_view unencryptedKey = "dataFileUnencrypted";
 
     /// Opens the file, whatever its format; never throws. Without a path the document is in memory
-    /// only. `choiceKey` differs from `unencryptedKey` where another file than the usual one is open.
+    /// only. `choiceKey` differs from `unencryptedKey` where another file than the usual one is
+    /// open.
     LibraryStore(std::optional<std::string> filePath, LibraryStoreServices services,
                  std::string choiceKey = std::string(unencryptedKey));
     ~LibraryStore();
@@ -105,7 +106,7 @@ public:
 
 private:
     struct State;
-    std::unique_ptr<State> state_;
+    std::shared_ptr<State> state_;
 };
 
 } // namespace oakfen

@@ -1,0 +1,130 @@
+#include "OakfenCore/LibraryStore/StoreState.h"
+
+#include <utility>
+
+#include "OakfenCore/LibraryStore/Opening.h"
+
+namespace oakfen {
+
+namespace {
+
+/// Long enough for a burst of edits to end in one write.
+constexpr double secondsBeforeSaving = 0.4;
+
+} // namespace
+
+LibraryStore::State::State(LibraryStore& store, std::optional<std::string> path,
+                           const LibraryStoreServices& theServices, std::string key)
+    : owner(store), filePath(std::move(path)), services(theServices), choiceKey(std::move(key)) {}
+
+bool LibraryStore::State::isSaved() const {
+    return filePath && status.accessState.isOpen() && isPlainByChoice();
+}
+
+void LibraryStore::State::setLibrary(Library newLibrary) {
+    index = std::make_shared<const LibraryIndex>(newLibrary, services.clock.now(),
+                                                 services.clock.calendar());
+    library = std::move(newLibrary);
+}
+
+void LibraryStore::State::apply(Library newLibrary, const std::optional<std::string>& actionName) {
+    Library before = library;
+    setLibrary(std::move(newLibrary));
+    scheduleSave();
+    if (actionName) {
+        registerUndo(std::move(before), *actionName);
+    }
+    // Last, so that an observer who edits in its turn files its undo step after this one.
+    owner.libraryChanged.notify();
+}
+
+void LibraryStore::State::registerUndo(Library snapshot, const std::string& actionName) {
+    const std::shared_ptr<UndoManager> manager = undoManager.lock();
+    if (!manager) {
+        return;
+    }
+    manager->registerUndo([state = weak_from_this(), snapshot = std::move(snapshot), actionName] {
+        if (const auto self = state.lock()) {
+            self->apply(snapshot, actionName);
+        }
+    });
+    manager->setActionName(actionName);
+}
+
+void LibraryStore::State::scheduleSave() {
+    if (!filePath) {
+        return;
+    }
+    hasUnwrittenEdit = true;
+    saveWork.cancel();
+    saveWork = services.scheduler.after(secondsBeforeSaving, [state = weak_from_this()] {
+        if (const auto self = state.lock()) {
+            self->owner.saveNow();
+        }
+    });
+}
+
+void LibraryStore::State::write(const std::string& bytes) {
+    if (mustSetAsideFirst) {
+        setAside(services, *filePath);
+        mustSetAsideFirst = false;
+    }
+    writeOwnerOnly(services.files, bytes, *filePath);
+    hasUnwrittenEdit = false;
+}
+
+void LibraryStore::State::setFileAside() {
+    try {
+        setAside(services, *filePath);
+        mustSetAsideFirst = false;
+    } catch (const LocalizedError&) {
+        mustSetAsideFirst = true;
+    }
+}
+
+void LibraryStore::State::rememberPassword(const std::optional<std::string>& password,
+                                           Status& into) {
+    try {
+        if (password) {
+            services.passwordStore.save(*password);
+        } else {
+            services.passwordStore.remove();
+        }
+    } catch (const LocalizedError& error) {
+        into.lastError = std::string("Your password couldn’t be ") +
+                         (password ? "saved in" : "removed from") +
+                         " the Keychain: " + error.localizedDescription();
+    }
+    into.isPasswordSaved = services.passwordStore.exists();
+}
+
+void LibraryStore::State::setStatus(Status newStatus) {
+    setLibraryAndStatus(std::nullopt, std::move(newStatus));
+}
+
+void LibraryStore::State::setLibraryAndStatus(std::optional<Library> newLibrary, Status newStatus) {
+    const bool hasLibrary = newLibrary.has_value();
+    const bool differs = status != newStatus;
+    if (hasLibrary) {
+        // The edits of the document that is given up must not be written over the other.
+        saveWork.cancel();
+        hasUnwrittenEdit = false;
+        setLibrary(*std::move(newLibrary));
+        forgetUndo();
+    }
+    status = std::move(newStatus);
+    if (hasLibrary) {
+        owner.libraryChanged.notify();
+    }
+    if (differs) {
+        owner.statusChanged.notify();
+    }
+}
+
+void LibraryStore::State::forgetUndo() {
+    if (const std::shared_ptr<UndoManager> manager = undoManager.lock()) {
+        manager->removeAllActions();
+    }
+}
+
+} // namespace oakfen

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "OakfenCore/LibraryStore/LibraryStore.h"
+
+namespace oakfen {
+
+/// What the store holds, and the steps that its operations share.
+struct LibraryStore::State : std::enable_shared_from_this<LibraryStore::State> {
+    /// What `statusChanged` tells of.
+    struct Status {
+        std::optional<std::string> lastError = {};
+        AccessState accessState = {};
+        bool isNewLibrary = false;
+        bool isPasswordSaved = false;
+        bool usesPassword = false;
+
+        friend bool operator==(const Status&, const Status&) = default;
+    };
+
+    State(LibraryStore& store, std::optional<std::string> path,
+          const LibraryStoreServices& theServices, std::string key);
+
+    [[nodiscard]] bool isPlainByChoice() const { return services.defaults.boolean(choiceKey); }
+
+    /// Whether the document may be written, and in which protection is settled.
+    [[nodiscard]] bool isSaved() const;
+
+    /// Document and index in one; tells nobody.
+    void setLibrary(Library newLibrary);
+
+    /// Replaces the document after an edit: index, save, undo step, notice.
+    void apply(Library newLibrary, const std::optional<std::string>& actionName);
+
+    /// An undo step that restores the snapshot, and registers its own reverse when it does.
+    void registerUndo(Library snapshot, const std::string& actionName);
+
+    void scheduleSave();
+
+    /// The bytes onto the disk. A damaged file that still stands there is set aside first.
+    void write(const std::string& bytes);
+
+    /// Sets the file aside, or sees to it that the next write does.
+    void setFileAside();
+
+    /// Keeps the password in the password store, or with none removes it there. A failure is only
+    /// a message.
+    void rememberPassword(const std::optional<std::string>& password, Status& into);
+
+    /// Stores the status and tells when it differs.
+    void setStatus(Status newStatus);
+
+    /// Stores both and then tells, so that nobody sees one without the other.
+    void setLibraryAndStatus(std::optional<Library> newLibrary, Status newStatus);
+
+    void forgetUndo();
+
+    LibraryStore& owner;
+    const std::optional<std::string> filePath;
+    const LibraryStoreServices services;
+    const std::string choiceKey;
+
+    Library library;
+    std::shared_ptr<const LibraryIndex> index;
+    Status status;
+    std::weak_ptr<UndoManager> undoManager;
+    ScheduledWork saveWork;
+    bool hasUnwrittenEdit = false;
+    bool mustSetAsideFirst = false;
+};
+
+} // namespace oakfen
