@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
@@ -34,6 +35,20 @@ struct ConfirmationRequest {
     std::string cancelTitle = "Cancel";
 };
 
+/// A question with several ways on, and one way back that does nothing.
+struct ChoiceRequest {
+    struct Choice {
+        std::string title;
+        bool isDestructive = false;
+    };
+
+    std::string title;
+    std::string message;
+    /// The first is the default.
+    std::vector<Choice> choices;
+    std::string cancelTitle = "Cancel";
+};
+
 /// The dialogs of the system, as an interface: the window shows them, tests answer for the person.
 /// Each answer comes through the callback, on the main thread, at once or later; a panel that was
 /// dismissed gives none.
@@ -47,6 +62,9 @@ public:
                           std::function<void(std::optional<std::string> path)> then) = 0;
     virtual void confirm(const ConfirmationRequest& request,
                          std::function<void(bool confirmed)> then) = 0;
+    /// Answers with the position of the choice.
+    virtual void choose(const ChoiceRequest& request,
+                        std::function<void(std::optional<std::size_t> choice)> then) = 0;
 };
 
 } // namespace oakfen

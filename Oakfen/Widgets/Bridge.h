@@ -12,6 +12,8 @@ namespace oakfen {
 }
 
 /// The toolkit's text as ours.
-[[nodiscard]] inline std::string utf8(const QString& text) { return text.toStdString(); }
+[[nodiscard]] inline std::string utf8(const QString& text) {
+    return text.toStdString();
+}
 
 } // namespace oakfen

@@ -7,6 +7,7 @@
 #include <string_view>
 
 class QApplication;
+class QLabel;
 
 namespace oakfen {
 
@@ -22,9 +23,9 @@ enum class ThemeColor {
     onAccent,
     selection,
     onSelection,
-    negative, ///< red
-    positive, ///< green
-    warning,  ///< orange
+    negative,    ///< red
+    positive,    ///< green
+    warning,     ///< orange
     information, ///< blue
 };
 
@@ -46,12 +47,14 @@ public:
 
     [[nodiscard]] static QColor color(ThemeColor role);
     [[nodiscard]] static QFont font(TextStyle style);
+    /// Gives the label a style and a colour that follows the theme.
+    static void setText(QLabel& label, TextStyle style, ThemeColor role = ThemeColor::text);
     /// The twelve colours of chart series, in order; the list starts again after the last.
     [[nodiscard]] static QColor chartColor(std::size_t series);
 };
 
-/// The icon that stands for the name ("building.columns"), painted in the role's colour and repainted
-/// when the theme changes.
+/// The icon that stands for the name ("building.columns"), painted in the role's colour and
+/// repainted when the theme changes.
 [[nodiscard]] QIcon symbolIcon(std::string_view symbolName, ThemeColor role = ThemeColor::text);
 
 } // namespace oakfen

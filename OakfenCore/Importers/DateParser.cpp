@@ -12,8 +12,8 @@ namespace oakfen::DateParser {
 
 namespace {
 
-/// The document writes years of four digits.
-constexpr std::int64_t lastYear = 9999;
+/// Well inside what the calendar reckons with and the document can write.
+constexpr std::int64_t lastYear = 999'999;
 
 std::optional<Date> date(std::string_view text, std::string_view pattern,
                          const Calendar& calendar) {

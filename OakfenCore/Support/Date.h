@@ -21,7 +21,7 @@ struct Date {
     }
 
     /// 0001-01-01T00:00:00Z, before any entry.
-    [[nodiscard]] static constexpr Date distantPast() { return Date{-63114076800.0}; }
+    [[nodiscard]] static constexpr Date distantPast() { return Date{-63113904000.0}; }
     /// 4001-01-01T00:00:00Z, after any entry that a person makes.
     [[nodiscard]] static constexpr Date distantFuture() { return Date{63113904000.0}; }
 

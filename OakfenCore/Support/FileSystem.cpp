@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <new>
+#include <stdexcept>
 
 #include "OakfenCore/Support/FileCalls.h"
 
@@ -10,6 +12,35 @@ namespace oakfen {
 
 using fileCalls::failure;
 using fileCalls::uninterrupted;
+
+namespace {
+
+std::string allOf(FileSystem& files, int descriptor, std::uint64_t expectedSize,
+                  const std::string& path) {
+    // The size is only a hint: the file may grow meanwhile, so the end is where a read gives none.
+    constexpr std::size_t smallestPiece = 4096;
+    std::string bytes;
+    std::size_t length = 0;
+    bytes.resize(expectedSize + 1);
+    while (true) {
+        if (length == bytes.size()) {
+            bytes.resize(bytes.size() + std::max(bytes.size(), smallestPiece));
+        }
+        const auto got = uninterrupted(
+            [&] { return files.read(descriptor, bytes.data() + length, bytes.size() - length); });
+        if (got.failed()) {
+            throw failure(path, "couldn’t be read", got.error);
+        }
+        if (got.value == 0) {
+            break;
+        }
+        length += static_cast<std::size_t>(got.value);
+    }
+    bytes.resize(length);
+    return bytes;
+}
+
+} // namespace
 
 std::optional<FileInformation> fileInformation(FileSystem& files, const std::string& path) {
     FileInformation information;
@@ -53,28 +84,13 @@ std::string readFile(FileSystem& files, const std::string& path) {
                         EINVAL);
     }
 
-    // The size is only a hint: the file may grow meanwhile, so the end is where a read gives none.
-    constexpr std::size_t smallestPiece = 4096;
-    std::string bytes;
-    std::size_t length = 0;
-    bytes.resize(information.size + 1);
-    while (true) {
-        if (length == bytes.size()) {
-            bytes.resize(bytes.size() + std::max(bytes.size(), smallestPiece));
-        }
-        const auto got = uninterrupted([&] {
-            return files.read(file.descriptor(), bytes.data() + length, bytes.size() - length);
-        });
-        if (got.failed()) {
-            throw failure(path, "couldn’t be read", got.error);
-        }
-        if (got.value == 0) {
-            break;
-        }
-        length += static_cast<std::size_t>(got.value);
+    try {
+        return allOf(files, file.descriptor(), information.size, path);
+    } catch (const std::bad_alloc&) {
+        throw failure(path, "couldn’t be read", ENOMEM);
+    } catch (const std::length_error&) {
+        throw failure(path, "couldn’t be read", EFBIG);
     }
-    bytes.resize(length);
-    return bytes;
 }
 
 void moveFile(FileSystem& files, const std::string& from, const std::string& to) {

@@ -15,6 +15,19 @@ FileSystem::Result failed(int error) {
     return {-1, error};
 }
 
+/// After a failure; 0 when none follows.
+int callsUntilNextFailure(InMemoryFileSystem::Repeat repeat) {
+    switch (repeat) {
+    case InMemoryFileSystem::Repeat::once:
+        return 0;
+    case InMemoryFileSystem::Repeat::fromThenOn:
+        return 1;
+    case InMemoryFileSystem::Repeat::everyOtherFromThenOn:
+        return 2;
+    }
+    return 0;
+}
+
 } // namespace
 
 InMemoryFileSystem::InMemoryFileSystem()
@@ -34,7 +47,7 @@ std::optional<FileSystem::Result> InMemoryFileSystem::begin(Call call) {
         --callsUntilFailure_;
     } else if (callsUntilFailure_ == 1) {
         hasFailed_ = true;
-        callsUntilFailure_ = repeat_ == Repeat::fromThenOn ? 1 : 0;
+        callsUntilFailure_ = callsUntilNextFailure(repeat_);
         return failed(failure_);
     }
     return std::nullopt;

@@ -67,7 +67,7 @@ public:
     [[nodiscard]] std::size_t openDescriptors() const { return descriptors_.size(); }
 
     // Failing.
-    enum class Repeat { once, fromThenOn };
+    enum class Repeat { once, fromThenOn, everyOtherFromThenOn };
     /// The call of that number, counted from 1 from now on, fails without an effect (a failing
     /// close closes all the same).
     void failCall(int number, int error, Repeat repeat = Repeat::once);

@@ -181,7 +181,8 @@ TEST(QIFDate, LetsADayPastTheEndOfItsMonthRollOver) {
 
 TEST(QIFDate, GivesNothingForAYearThatTheDocumentCannotHold) {
     EXPECT_EQ(parsedQIF("1/5/9999"), day(9999, 1, 5));
-    EXPECT_EQ(parsedQIF("1/5/10000"), std::nullopt);
+    EXPECT_EQ(parsedQIF("1/5/20245"), day(20245, 1, 5));
+    EXPECT_EQ(parsedQIF("1/5/1000000"), std::nullopt);
     EXPECT_EQ(parsedQIF("1/5/9999999999999999999999"), std::nullopt);
 }
 

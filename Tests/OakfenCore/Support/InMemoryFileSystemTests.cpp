@@ -55,6 +55,18 @@ TEST(InMemoryFileSystem, FailsEveryCallFromTheOneThatWasNamedOn) {
     EXPECT_FALSE(files.unlink("/a").failed());
 }
 
+TEST(InMemoryFileSystem, FailsEveryOtherCallFromTheOneThatWasNamedOn) {
+    InMemoryFileSystem files;
+    files.addFile("/a", "hello");
+    files.failCall(2, EINTR, InMemoryFileSystem::Repeat::everyOtherFromThenOn);
+    FileInformation information;
+    std::vector<bool> failures;
+    for (int call = 0; call < 5; ++call) {
+        failures.push_back(files.information("/a", information).failed());
+    }
+    EXPECT_EQ(failures, (std::vector<bool>{false, true, false, true, false}));
+}
+
 TEST(InMemoryFileSystem, RunsOutOfSpace) {
     InMemoryFileSystem files;
     files.setFreeSpace(3);

@@ -1,5 +1,6 @@
 #include <cerrno>
 #include <fstream>
+#include <limits>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -8,6 +9,7 @@
 
 #include "OakfenCore/Support/FileSystem.h"
 #include "OakfenCore/Support/InMemoryFileSystem.h"
+#include "Tests/OakfenCore/Support/FileSystemFilter.h"
 #include "Tests/OakfenCore/Support/TemporaryFolder.h"
 
 namespace oakfen {
@@ -178,6 +180,27 @@ TEST(ReadFile, GivesTheWholeFileOrThrowsWhicheverCallFails) {
             break;
         }
     }
+}
+
+TEST(ReadFile, RefusesAFileThatNoMemoryCouldHold) {
+    class VastFiles final : public FileSystemFilter {
+    public:
+        using FileSystemFilter::FileSystemFilter;
+        Result descriptorInformation(int descriptor, FileInformation& into) override {
+            const Result known = FileSystemFilter::descriptorInformation(descriptor, into);
+            into.size = size;
+            return known;
+        }
+        std::uint64_t size = 0;
+    };
+    InMemoryFileSystem memory;
+    memory.addFile("/a", "hello");
+    VastFiles files(memory);
+    files.size = std::uint64_t{1} << 60U;
+    EXPECT_EQ(errorOf([&] { (void)readFile(files, "/a"); }), ENOMEM);
+    files.size = std::numeric_limits<std::uint64_t>::max() - 1;
+    EXPECT_EQ(errorOf([&] { (void)readFile(files, "/a"); }), EFBIG);
+    EXPECT_EQ(memory.openDescriptors(), 0U);
 }
 
 TEST(FileExists, IsFalseWhenThatCannotBeTold) {

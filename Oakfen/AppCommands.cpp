@@ -1,0 +1,225 @@
+#include "Oakfen/AppCommands.h"
+
+#include <utility>
+
+#include "Oakfen/Availability.h"
+#include "Oakfen/FileActions.h"
+#include "Oakfen/Views/ContentView.h"
+#include "Oakfen/Views/Reminders.h"
+
+namespace oakfen {
+
+namespace {
+
+using Predicate = std::function<bool()>;
+
+/// Builds the table menu by menu; the references outlive the table.
+class CommandTable {
+public:
+    CommandTable(AppEnvironment& environment, UndoManager& undoManager, WindowActions window)
+        : environment_(environment), undoManager_(undoManager), window_(std::move(window)) {}
+
+    [[nodiscard]] std::vector<AppCommand> make() {
+        addFileMenu();
+        addEditMenu();
+        addViewMenu();
+        addGoMenu();
+        addTransactionsMenu();
+        add({.menu = "Help", .title = fixed("About Oakfen"), .perform = window_.showAbout});
+        return std::move(commands_);
+    }
+
+private:
+    void add(AppCommand command) { commands_.push_back(std::move(command)); }
+
+    static std::function<std::string()> fixed(std::string title) {
+        return [title = std::move(title)] { return title; };
+    }
+
+    [[nodiscard]] Predicate open() const {
+        return [&store = environment_.store] { return store.accessState().isOpen(); };
+    }
+    [[nodiscard]] Predicate openWithAccounts() const {
+        return [isOpen = open(), &store = environment_.store] {
+            return isOpen() && !store.index().openAccounts().empty();
+        };
+    }
+    [[nodiscard]] Predicate openWithSelectedAccount() const {
+        return [isOpen = open(), &state = environment_.appState] {
+            return isOpen() && state.selectedAccountID().has_value();
+        };
+    }
+    static Predicate ifAvailable(Feature feature, Predicate predicate) {
+        return [feature, predicate = std::move(predicate)] {
+            return isAvailable(feature) && predicate();
+        };
+    }
+
+    /// Opens the sheet that `make` describes at that moment.
+    template <typename MakeContent>
+    [[nodiscard]] std::function<void()> showing(MakeContent make) const {
+        return [&state = environment_.appState, make] { state.setSheet(ActiveSheet{make(state)}); };
+    }
+
+    void addFileMenu() {
+        add({.menu = "File",
+             .title = fixed("New Transaction"),
+             .shortcut = "Ctrl+N",
+             .isEnabled = ifAvailable(Feature::transactionEditor, openWithAccounts()),
+             .perform = showing([](const AppState& state) {
+                 return ActiveSheet::NewTransaction{state.selectedAccountID()};
+             })});
+        add({.menu = "File",
+             .title = fixed("New Account…"),
+             .shortcut = "Ctrl+Shift+N",
+             .isEnabled = open(),
+             .perform = showing([](const AppState&) { return ActiveSheet::NewAccount{}; })});
+        add({.menu = "File",
+             .title = fixed("New Reminder…"),
+             .shortcut = "Ctrl+Alt+N",
+             .isEnabled = ifAvailable(Feature::reminderEditor, open()),
+             .perform = showing([](const AppState&) { return ActiveSheet::Scheduled{}; })});
+        add({.menu = "File",
+             .title = fixed("Import Transactions…"),
+             .shortcut = "Ctrl+Shift+I",
+             .startsGroup = true,
+             .isEnabled = openWithAccounts(),
+             .perform = [&environment = environment_] {
+                 FileActions::importTransactions(environment);
+             }});
+        add({.menu = "File",
+             .title = fixed("Import Quicken Data File…"),
+             .shortcut = "Ctrl+Alt+Shift+I",
+             .isEnabled = ifAvailable(Feature::quickenImport, open())});
+        add({.menu = "File",
+             .submenu = "Export",
+             .title = fixed("All Transactions as CSV…"),
+             .isEnabled = ifAvailable(Feature::exporting, open())});
+        add({.menu = "File",
+             .submenu = "Export",
+             .title = fixed("Current Account as QIF…"),
+             .isEnabled = ifAvailable(Feature::exporting, openWithSelectedAccount())});
+        add({.menu = "File",
+             .title = fixed("Back Up…"),
+             .shortcut = "Ctrl+Shift+B",
+             .startsGroup = true,
+             .isEnabled = ifAvailable(Feature::backups, open())});
+        add({.menu = "File",
+             .title = fixed("Restore from Backup…"),
+             .isEnabled = ifAvailable(Feature::backups, open())});
+        add({.menu = "File",
+             .title = fixed("Quit Oakfen"),
+             .shortcut = "Ctrl+Q",
+             .startsGroup = true,
+             .perform = window_.quit});
+    }
+
+    /// Taking back what nobody can see, or beneath an open draft, would surprise.
+    [[nodiscard]] Predicate historyIfVisible(bool (UndoManager::*canMove)() const) const {
+        return [&environment = environment_, &undoManager = undoManager_, canMove] {
+            return !ContentView(environment).isObscured() && !environment.appState.sheet() &&
+                   (undoManager.*canMove)();
+        };
+    }
+
+    static std::string named(std::string verb, const std::string& action) {
+        return action.empty() ? verb : verb + " " + action;
+    }
+
+    void addEditMenu() {
+        add({.menu = "Edit",
+             .title = [&manager = undoManager_] { return named("Undo", manager.undoActionName()); },
+             .shortcut = "Ctrl+Z",
+             .isEnabled = historyIfVisible(&UndoManager::canUndo),
+             .perform = [&manager = undoManager_] { manager.undo(); }});
+        add({.menu = "Edit",
+             .title = [&manager = undoManager_] { return named("Redo", manager.redoActionName()); },
+             .shortcut = "Ctrl+Shift+Z",
+             .isEnabled = historyIfVisible(&UndoManager::canRedo),
+             .perform = [&manager = undoManager_] { manager.redo(); }});
+        using Standard = AppCommand::Standard;
+        add({.menu = "Edit",
+             .title = fixed("Cut"),
+             .shortcut = "Ctrl+X",
+             .startsGroup = true,
+             .standard = Standard::cut});
+        add({.menu = "Edit",
+             .title = fixed("Copy"),
+             .shortcut = "Ctrl+C",
+             .standard = Standard::copy});
+        add({.menu = "Edit",
+             .title = fixed("Paste"),
+             .shortcut = "Ctrl+V",
+             .standard = Standard::paste});
+        add({.menu = "Edit",
+             .title = fixed("Select All"),
+             .shortcut = "Ctrl+A",
+             .standard = Standard::selectAll});
+        add({.menu = "Edit",
+             .title = fixed("Settings…"),
+             .shortcut = "Ctrl+,",
+             .startsGroup = true,
+             .isEnabled = [] { return isAvailable(Feature::settings); }});
+    }
+
+    void addViewMenu() {
+        add({.menu = "View",
+             .title =
+                 [shown = window_.isSidebarShown] {
+                     return std::string(shown() ? "Hide Sidebar" : "Show Sidebar");
+                 },
+             .shortcut = "F9",
+             .perform = window_.toggleSidebar});
+    }
+
+    void addGoMenu() {
+        int digit = 0;
+        for (const SidebarItem& item : overviewItems()) {
+            ++digit;
+            add({.menu = "Go",
+                 .title = fixed(std::string(title(item.kind))),
+                 .shortcut = "Ctrl+" + std::to_string(digit),
+                 .isEnabled = open(),
+                 .perform = [&state = environment_.appState, item] { state.setSelection(item); }});
+        }
+    }
+
+    void addTransactionsMenu() {
+        add({.menu = "Transactions",
+             .title = fixed("Reconcile…"),
+             .shortcut = "Ctrl+Shift+R",
+             .isEnabled = ifAvailable(Feature::reconcile, openWithSelectedAccount()),
+             .perform = showing([](const AppState& state) {
+                 return ActiveSheet::Reconcile{state.selectedAccountID().value_or(UUID{})};
+             })});
+        add({.menu = "Transactions",
+             .title = fixed("Enter Due Reminders"),
+             .isEnabled = ifAvailable(Feature::enterReminders,
+                                      [isOpen = open(), &environment = environment_] {
+                                          return isOpen() && dueReminderCount(environment) > 0;
+                                      })});
+        add({.menu = "Transactions",
+             .title = fixed("Lock Oakfen"),
+             .shortcut = "Ctrl+Shift+L",
+             .startsGroup = true,
+             .isEnabled =
+                 [&defaults = environment_.defaults] {
+                     return defaults.boolean(AppState::requireAuthenticationKey);
+                 },
+             .perform = [&state = environment_.appState] { state.setUnlocked(false); }});
+    }
+
+    AppEnvironment& environment_;
+    UndoManager& undoManager_;
+    WindowActions window_;
+    std::vector<AppCommand> commands_;
+};
+
+} // namespace
+
+std::vector<AppCommand> makeAppCommands(AppEnvironment& environment, UndoManager& undoManager,
+                                        const WindowActions& window) {
+    return CommandTable(environment, undoManager, window).make();
+}
+
+} // namespace oakfen

@@ -1,0 +1,125 @@
+#include "Oakfen/Platform/QtPanels.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QGridLayout>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStandardPaths>
+#include <algorithm>
+#include <utility>
+
+#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/MessageBox.h"
+
+namespace oakfen {
+
+namespace {
+
+/// "Statements (*.csv *.CSV)": some file dialogs tell capitals from small letters.
+QString nameFilter(const std::string& name, const std::vector<std::string>& extensions) {
+    QStringList patterns;
+    for (const std::string& extension : extensions) {
+        patterns << QStringLiteral("*.") + qt(extension)
+                 << QStringLiteral("*.") + qt(extension).toUpper();
+    }
+    return qt(name) + QStringLiteral(" (") + patterns.join(QLatin1Char(' ')) + QLatin1Char(')');
+}
+
+void addMessage(QFileDialog* dialog, const std::string& message) {
+    auto* grid = qobject_cast<QGridLayout*>(dialog->layout());
+    if (grid == nullptr || message.empty()) {
+        return;
+    }
+    auto* label = new QLabel(qt(message), dialog);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    grid->addWidget(label, grid->rowCount(), 0, 1, grid->columnCount());
+}
+
+} // namespace
+
+QWidget* QtPanels::parent() const {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal != nullptr ? modal : window_.data();
+}
+
+void QtPanels::run(QFileDialog* dialog, std::function<void(std::optional<std::string>)> then) {
+    dialog->setWindowModality(Qt::WindowModal);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setDirectory(folder_.isEmpty()
+                             ? QStandardPaths::writableLocation(QStandardPaths::DownloadLocation)
+                             : folder_);
+    QObject::connect(dialog, &QDialog::finished, dialog,
+                     [this, dialog, then = std::move(then)](int result) {
+                         const QStringList files = dialog->selectedFiles();
+                         if (result != QDialog::Accepted || files.isEmpty()) {
+                             then(std::nullopt);
+                             return;
+                         }
+                         folder_ = dialog->directory().absolutePath();
+                         then(utf8(files.first()));
+                     });
+    dialog->open();
+}
+
+void QtPanels::openFile(const OpenPanelRequest& request,
+                        std::function<void(std::optional<std::string>)> then) {
+    auto* dialog = new QFileDialog(parent(), qt(request.title));
+    dialog->setOption(QFileDialog::DontUseNativeDialog);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setNameFilters(
+        {nameFilter(request.extensionsName, request.extensions), QStringLiteral("All Files (*)")});
+    addMessage(dialog, request.message);
+    run(dialog, std::move(then));
+}
+
+void QtPanels::saveFile(const SavePanelRequest& request,
+                        std::function<void(std::optional<std::string>)> then) {
+    auto* dialog = new QFileDialog(parent(), qt(request.title));
+    dialog->setOption(QFileDialog::DontUseNativeDialog);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(qt(request.extension));
+    dialog->setNameFilters(
+        {nameFilter(request.extensionName, {request.extension}), QStringLiteral("All Files (*)")});
+    dialog->selectFile(qt(request.suggestedName));
+    run(dialog, std::move(then));
+}
+
+void QtPanels::confirm(const ConfirmationRequest& request, std::function<void(bool)> then) {
+    choose(
+        {.title = request.title,
+         .message = request.message,
+         .choices = {{request.confirmTitle, request.isDestructive}},
+         .cancelTitle = request.cancelTitle},
+        [then = std::move(then)](std::optional<std::size_t> choice) { then(choice.has_value()); });
+}
+
+void QtPanels::choose(const ChoiceRequest& request,
+                      std::function<void(std::optional<std::size_t>)> then) {
+    QMessageBox* box = makeMessageBox(parent(), qt(request.title), qt(request.message));
+    std::vector<QAbstractButton*> buttons;
+    for (const ChoiceRequest::Choice& choice : request.choices) {
+        // One role for all, so that the platform keeps our order.
+        QPushButton* button = box->addButton(qt(choice.title), QMessageBox::AcceptRole);
+        button->setProperty("destructive", choice.isDestructive);
+        buttons.push_back(button);
+    }
+    QPushButton* cancel = box->addButton(qt(request.cancelTitle), QMessageBox::RejectRole);
+    box->setEscapeButton(cancel);
+    const bool firstIsSafe = !request.choices.front().isDestructive;
+    box->setDefaultButton(firstIsSafe ? qobject_cast<QPushButton*>(buttons.front()) : cancel);
+    QObject::connect(
+        box, &QDialog::finished, box, [box, buttons, then = std::move(then)](int /*result*/) {
+            const auto clicked = std::find(buttons.begin(), buttons.end(), box->clickedButton());
+            if (clicked == buttons.end()) {
+                then(std::nullopt);
+            } else {
+                then(static_cast<std::size_t>(clicked - buttons.begin()));
+            }
+        });
+    box->open();
+}
+
+} // namespace oakfen

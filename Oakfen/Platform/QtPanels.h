@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+#include "Oakfen/Panels.h"
+
+class QFileDialog;
+
+namespace oakfen {
+
+/// The dialogs of the toolkit, modal to the window that has the sheet or the main screen.
+class QtPanels final : public Panels {
+public:
+    /// The window that the panels belong to.
+    void setWindow(QWidget* window) { window_ = window; }
+
+    void openFile(const OpenPanelRequest& request,
+                  std::function<void(std::optional<std::string>)> then) override;
+    void saveFile(const SavePanelRequest& request,
+                  std::function<void(std::optional<std::string>)> then) override;
+    void confirm(const ConfirmationRequest& request, std::function<void(bool)> then) override;
+    void choose(const ChoiceRequest& request,
+                std::function<void(std::optional<std::size_t>)> then) override;
+
+private:
+    [[nodiscard]] QWidget* parent() const;
+    void run(QFileDialog* dialog, std::function<void(std::optional<std::string>)> then);
+
+    QPointer<QWidget> window_;
+    /// Where the last file was; kept while the program runs, never on disk.
+    QString folder_;
+};
+
+} // namespace oakfen

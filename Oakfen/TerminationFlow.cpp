@@ -1,0 +1,51 @@
+#include "Oakfen/TerminationFlow.h"
+
+#include <utility>
+
+namespace oakfen {
+
+TerminationFlow::TerminationFlow(AppEnvironment& environment, std::function<void()> quit)
+    : environment_(environment), quit_(std::move(quit)) {}
+
+void TerminationFlow::requestQuit() {
+    if (isAsking_) {
+        return;
+    }
+    if (save()) {
+        quit_();
+    } else {
+        askAfterFailure();
+    }
+}
+
+void TerminationFlow::quitWithoutAsking() {
+    static_cast<void>(save());
+    quit_();
+}
+
+bool TerminationFlow::save() {
+    environment_.store.saveNow();
+    return !environment_.store.hasUnsavedChanges();
+}
+
+void TerminationFlow::askAfterFailure() {
+    isAsking_ = true;
+    const ChoiceRequest request{
+        .title = "Your latest changes aren’t saved",
+        .message = environment_.store.lastError().value_or("Couldn’t save your data file.") +
+                   "\n\nIf you quit now, these changes are lost.",
+        .choices = {{.title = "Try Again"}, {.title = "Quit Anyway", .isDestructive = true}},
+        .cancelTitle = "Don’t Quit"};
+    // The question tells of the error; an alert with the same text need not follow it.
+    environment_.store.clearError();
+    environment_.panels.choose(request, [this](std::optional<std::size_t> choice) {
+        isAsking_ = false;
+        if (choice == 0U) {
+            requestQuit();
+        } else if (choice == 1U) {
+            quit_();
+        }
+    });
+}
+
+} // namespace oakfen

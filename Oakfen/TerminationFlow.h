@@ -1,0 +1,32 @@
+#pragma once
+
+#include <functional>
+
+#include "Oakfen/AppEnvironment.h"
+
+namespace oakfen {
+
+/// Quitting: the last edits are written first, and a failure to write them holds the quit until the
+/// person has decided.
+class TerminationFlow {
+public:
+    /// `quit` ends the program.
+    TerminationFlow(AppEnvironment& environment, std::function<void()> quit);
+
+    /// Saves and quits; when the save fails, asks whether to try again or to quit anyway.
+    void requestQuit();
+
+    /// Saves and quits whatever happens: for a session that ends and can't wait for an answer.
+    void quitWithoutAsking();
+
+private:
+    [[nodiscard]] bool save();
+    void askAfterFailure();
+
+    AppEnvironment& environment_;
+    std::function<void()> quit_;
+    /// A second request while the question is open would open it twice.
+    bool isAsking_ = false;
+};
+
+} // namespace oakfen

@@ -1,0 +1,97 @@
+#include "Oakfen/Views/AccountEditor.h"
+
+#include "Oakfen/Views/Components.h"
+#include "OakfenCore/LibraryOperations/Accounts.h"
+#include "OakfenCore/Support/Text.h"
+
+namespace oakfen {
+
+AccountEditor::AccountEditor(AppEnvironment& environment, std::optional<UUID> accountID)
+    : environment_(environment), accountID_(accountID) {
+    const Account* account = accountID ? environment.store.index().account(*accountID) : nullptr;
+    if (account == nullptr) {
+        draft.id = UUID::random();
+        draft.openingDate = environment.clock.now();
+        return;
+    }
+    draft = *account;
+    hasLowBalanceAlert = draft.lowBalanceAlert.has_value();
+    lowBalance = draft.lowBalanceAlert.value_or(Decimal());
+    creditLimit = draft.creditLimit.value_or(Decimal());
+    interestRate = draft.interestRate.value_or(Decimal());
+}
+
+std::string_view AccountEditor::title() const {
+    return isNew() ? "New Account" : "Edit Account";
+}
+
+std::string_view AccountEditor::primaryTitle() const {
+    return isNew() ? "Add Account" : "Save";
+}
+
+bool AccountEditor::canSave() const {
+    return !trimmingWhitespaces(draft.name).empty();
+}
+
+std::string_view AccountEditor::openingBalanceLabel() const {
+    return isInvestment(draft.type) ? "Opening Cash" : "Opening Balance";
+}
+
+std::string_view AccountEditor::openingBalanceHint() const {
+    return isLiability(draft.type) ? "Enter amounts owed as a negative number, e.g. -1,250.00."
+                                   : "";
+}
+
+bool AccountEditor::showsCreditLimit() const {
+    return draft.type == AccountType::creditCard || draft.type == AccountType::lineOfCredit;
+}
+
+bool AccountEditor::showsInterestRate() const {
+    return draft.type == AccountType::savings || draft.type == AccountType::lineOfCredit ||
+           draft.type == AccountType::loan;
+}
+
+bool AccountEditor::showsLowBalanceAlert() const {
+    return draft.type == AccountType::chequing || draft.type == AccountType::savings ||
+           draft.type == AccountType::cash;
+}
+
+void AccountEditor::save() {
+    const auto ifPositive = [](const Decimal& value) {
+        return value.isPositive() ? std::optional(value) : std::nullopt;
+    };
+    draft.name = trimmingWhitespaces(draft.name);
+    draft.lowBalanceAlert =
+        hasLowBalanceAlert && showsLowBalanceAlert() ? std::optional(lowBalance) : std::nullopt;
+    // Kept whatever the type, so that a change of type and back loses nothing.
+    draft.creditLimit = ifPositive(creditLimit);
+    draft.interestRate = ifPositive(interestRate);
+    environment_.store.mutate(isNew() ? "New Account" : "Edit Account",
+                              [this](Library& library) { upsert(library, draft); });
+    if (isNew()) {
+        environment_.appState.setSelection(SidebarItem::account(draft.id));
+    }
+}
+
+std::optional<ConfirmationRequest> AccountEditor::deleteConfirmation() const {
+    if (isNew()) {
+        return std::nullopt;
+    }
+    return destructiveConfirmation(
+        "Delete Account", "All of this account’s transactions will be removed. Transfers to other "
+                          "accounts stay but become uncategorized.");
+}
+
+void AccountEditor::deleteAccount() {
+    if (isNew()) {
+        return;
+    }
+    if (environment_.appState.selectedAccountID() == accountID_) {
+        environment_.appState.setSelection(SidebarItem{});
+    }
+    environment_.store.mutate("Delete Account", [this](Library& library) {
+        oakfen::deleteAccount(library, *accountID_);
+    });
+}
+
+} // namespace oakfen

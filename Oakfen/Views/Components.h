@@ -1,0 +1,102 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Oakfen/Panels.h"
+#include "OakfenCore/LibraryIndex/LibraryIndex.h"
+#include "OakfenCore/Support/Calendar.h"
+
+/// What the small building blocks of all screens show, so that money, status and choices read the
+/// same everywhere.
+namespace oakfen {
+
+/// The colour roles that a screen's content names.
+enum class TextTone { primary, secondary, positive, negative, warning, information };
+
+/// An amount as it is shown.
+struct MoneyText {
+    std::string text;
+    TextTone tone = TextTone::primary;
+
+    friend bool operator==(const MoneyText&, const MoneyText&) = default;
+};
+
+struct MoneyStyle {
+    bool colorsNegative = true;
+    bool showsPositiveSign = false;
+};
+
+[[nodiscard]] MoneyText moneyText(const Decimal& amount, std::string_view currencyCode,
+                                  MoneyStyle style = {});
+
+/// Plain digits at no more than two decimals, without grouping: 12.50 reads "12.5".
+[[nodiscard]] std::string plainAmountText(const Decimal& amount);
+
+/// The mark of an entry's state.
+struct ClearedBadge {
+    std::string_view symbolName;
+    TextTone tone = TextTone::secondary;
+    std::string_view tooltip;
+
+    friend bool operator==(const ClearedBadge&, const ClearedBadge&) = default;
+};
+
+[[nodiscard]] ClearedBadge clearedBadge(ClearedState state) noexcept;
+
+/// A bar that fills as a budget is used up.
+struct BudgetBar {
+    /// From 0 to 1.
+    double fill = 0;
+    TextTone tone = TextTone::positive;
+    /// Empty when the share is too large to be told.
+    std::string accessibilityText;
+
+    friend bool operator==(const BudgetBar&, const BudgetBar&) = default;
+};
+
+[[nodiscard]] BudgetBar budgetBar(double fraction);
+
+/// How far a day is from today: "Tomorrow", "3 days overdue", "Mar 5".
+[[nodiscard]] std::string relativeDayDescription(Date date, Date now, const Calendar& calendar);
+
+/// One line of a picker's list: a section's header, or something that can be chosen.
+struct PickerRow {
+    std::string title;
+    /// What choosing the line gives; nothing is a choice too ("None").
+    std::optional<UUID> id = {};
+    bool isHeader = false;
+
+    friend bool operator==(const PickerRow&, const PickerRow&) = default;
+};
+
+/// The categories of a kind by their full path.
+[[nodiscard]] std::vector<PickerRow> categoryChoices(const LibraryIndex& index, CategoryKind kind);
+
+/// "Uncategorized", then the categories of each kind by their full path.
+[[nodiscard]] std::vector<PickerRow> categoryPickerRows(const LibraryIndex& index);
+
+struct AccountPickerOptions {
+    std::optional<UUID> excluding = {};
+    bool includeNone = false;
+    bool investmentOnly = false;
+};
+
+/// The open accounts by group; a group without any has no header.
+[[nodiscard]] std::vector<PickerRow> accountPickerRows(const LibraryIndex& index,
+                                                       const AccountPickerOptions& options = {});
+
+/// The title of a group's section in a picker.
+[[nodiscard]] std::string_view pickerTitle(AccountGroup group) noexcept;
+
+/// What a sheet asks before its destructive button acts; `warning` stands before the reminder that
+/// the step can be undone.
+[[nodiscard]] ConfirmationRequest destructiveConfirmation(std::string_view destructiveTitle,
+                                                          std::string_view warning = {});
+
+/// The text on one line: each line end becomes a blank.
+[[nodiscard]] std::string singleLine(std::string_view text);
+
+} // namespace oakfen

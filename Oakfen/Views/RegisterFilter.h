@@ -1,0 +1,59 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "OakfenCore/LibraryIndex/RegisterRow.h"
+#include "OakfenCore/Support/Calendar.h"
+
+namespace oakfen {
+
+/// Which entries a register shows.
+enum class RegisterFilter { all, thisMonth, last30, last90, thisYear, uncleared, uncategorized };
+
+template <>
+inline constexpr auto allCases<RegisterFilter> =
+    std::array{RegisterFilter::all,          RegisterFilter::thisMonth, RegisterFilter::last30,
+               RegisterFilter::last90,       RegisterFilter::thisYear,  RegisterFilter::uncleared,
+               RegisterFilter::uncategorized};
+
+[[nodiscard]] std::string_view rawValue(RegisterFilter value) noexcept;
+[[nodiscard]] std::string_view title(RegisterFilter value) noexcept;
+
+/// Answers for many rows whether a filter keeps them, at one moment.
+class RegisterFilterTest {
+public:
+    RegisterFilterTest(RegisterFilter filter, Date now, const Calendar& calendar);
+
+    [[nodiscard]] bool keeps(const RegisterRow& row) const;
+
+private:
+    RegisterFilter filter_;
+    // The dates that are kept: from the first on, and before the end.
+    Date start_ = Date::distantPast();
+    Date end_ = Date::distantFuture();
+    bool isEndKept_ = false;
+};
+
+/// Answers for many rows whether they hold a term: in the payee, category, memo or a tag without
+/// regard to case, in the check number or the plain amount to the letter. The rows must outlive it,
+/// since it remembers each distinct text that it looked into.
+class RegisterSearch {
+public:
+    /// Blanks around the text don't count.
+    explicit RegisterSearch(std::string_view searchText);
+
+    /// Whether there is anything to look for.
+    [[nodiscard]] bool isActive() const { return !term_.empty(); }
+    [[nodiscard]] bool finds(const RegisterRow& row);
+
+private:
+    bool contains(std::string_view text);
+
+    std::string term_;
+    bool mayBeAmount_ = false;
+    std::unordered_map<std::string_view, bool> answers_;
+};
+
+} // namespace oakfen

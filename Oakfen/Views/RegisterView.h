@@ -1,0 +1,121 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Oakfen/AppEnvironment.h"
+#include "Oakfen/Views/Components.h"
+#include "Oakfen/Views/EmptyState.h"
+#include "Oakfen/Views/RegisterFilter.h"
+#include "Oakfen/Views/RegisterSort.h"
+
+namespace oakfen {
+
+/// The figures under a register.
+struct RegisterFooter {
+    struct Figure {
+        std::string label;
+        Decimal amount;
+        friend bool operator==(const Figure&, const Figure&) = default;
+    };
+    std::vector<Figure> figures;
+    /// "3 selected" with their sum, while something is selected.
+    std::optional<Figure> selection = {};
+
+    friend bool operator==(const RegisterFooter&, const RegisterFooter&) = default;
+};
+
+/// What the context menu offers for a set of entries.
+struct RegisterContextMenu {
+    /// Present when it is about one entry.
+    std::optional<UUID> single = {};
+    /// "Go to Savings", when that entry is a transfer.
+    std::optional<std::string> goToTitle = {};
+    bool isEmpty = true;
+
+    friend bool operator==(const RegisterContextMenu&, const RegisterContextMenu&) = default;
+};
+
+/// The everyday screen of an account: its entries with their running balance, and what can be done
+/// with many of them at once. Lives as long as the person stays in the account.
+class RegisterView {
+public:
+    RegisterView(AppEnvironment& environment, const UUID& accountID);
+
+    // What the person has chosen on the screen.
+    UUIDSet selection;
+    RegisterSort sort;
+    RegisterFilter filter = RegisterFilter::all;
+    std::string searchText;
+    /// Entries that wait for the answer whether to delete them.
+    UUIDSet pendingDelete;
+
+    [[nodiscard]] const UUID& accountID() const { return accountID_; }
+    /// The account as it is now; null once it was deleted.
+    [[nodiscard]] const Account* account() const;
+    [[nodiscard]] std::string title() const;
+    [[nodiscard]] std::string subtitle() const;
+    [[nodiscard]] std::string_view columnTitle(RegisterColumn column) const;
+    [[nodiscard]] static bool isSortable(RegisterColumn column);
+
+    /// All of the account's rows in ledger order.
+    [[nodiscard]] const std::vector<RegisterRow>& rows() const;
+    /// The rows to show, in their order. They stay valid until the document changes.
+    [[nodiscard]] std::vector<const RegisterRow*> filteredRows() const;
+    /// Whether a filter or a search may hide rows.
+    [[nodiscard]] bool isNarrowed() const;
+    /// What to show when there are no such rows.
+    [[nodiscard]] EmptyState emptyState() const;
+    [[nodiscard]] RegisterFooter footer() const;
+
+    /// A click on a column's header: sorts by it, or turns the direction round.
+    void sortBy(RegisterColumn column);
+    /// Takes from the selection what is not among the rows that are shown, so that no action
+    /// touches an entry that the person doesn't see.
+    void keepSelectionVisible(const std::vector<const RegisterRow*>& shown);
+
+    /// A click on the state's mark: uncleared becomes cleared and back; reconciled stays.
+    void toggleCleared(const UUID& id);
+    void markAs(ClearedState state, const UUIDSet& ids);
+    void setCategory(const UUID& categoryID, const UUIDSet& ids);
+    /// Enters a copy dated now; a transfer's copy is a new transfer.
+    void duplicate(const UUID& id);
+    /// Shows the other account of a transfer.
+    void goToTransfer(const UUID& id);
+
+    [[nodiscard]] RegisterContextMenu contextMenu(const UUIDSet& ids) const;
+    /// The categories that "Set Category" lists, of one kind.
+    [[nodiscard]] std::vector<PickerRow> categoryChoices(CategoryKind kind) const;
+
+    /// Asks whether to delete the entries; does it once confirmed.
+    void requestDelete(const UUIDSet& ids);
+    /// The question about `pendingDelete`.
+    [[nodiscard]] ConfirmationRequest deleteConfirmation() const;
+    void confirmDelete();
+    void cancelDelete() { pendingDelete.clear(); }
+
+    // The toolbar.
+    [[nodiscard]] static bool canCreateTransaction();
+    [[nodiscard]] static bool canEditTransaction();
+    [[nodiscard]] static bool canReconcile();
+    void newTransaction();
+    void editTransaction(const UUID& id);
+    void reconcile();
+    void editAccount();
+    void importTransactions();
+
+private:
+    AppEnvironment& environment_;
+    UUID accountID_;
+    // The rows of one index, made once for it.
+    mutable std::shared_ptr<const LibraryIndex> rowsIndex_;
+    mutable std::vector<RegisterRow> rows_;
+    mutable RegisterSorter sorter_;
+    // Ends with the screen, so that a late answer to a question finds out.
+    std::shared_ptr<int> lifetime_ = std::make_shared<int>();
+};
+
+} // namespace oakfen

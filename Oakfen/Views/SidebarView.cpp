@@ -1,0 +1,186 @@
+#include "Oakfen/Views/SidebarView.h"
+
+#include <cmath>
+
+#include "Oakfen/Availability.h"
+#include "Oakfen/Views/Reminders.h"
+#include "OakfenCore/LibraryOperations/Accounts.h"
+#include "OakfenCore/Support/Formatting.h"
+
+namespace oakfen {
+
+namespace {
+
+void deleteAccountAndLeaveIt(AppEnvironment& environment, const UUID& id) {
+    // The screen leaves the account before it stops existing.
+    if (environment.appState.selectedAccountID() == id) {
+        environment.appState.setSelection(SidebarItem{SidebarItem::Kind::dashboard});
+    }
+    environment.store.mutate("Delete Account",
+                             [id](Library& library) { deleteAccount(library, id); });
+}
+
+void toggleClosed(LibraryStore& store, const UUID& id, const std::string& actionName) {
+    const Account* account = store.index().account(id);
+    if (account == nullptr) {
+        return;
+    }
+    Account changed = *account;
+    changed.isClosed = !changed.isClosed;
+    store.mutate(actionName, [&changed](Library& library) { upsert(library, changed); });
+}
+
+} // namespace
+
+std::optional<std::string> creditUseText(const Account& account, const Decimal& balance) {
+    if (!isLiability(account.type) || !account.creditLimit || !account.creditLimit->isPositive()) {
+        return std::nullopt;
+    }
+    const double percent =
+        std::trunc((-balance).doubleValue() / account.creditLimit->doubleValue() * 100);
+    constexpr double limit = 9223372036854775808.0; // 2^63
+    if (!(percent >= -limit && percent < limit)) {
+        return std::nullopt;
+    }
+    return std::to_string(static_cast<long long>(percent)) + "% of limit used";
+}
+
+bool SidebarView::showsClosedAccounts() const {
+    return environment_.defaults.boolean(showClosedAccountsKey);
+}
+
+void SidebarView::toggleClosedAccounts() {
+    environment_.defaults.setBoolean(showClosedAccountsKey, !showsClosedAccounts());
+}
+
+int SidebarView::badge(const SidebarItem& item) const {
+    return item.kind == SidebarItem::Kind::bills ? dueReminderCount(environment_) : 0;
+}
+
+std::vector<SidebarView::OverviewRow> SidebarView::overview() const {
+    std::vector<OverviewRow> rows;
+    for (const SidebarItem& item : overviewItems()) {
+        rows.push_back(
+            {item, std::string(title(item.kind)), std::string(symbolName(item.kind)), badge(item)});
+    }
+    return rows;
+}
+
+SidebarView::AccountRow SidebarView::row(const Account& account) const {
+    const Decimal balance = environment_.store.index().balance(account.id);
+    return {.id = account.id,
+            .name = account.name,
+            .symbolName = std::string(symbolName(account.type)),
+            .isClosed = account.isClosed,
+            .balance = currencyText(balance, environment_.currencyCode()),
+            .isNegative = balance.isNegative(),
+            .detail = creditUseText(account, balance)};
+}
+
+std::vector<SidebarView::Section> SidebarView::sections() const {
+    std::vector<Section> result;
+    for (const AccountGroup group : allCases<AccountGroup>) {
+        Section section{std::string(title(group)), {}};
+        for (const Account* account :
+             environment_.store.index().accounts(group, showsClosedAccounts())) {
+            section.rows.push_back(row(*account));
+        }
+        if (!section.rows.empty()) {
+            result.push_back(std::move(section));
+        }
+    }
+    return result;
+}
+
+SidebarView::Footer SidebarView::footer() const {
+    const LibraryIndex& index = environment_.store.index();
+    const auto text = [this](const Decimal& amount) {
+        return currencyText(amount, environment_.currencyCode());
+    };
+    return {.netWorth = text(index.netWorth()),
+            .isNegative = index.netWorth().isNegative(),
+            .assets = "Assets " + text(index.totalAssets()),
+            .liabilities = "Liabilities " + text(index.totalLiabilities())};
+}
+
+MenuEntry SidebarView::closeOrReopen(const Account& account) {
+    const std::string name = account.isClosed ? "Reopen Account" : "Close Account";
+    return {.title = name,
+            .perform = [&store = environment_.store, id = account.id,
+                        name] { toggleClosed(store, id, name); },
+            .startsGroup = true};
+}
+
+std::vector<MenuEntry> SidebarView::contextMenu(const UUID& accountID) {
+    const Account* account = environment_.store.index().account(accountID);
+    if (account == nullptr) {
+        return {};
+    }
+    AppState& state = environment_.appState;
+    std::vector<MenuEntry> entries;
+    entries.push_back({.title = "Edit Account", .perform = [&state, accountID] {
+                           state.setSheet(ActiveSheet{ActiveSheet::EditAccount{accountID}});
+                       }});
+    if (!isInvestment(account->type)) {
+        entries.push_back({.title = "Reconcile…",
+                           .perform =
+                               [&state, accountID] {
+                                   state.setSheet(ActiveSheet{ActiveSheet::Reconcile{accountID}});
+                               },
+                           .isEnabled = isAvailable(Feature::reconcile)});
+        entries.push_back({.title = "New Transaction",
+                           .perform =
+                               [&state, accountID] {
+                                   state.setSheet(
+                                       ActiveSheet{ActiveSheet::NewTransaction{accountID}});
+                               },
+                           .isEnabled = isAvailable(Feature::transactionEditor)});
+    }
+    entries.push_back(closeOrReopen(*account));
+    entries.push_back({.title = "Delete Account…",
+                       .perform = [this, accountID] { requestDeletion(accountID); },
+                       .isDestructive = true});
+    return entries;
+}
+
+std::vector<MenuEntry> SidebarView::addMenu() {
+    AppState& state = environment_.appState;
+    const auto showing = [&state](ActiveSheet sheet) {
+        return [&state, sheet = std::move(sheet)] { state.setSheet(sheet); };
+    };
+    return {{.title = "New Account…",
+             .symbolName = "building.columns",
+             .perform = showing({ActiveSheet::NewAccount{}})},
+            {.title = "New Category…",
+             .symbolName = "tag",
+             .perform = showing({ActiveSheet::Category{}}),
+             .isEnabled = isAvailable(Feature::categoryEditor)},
+            {.title = "New Reminder…",
+             .symbolName = "calendar.badge.plus",
+             .perform = showing({ActiveSheet::Scheduled{}}),
+             .isEnabled = isAvailable(Feature::reminderEditor)},
+            {.title = "Show Closed Accounts",
+             .perform = [this] { toggleClosedAccounts(); },
+             .isChecked = showsClosedAccounts(),
+             .startsGroup = true}};
+}
+
+void SidebarView::requestDeletion(const UUID& accountID) {
+    const Account* account = environment_.store.index().account(accountID);
+    if (account == nullptr) {
+        return;
+    }
+    const ConfirmationRequest request{
+        .title = "Delete " + account->name + "?",
+        .message = "All of this account’s transactions will be removed. Transfers to other "
+                   "accounts stay but become uncategorized.",
+        .confirmTitle = "Delete Account",
+        .isDestructive = true};
+    environment_.panels.confirm(request, [&environment = environment_, accountID](bool confirmed) {
+        if (confirmed) {
+            deleteAccountAndLeaveIt(environment, accountID);
+        }
+    });
+}
+
+} // namespace oakfen

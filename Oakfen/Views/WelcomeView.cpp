@@ -1,0 +1,61 @@
+#include "Oakfen/Views/WelcomeView.h"
+
+#include <utility>
+
+#include "OakfenCore/SampleData/EmptyLibrary.h"
+#include "OakfenCore/Support/Formatting.h"
+
+namespace oakfen {
+
+WelcomeView::WelcomeView(AppEnvironment& environment)
+    : environment_(environment), currency_(defaultCurrencyCode()) {}
+
+GatePanelText WelcomeView::welcomeText() {
+    return {"chart.line.uptrend.xyaxis.circle.fill", "Welcome to Oakfen",
+            "Track every account, plan bills, budget with confidence and watch your net worth "
+            "grow, all stored privately on this Mac."};
+}
+
+GatePanelText WelcomeView::passwordText() {
+    return {"lock.shield", "Choose a Password",
+            "Oakfen can encrypt your data file with a password. Remember it in the Keychain to "
+            "open Oakfen without typing it."};
+}
+
+std::vector<WelcomeView::Currency> WelcomeView::currencies() {
+    std::vector<Currency> result;
+    for (const std::string& code : currencyCodes()) {
+        const std::string name = currencyName(code);
+        result.push_back({code, name.empty() ? code : code + " – " + name});
+    }
+    return result;
+}
+
+void WelcomeView::startFresh() {
+    environment_.store.replaceLibrary(emptyLibrary(currency_), std::nullopt);
+    hasChosen_ = true;
+    changed.notify();
+}
+
+void WelcomeView::goBack() {
+    hasChosen_ = false;
+    errorText_.reset();
+    changed.notify();
+}
+
+void WelcomeView::useNoPassword() {
+    setErrorText(std::nullopt);
+    chooseNoPassword(environment_,
+                     [weak = std::weak_ptr<WelcomeView*>(self_)](const std::string& text) {
+                         if (const auto self = weak.lock()) {
+                             (*self)->setErrorText(text);
+                         }
+                     });
+}
+
+void WelcomeView::setErrorText(std::optional<std::string> text) {
+    errorText_ = std::move(text);
+    changed.notify();
+}
+
+} // namespace oakfen

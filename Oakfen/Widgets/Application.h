@@ -1,0 +1,8 @@
+#pragma once
+
+namespace oakfen {
+
+/// Runs the program with the given arguments until the person quits; gives the exit code.
+[[nodiscard]] int runApplication(int& argumentCount, char** arguments);
+
+} // namespace oakfen

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QFont>
+#include <QRectF>
+#include <QString>
+
+#include "Oakfen/Views/Components.h"
+#include "Oakfen/Widgets/Theme.h"
+
+class QPainter;
+
+namespace oakfen {
+
+/// The theme's colour for a tone that a screen names.
+[[nodiscard]] ThemeColor themeColor(TextTone tone);
+
+/// How wide the text is when each digit takes the place of the font's widest one, so that amounts
+/// line up digit under digit in any font.
+[[nodiscard]] qreal figureWidth(const QFont& font, const QString& text);
+
+/// Draws the text so, in the painter's font and pen, centred in the height.
+void drawFigures(QPainter& painter, const QRectF& rect, const QString& text,
+                 Qt::Alignment alignment = Qt::AlignRight);
+
+} // namespace oakfen

@@ -1,0 +1,82 @@
+#include "Oakfen/Widgets/Components/LedgerDelegate.h"
+
+#include <QApplication>
+#include <QPainter>
+
+#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/Components/Figures.h"
+#include "Oakfen/Widgets/Theme.h"
+
+namespace oakfen {
+
+namespace {
+
+constexpr int iconSize = 15;
+
+TextTone toneOf(const QModelIndex& index) {
+    return static_cast<TextTone>(index.data(LedgerDelegate::ToneRole).toInt());
+}
+
+/// A selected row keeps the tones that mean something and gives the others its own colour.
+QColor colorOf(TextTone tone, bool isSelected) {
+    const bool isNeutral = tone == TextTone::primary || tone == TextTone::secondary;
+    return Theme::color(isSelected && isNeutral ? ThemeColor::onSelection : themeColor(tone));
+}
+
+void drawText(QPainter& painter, const QRect& rect, const QModelIndex& index, bool isSelected) {
+    const QFontMetrics metrics(painter.font());
+    const QString text = metrics.elidedText(index.data().toString(), Qt::ElideRight, rect.width());
+    constexpr int flags = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine;
+    painter.setPen(colorOf(toneOf(index), isSelected));
+    painter.drawText(rect, flags, text);
+
+    const QString detail = index.data(LedgerDelegate::DetailRole).toString();
+    const int used = metrics.horizontalAdvance(text) + LedgerDelegate::margin;
+    const QRect rest = rect.adjusted(used, 0, 0, 0);
+    if (!detail.isEmpty() && rest.width() > metrics.averageCharWidth() * 3) {
+        painter.setPen(colorOf(TextTone::secondary, isSelected));
+        painter.drawText(rest, flags, metrics.elidedText(detail, Qt::ElideRight, rest.width()));
+    }
+}
+
+void drawTick(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) {
+    const QStyle* style = option.widget != nullptr ? option.widget->style() : QApplication::style();
+    QStyleOptionViewItem box = option;
+    box.rect.setSize({style->pixelMetric(QStyle::PM_IndicatorWidth, &option, option.widget),
+                      style->pixelMetric(QStyle::PM_IndicatorHeight, &option, option.widget)});
+    box.rect.moveCenter(option.rect.center());
+    const bool isTicked = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    box.state.setFlag(QStyle::State_HasFocus, false);
+    box.state.setFlag(isTicked ? QStyle::State_On : QStyle::State_Off);
+    style->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, &painter, option.widget);
+}
+
+} // namespace
+
+void LedgerDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                           const QModelIndex& index) const {
+    painter->save();
+    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+    if (isSelected) {
+        painter->fillRect(option.rect, Theme::color(ThemeColor::selection));
+    }
+    const QString symbol = index.data(SymbolRole).toString();
+    const QRect content = option.rect.adjusted(margin, 0, -margin, 0);
+    painter->setFont(option.font);
+    if (index.data(Qt::CheckStateRole).isValid()) {
+        drawTick(*painter, option, index);
+    } else if (!symbol.isEmpty()) {
+        QRect icon(0, 0, iconSize, iconSize);
+        icon.moveCenter(option.rect.center());
+        symbolIcon(utf8(symbol), themeColor(toneOf(index))).paint(painter, icon);
+    } else if (index.data(FiguresRole).toBool()) {
+        painter->setPen(colorOf(toneOf(index), isSelected));
+        painter->setClipRect(option.rect);
+        drawFigures(*painter, content, index.data().toString());
+    } else {
+        drawText(*painter, content, index, isSelected);
+    }
+    painter->restore();
+}
+
+} // namespace oakfen

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+#include "Oakfen/Views/Components.h"
+
+namespace oakfen {
+
+/// Draws the cells of ledger tables: one line of plain text (bank texts are never read as markup),
+/// amounts in even digits at the right, marks as icons, ticks for cells with a check state.
+class LedgerDelegate final : public QStyledItemDelegate {
+public:
+    /// What a model gives beside the display text.
+    enum Role {
+        /// A `TextTone` as an integer.
+        ToneRole = Qt::UserRole + 1,
+        /// True for an amount.
+        FiguresRole,
+        /// More text after the first, in the secondary tone.
+        DetailRole,
+        /// The name of an icon that stands instead of a text.
+        SymbolRole,
+    };
+
+    /// The blank at either side of a cell.
+    static constexpr int margin = 8;
+
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+};
+
+} // namespace oakfen

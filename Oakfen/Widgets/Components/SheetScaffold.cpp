@@ -1,0 +1,126 @@
+#include "Oakfen/Widgets/Components/SheetScaffold.h"
+
+#include <QFormLayout>
+#include <QPointer>
+
+#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/Components/AmountField.h"
+#include "Oakfen/Widgets/Theme.h"
+
+namespace oakfen {
+
+namespace {
+
+QLabel* makeLabel(TextStyle style, ThemeColor color) {
+    auto* label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    Theme::setText(*label, style, color);
+    return label;
+}
+
+} // namespace
+
+SheetScaffold::SheetScaffold(Panels& panels, const QString& title, const QString& primaryTitle,
+                             QWidget* parent)
+    : QDialog(parent), panels_(panels), title_(makeLabel(TextStyle::headline, ThemeColor::text)),
+      subtitle_(makeLabel(TextStyle::body, ThemeColor::secondaryText)), content_(new QVBoxLayout),
+      buttons_(new QHBoxLayout), problem_(makeLabel(TextStyle::caption, ThemeColor::negative)),
+      cancel_(new QPushButton(tr("Cancel"))), primary_(new QPushButton(primaryTitle)) {
+    setWindowModality(Qt::WindowModal);
+    setWindowTitle(title);
+    title_->setText(title);
+    subtitle_->hide();
+    problem_->hide();
+    problem_->setContentsMargins(0, 0, 0, Theme::grid);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(3 * Theme::grid, 5 * Theme::grid / 2, 3 * Theme::grid,
+                               5 * Theme::grid / 2);
+    layout->setSpacing(Theme::grid / 2);
+    layout->addWidget(title_);
+    layout->addWidget(subtitle_);
+    layout->addSpacing(Theme::grid);
+    layout->addLayout(content_, 1);
+    layout->addSpacing(Theme::grid);
+    layout->addWidget(problem_);
+    layout->addLayout(buttons_);
+    content_->setSpacing(Theme::grid);
+
+    buttons_->setSpacing(Theme::grid);
+    buttons_->addStretch(1);
+    buttons_->addWidget(cancel_);
+    buttons_->addWidget(primary_);
+    cancel_->setAutoDefault(false);
+    cancel_->setToolTip(tr("Close without saving"));
+    primary_->setDefault(true);
+    connect(cancel_, &QPushButton::clicked, this, &QDialog::reject);
+    connect(primary_, &QPushButton::clicked, this, [this] { savePressed(); });
+}
+
+void SheetScaffold::setSubtitle(const QString& subtitle) {
+    subtitle_->setText(subtitle);
+    subtitle_->setVisible(!subtitle.isEmpty());
+}
+
+void SheetScaffold::setCanSave(bool canSave) {
+    primary_->setEnabled(canSave);
+}
+
+void SheetScaffold::addDestructiveButton(const ConfirmationRequest& confirmation) {
+    destructive_ = new QPushButton(qt(confirmation.confirmTitle));
+    destructive_->setProperty("destructive", true);
+    destructive_->setAutoDefault(false);
+    destructive_->setToolTip(tr("Asks before it does anything"));
+    buttons_->insertWidget(0, destructive_);
+    connect(destructive_, &QPushButton::clicked, this,
+            [this, confirmation] { confirmDestructiveAction(confirmation); });
+}
+
+QFormLayout* SheetScaffold::addForm() {
+    auto* form = new QFormLayout;
+    form->setHorizontalSpacing(2 * Theme::grid);
+    form->setVerticalSpacing(Theme::grid);
+    form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    content_->addLayout(form);
+    return form;
+}
+
+void SheetScaffold::setProblem(const QString& text) {
+    problem_->setText(text);
+    problem_->setVisible(!text.isEmpty());
+}
+
+void SheetScaffold::savePressed() {
+    // Saving would quietly keep the earlier amount, which is not what the person sees.
+    if (AmountField* field = unreadableField()) {
+        setProblem(field->accessibleName() + QStringLiteral(": ") + field->explanation());
+        field->setFocus(Qt::OtherFocusReason);
+        field->selectAll();
+        return;
+    }
+    save();
+    accept();
+}
+
+void SheetScaffold::confirmDestructiveAction(const ConfirmationRequest& confirmation) {
+    panels_.confirm(confirmation, [sheet = QPointer<SheetScaffold>(this)](bool isConfirmed) {
+        if (sheet && isConfirmed) {
+            sheet->performDestructiveAction();
+            sheet->accept();
+        }
+    });
+}
+
+AmountField* SheetScaffold::unreadableField() const {
+    for (QLineEdit* edit : findChildren<QLineEdit*>()) {
+        auto* field = dynamic_cast<AmountField*>(edit);
+        if (field != nullptr && field->isVisibleTo(this) && !field->isReadable()) {
+            return field;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace oakfen

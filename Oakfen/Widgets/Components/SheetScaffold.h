@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QDialog>
+
+#include "Oakfen/Panels.h"
+
+class QFormLayout;
+class QHBoxLayout;
+class QLabel;
+class QPushButton;
+class QVBoxLayout;
+
+namespace oakfen {
+
+class AmountField;
+
+/// The frame of every editor sheet: a title, what the sheet edits, and a row of buttons with one
+/// default; Escape cancels. A window-modal dialog that closes by accepting or rejecting.
+class SheetScaffold : public QDialog {
+    Q_OBJECT
+
+public:
+    SheetScaffold(Panels& panels, const QString& title, const QString& primaryTitle,
+                  QWidget* parent);
+
+    [[nodiscard]] QPushButton* primaryButton() const { return primary_; }
+    [[nodiscard]] QPushButton* cancelButton() const { return cancel_; }
+    /// Null for a sheet without a destructive action.
+    [[nodiscard]] QPushButton* destructiveButton() const { return destructive_; }
+
+protected:
+    /// What the primary button does before the sheet closes.
+    virtual void save() = 0;
+    /// What the destructive button does once the person has confirmed.
+    virtual void performDestructiveAction() {}
+
+    void setSubtitle(const QString& subtitle);
+    void setCanSave(bool canSave);
+    /// Adds the destructive button at the left; it asks before it acts.
+    void addDestructiveButton(const ConfirmationRequest& confirmation);
+    /// Where the sheet's own widgets go.
+    [[nodiscard]] QVBoxLayout* content() const { return content_; }
+    /// A form in the usual distances, added to the content.
+    QFormLayout* addForm();
+
+    /// Empty, or what keeps the sheet from being saved, told beside the buttons.
+    void setProblem(const QString& text);
+
+private:
+    void savePressed();
+    void confirmDestructiveAction(const ConfirmationRequest& confirmation);
+    /// The first field whose text is no amount, if any.
+    [[nodiscard]] AmountField* unreadableField() const;
+
+    Panels& panels_;
+    QLabel* title_;
+    QLabel* subtitle_;
+    QVBoxLayout* content_;
+    QHBoxLayout* buttons_;
+    QLabel* problem_;
+    QPushButton* cancel_;
+    QPushButton* primary_;
+    QPushButton* destructive_ = nullptr;
+};
+
+} // namespace oakfen

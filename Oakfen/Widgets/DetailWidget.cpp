@@ -1,0 +1,62 @@
+#include "Oakfen/Widgets/DetailWidget.h"
+
+#include <QApplication>
+
+#include "Oakfen/Widgets/DashboardWidget.h"
+#include "Oakfen/Widgets/EmptyStateWidget.h"
+#include "Oakfen/Widgets/RegisterWidget.h"
+
+namespace oakfen {
+
+DetailWidget::DetailWidget(AppEnvironment& environment, QWidget* parent)
+    : QWidget(parent), environment_(environment) {
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    refresh();
+    const auto refreshed = [this] { refresh(); };
+    subscriptions_.push_back(environment_.appState.selectionChanged.observe(refreshed));
+    subscriptions_.push_back(environment_.store.libraryChanged.observe(refreshed));
+}
+
+void DetailWidget::refresh() {
+    const DetailScreen wanted =
+        detailScreen(environment_.appState.selection(), environment_.store.index());
+    if (shown_ == wanted) {
+        return;
+    }
+    shown_ = wanted;
+    const bool hadFocus = screen_ != nullptr && screen_->isAncestorOf(QApplication::focusWidget());
+    if (screen_ != nullptr) {
+        // Later: what led away may still be running inside the old screen.
+        screen_->hide();
+        screen_->deleteLater();
+    }
+    screen_ = makeScreen(wanted);
+    layout()->addWidget(screen_);
+    screen_->show();
+    if (hadFocus) {
+        screen_->setFocus();
+    }
+}
+
+QWidget* DetailWidget::makeScreen(const DetailScreen& screen) {
+    switch (screen.kind) {
+    case DetailScreen::Kind::dashboard:
+        return new DashboardWidget(environment_, this);
+    case DetailScreen::Kind::registerOfAccount:
+    case DetailScreen::Kind::investmentAccount:
+        // An investment account's own screen comes later; its cash entries are shown till then.
+        return new RegisterWidget(environment_, *screen.accountID, this);
+    case DetailScreen::Kind::noAccount:
+    case DetailScreen::Kind::bills:
+    case DetailScreen::Kind::budget:
+    case DetailScreen::Kind::reports:
+    case DetailScreen::Kind::investing:
+    case DetailScreen::Kind::goals:
+    case DetailScreen::Kind::categories:
+        break;
+    }
+    return new EmptyStateWidget(placeholder(screen.kind), this);
+}
+
+} // namespace oakfen

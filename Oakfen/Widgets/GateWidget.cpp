@@ -1,0 +1,162 @@
+#include "Oakfen/Widgets/GateWidget.h"
+
+#include <QGridLayout>
+#include <QLineEdit>
+#include <QPointer>
+
+#include "Oakfen/Availability.h"
+#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/GatePanelWidget.h"
+#include "Oakfen/Widgets/NewPasswordFields.h"
+#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/WelcomeWidget.h"
+
+namespace oakfen {
+
+namespace {
+
+QLineEdit* makeUnavailableField(const QString& name, QWidget* parent) {
+    auto* field = new QLineEdit(parent);
+    field->setEchoMode(QLineEdit::Password);
+    field->setPlaceholderText(name);
+    field->setAccessibleName(name);
+    field->setEnabled(isAvailable(Feature::passwords));
+    field->setToolTip(qt(passwordsUnavailableText()));
+    return field;
+}
+
+QLabel* makeUnavailableNote(QWidget* parent) {
+    auto* note = new QLabel(qt(passwordsUnavailableText()), parent);
+    Theme::setText(*note, TextStyle::caption, ThemeColor::secondaryText);
+    note->setAlignment(Qt::AlignHCenter);
+    return note;
+}
+
+} // namespace
+
+GateWidget::GateWidget(AppEnvironment& environment, std::function<void()> quit, QWidget* parent)
+    : QFrame(parent), environment_(environment), quit_(std::move(quit)) {
+    setObjectName(QStringLiteral("Cover"));
+    auto* grid = new QGridLayout(this);
+    grid->setRowStretch(0, 2);
+    grid->setRowStretch(2, 3);
+    refresh();
+}
+
+void GateWidget::refresh() {
+    const ContentView::Cover cover = ContentView(environment_).cover();
+    setVisible(cover != ContentView::Cover::none);
+    const GatePanel panel = gatePanel(environment_.store);
+    const std::string reason = environment_.store.accessState().reason;
+    Shown wanted{cover, panel, reason};
+    if (shown_ == wanted) {
+        return;
+    }
+    shown_ = std::move(wanted);
+    if (panel_ != nullptr) {
+        panel_->hide();
+        panel_->deleteLater();
+    }
+    panel_ = makePanel(cover, panel, reason);
+    if (panel_ != nullptr) {
+        static_cast<QGridLayout*>(layout())->addWidget(panel_, 1, 0, Qt::AlignCenter);
+        panel_->show();
+    }
+}
+
+QWidget* GateWidget::makePanel(ContentView::Cover cover, GatePanel panel,
+                               const std::string& reason) {
+    if (cover == ContentView::Cover::lock) {
+        return makeLockPanel();
+    }
+    switch (panel) {
+    case GatePanel::unlock:
+        return makeUnlockPanel();
+    case GatePanel::welcome:
+        return new WelcomeWidget(environment_, this);
+    case GatePanel::protectExistingData:
+        return makeProtectPanel();
+    case GatePanel::legacyUnavailable:
+        return makeLegacyPanel(reason);
+    case GatePanel::none:
+        break;
+    }
+    return nullptr;
+}
+
+QWidget* GateWidget::makeUnlockPanel() {
+    auto* panel = new GatePanelWidget(gatePanelText(GatePanel::unlock, {}), this);
+    panel->content().addWidget(makeUnavailableField(QStringLiteral("Password"), panel));
+    panel->content().addWidget(makeUnavailableNote(panel));
+    auto* quit = new QPushButton(QStringLiteral("Quit Oakfen"), panel);
+    connect(quit, &QPushButton::clicked, this, quit_);
+    panel->content().addWidget(quit, 0, Qt::AlignHCenter);
+    return panel;
+}
+
+QWidget* GateWidget::makeProtectPanel() {
+    auto* panel = new GatePanelWidget(gatePanelText(GatePanel::protectExistingData, {}), this);
+    const QPointer<GatePanelWidget> shown = panel;
+    const PasswordChoiceButtons buttons = makePasswordChoiceButtons(
+        {.cancelHelp = QStringLiteral("Quit Oakfen without changing your data file"),
+         .submitTitle = QStringLiteral("Set Password"),
+         .cancel = quit_,
+         .useNoPassword =
+             [this, shown] {
+                 shown->setErrorText(std::nullopt);
+                 chooseNoPassword(environment_, [shown](const std::string& text) {
+                     if (shown != nullptr) {
+                         shown->setErrorText(text);
+                     }
+                 });
+             },
+         .submit = [] {}},
+        panel);
+    panel->content().addWidget(new NewPasswordFields(
+        passwordForm_,
+        [this, submit = buttons.submit] {
+            submit->setEnabled(isAvailable(Feature::passwords) && passwordForm_.canSubmit());
+        },
+        panel));
+    panel->content().addWidget(buttons.row);
+    panel->setCancelButton(buttons.cancel);
+    panel->setDefaultButton(isAvailable(Feature::passwords) ? buttons.submit
+                                                            : buttons.useNoPassword);
+    return panel;
+}
+
+QWidget* GateWidget::makeLegacyPanel(const std::string& reason) {
+    auto* panel = new GatePanelWidget(gatePanelText(GatePanel::legacyUnavailable, reason), this);
+    if (environment_.store.accessState().recoverable) {
+        panel->content().addWidget(
+            makeUnavailableField(QStringLiteral("Recovery passphrase"), panel));
+        panel->content().addWidget(makeUnavailableNote(panel));
+    }
+    auto* again = new QPushButton(QStringLiteral("Try Again"), panel);
+    connect(again, &QPushButton::clicked, this, [this] { environment_.store.retryLoading(); });
+    auto* over = new QPushButton(QStringLiteral("Start Over…"), panel);
+    over->setProperty("destructive", true);
+    connect(over, &QPushButton::clicked, this, [this] { chooseStartOver(environment_); });
+    auto* row = new QHBoxLayout;
+    row->addStretch(1);
+    row->addWidget(over);
+    row->addWidget(again);
+    row->addStretch(1);
+    panel->content().addLayout(row);
+    panel->setDefaultButton(again);
+    return panel;
+}
+
+QWidget* GateWidget::makeLockPanel() {
+    auto* panel = new GatePanelWidget(lockPanelText(), this);
+    auto* unlock = new QPushButton(symbolIcon("touchid", ThemeColor::onAccent),
+                                   QStringLiteral("Unlock"), panel);
+    // Without a way to authenticate on this machine, unlocking asks for nothing.
+    connect(unlock, &QPushButton::clicked, this,
+            [this] { environment_.appState.setUnlocked(true); });
+    panel->content().addWidget(unlock, 0, Qt::AlignHCenter);
+    panel->setDefaultButton(unlock);
+    return panel;
+}
+
+} // namespace oakfen

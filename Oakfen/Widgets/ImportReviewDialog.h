@@ -1,0 +1,41 @@
+#pragma once
+
+#include "Oakfen/Views/ImportReviewView.h"
+#include "Oakfen/Widgets/Components/SheetScaffold.h"
+
+namespace oakfen {
+
+class AccountPicker;
+class ImportReviewModel;
+class LedgerTable;
+
+/// Draws the review of a statement's lines.
+class ImportReviewDialog final : public SheetScaffold {
+    Q_OBJECT
+
+public:
+    ImportReviewDialog(AppEnvironment& environment, std::shared_ptr<const ImportSession> session,
+                       QWidget* parent = nullptr);
+
+    [[nodiscard]] ImportReviewView& view() { return view_; }
+    [[nodiscard]] LedgerTable* table() const { return table_; }
+    [[nodiscard]] AccountPicker* accountPicker() const { return account_; }
+
+protected:
+    void save() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void setUpAccount(const LibraryIndex& index);
+    void setUpTable();
+    /// Turns the ticks of the selected lines to the other state of the current one.
+    void toggleSelected();
+    void showState();
+
+    ImportReviewView view_;
+    ImportReviewModel* model_;
+    AccountPicker* account_;
+    LedgerTable* table_;
+};
+
+} // namespace oakfen

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <functional>
+
+#include "Oakfen/Views/Components.h"
+#include "Oakfen/Views/ImportReviewView.h"
+
+namespace oakfen {
+
+/// The lines of a statement with their ticks, for a table.
+class ImportReviewModel final : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    enum Column { Included, Day, Payee, Category, Amount, Mark, ColumnCount };
+
+    ImportReviewModel(AppEnvironment& environment, ImportReviewView& view, QObject* parent);
+
+    /// The duplicates may be others now.
+    void updateMarks();
+    void setIncluded(const std::vector<int>& lines, bool isIncluded);
+
+    /// Called after a tick was changed.
+    std::function<void()> includedChanged = [] {};
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
+                                      int role) const override;
+
+private:
+    [[nodiscard]] QString text(std::size_t line, int column) const;
+    [[nodiscard]] TextTone tone(std::size_t line, int column) const;
+
+    AppEnvironment& environment_;
+    ImportReviewView& view_;
+    Calendar calendar_;
+};
+
+} // namespace oakfen

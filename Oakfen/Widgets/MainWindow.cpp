@@ -1,0 +1,159 @@
+#include "Oakfen/Widgets/MainWindow.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QGridLayout>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QSplitter>
+#include <utility>
+
+#include "Oakfen/Views/ContentView.h"
+#include "Oakfen/Widgets/AlertPresenter.h"
+#include "Oakfen/Widgets/BusyPill.h"
+#include "Oakfen/Widgets/DetailWidget.h"
+#include "Oakfen/Widgets/GateWidget.h"
+#include "Oakfen/Widgets/MenuBar.h"
+#include "Oakfen/Widgets/MessageBox.h"
+#include "Oakfen/Widgets/SheetPresenter.h"
+#include "Oakfen/Widgets/SidebarWidget.h"
+#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/WindowState.h"
+
+namespace oakfen {
+
+namespace {
+
+constexpr QSize defaultSize(1280, 820);
+constexpr QSize minimumContentSize(980, 620);
+constexpr int minimumSidebarWidth = 220;
+constexpr int idealSidebarWidth = 250;
+constexpr int maximumSidebarWidth = 340;
+
+const QString geometryKey = QStringLiteral("mainWindow/geometry");
+const QString splitterKey = QStringLiteral("mainWindow/splitter");
+const QString sidebarKey = QStringLiteral("mainWindow/sidebarShown");
+
+} // namespace
+
+MainWindow::MainWindow(AppEnvironment& environment, std::function<void()> requestQuit)
+    : environment_(environment), requestQuit_(std::move(requestQuit)),
+      undoManager_(std::make_shared<UndoManager>()) {
+    setWindowTitle(QStringLiteral("Oakfen"));
+    environment_.store.setUndoManager(undoManager_);
+    buildContent();
+    buildMenuBar();
+    new SheetPresenter(environment_, this);
+    alerts_ = new AlertPresenter(environment_, this);
+    restoreState();
+
+    AppState& state = environment_.appState;
+    subscriptions_.push_back(environment_.store.statusChanged.observe([this] { refreshCover(); }));
+    subscriptions_.push_back(state.lockChanged.observe([this] { refreshCover(); }));
+    subscriptions_.push_back(
+        environment_.defaults.changes.observe([this](const std::string&) { refreshCover(); }));
+    subscriptions_.push_back(state.busyChanged.observe(
+        [this] { pill_->setMessage(environment_.appState.busyMessage()); }));
+    refreshCover();
+    if (splitter_->isEnabled()) {
+        sidebar_->setFocus();
+    }
+}
+
+MainWindow::~MainWindow() {
+    saveState();
+}
+
+void MainWindow::buildContent() {
+    auto* root = new QWidget(this);
+    root->setMinimumSize(minimumContentSize);
+    splitter_ = new QSplitter(root);
+    splitter_->setHandleWidth(1);
+    splitter_->setChildrenCollapsible(false);
+    sidebar_ = new SidebarWidget(environment_, splitter_);
+    sidebar_->setMinimumWidth(minimumSidebarWidth);
+    sidebar_->setMaximumWidth(maximumSidebarWidth);
+    splitter_->addWidget(sidebar_);
+    splitter_->addWidget(new DetailWidget(environment_, splitter_));
+    splitter_->setStretchFactor(0, 0);
+    splitter_->setStretchFactor(1, 1);
+    splitter_->setSizes({idealSidebarWidth, defaultSize.width() - idealSidebarWidth});
+
+    gate_ = new GateWidget(environment_, requestQuit_, root);
+    pill_ = new BusyPill(root);
+    // One cell for all: the later ones lie over the earlier.
+    auto* grid = new QGridLayout(root);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->addWidget(splitter_, 0, 0);
+    grid->addWidget(pill_, 0, 0, Qt::AlignHCenter | Qt::AlignTop);
+    grid->addWidget(gate_, 0, 0);
+    setCentralWidget(root);
+}
+
+void MainWindow::buildMenuBar() {
+    new MenuBar(environment_, *undoManager_,
+                {.quit = requestQuit_,
+                 .showAbout = [this] { showAbout(); },
+                 .isSidebarShown = [this] { return !sidebar_->isHidden(); },
+                 .toggleSidebar = [this] { setSidebarShown(sidebar_->isHidden()); }},
+                *menuBar());
+}
+
+void MainWindow::restoreState() {
+    resize(defaultSize);
+    restoreGeometry(windowState::value(geometryKey).toByteArray());
+    splitter_->restoreState(windowState::value(splitterKey).toByteArray());
+    const QVariant shown = windowState::value(sidebarKey);
+    setSidebarShown(!shown.isValid() || shown.toBool());
+}
+
+void MainWindow::saveState() const {
+    windowState::setValue(geometryKey, saveGeometry());
+    windowState::setValue(splitterKey, splitter_->saveState());
+    windowState::setValue(sidebarKey, !sidebar_->isHidden());
+}
+
+void MainWindow::setSidebarShown(bool shown) {
+    sidebar_->setVisible(shown);
+}
+
+void MainWindow::refreshCover() {
+    const bool isObscured = ContentView(environment_).isObscured();
+    const bool isRevealed = !isObscured && !splitter_->isEnabled();
+    splitter_->setEnabled(!isObscured);
+    gate_->refresh();
+    if (isObscured) {
+        gate_->raise();
+    }
+    if (isRevealed) {
+        sidebar_->setFocus();
+    }
+}
+
+void MainWindow::present() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    // Not before the window is there: the alert belongs in front of it.
+    QMetaObject::invokeMethod(alerts_, &AlertPresenter::start, Qt::QueuedConnection);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    requestQuit_();
+}
+
+void MainWindow::showAbout() {
+    QMessageBox* box = makeMessageBox(
+        this, QStringLiteral("Oakfen ") + QCoreApplication::applicationVersion(),
+        QStringLiteral("Accounts, bills, budgets and investments, kept on your own computer."));
+    box->setStandardButtons(QMessageBox::Ok);
+    box->open();
+}
+
+} // namespace oakfen

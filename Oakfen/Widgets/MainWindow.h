@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "Oakfen/AppEnvironment.h"
+#include "OakfenCore/Support/UndoManager.h"
+
+class QSplitter;
+
+namespace oakfen {
+
+class AlertPresenter;
+class BusyPill;
+class GateWidget;
+class SidebarWidget;
+
+/// The one window: sidebar beside detail area, what covers them, the menu bar, alerts and sheets.
+class MainWindow final : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// `requestQuit` is asked when the window is to be closed; closing is quitting.
+    MainWindow(AppEnvironment& environment, std::function<void()> requestQuit);
+    ~MainWindow() override;
+
+    /// Brings the window to the front.
+    void present();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void buildContent();
+    void buildMenuBar();
+    void restoreState();
+    void saveState() const;
+    void refreshCover();
+    void setSidebarShown(bool shown);
+    void showAbout();
+
+    AppEnvironment& environment_;
+    std::function<void()> requestQuit_;
+    std::shared_ptr<UndoManager> undoManager_;
+    QSplitter* splitter_ = nullptr;
+    SidebarWidget* sidebar_ = nullptr;
+    GateWidget* gate_ = nullptr;
+    BusyPill* pill_ = nullptr;
+    AlertPresenter* alerts_ = nullptr;
+    std::vector<Subscription> subscriptions_;
+};
+
+} // namespace oakfen

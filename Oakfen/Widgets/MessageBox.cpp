@@ -1,0 +1,26 @@
+#include "Oakfen/Widgets/MessageBox.h"
+
+#include <QMessageBox>
+
+#include "Oakfen/Widgets/Theme.h"
+
+namespace oakfen {
+
+QMessageBox* makeMessageBox(QWidget* parent, const QString& title, const QString& text) {
+    auto* box = new QMessageBox(parent);
+    box->setWindowTitle(QStringLiteral("Oakfen"));
+    box->setWindowModality(Qt::WindowModal);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setTextFormat(Qt::PlainText);
+    box->setText(title);
+    box->setInformativeText(text);
+    if (auto* heading = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
+        heading->setFont(Theme::font(TextStyle::headline));
+    }
+    if (auto* body = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"))) {
+        body->setTextFormat(Qt::PlainText);
+    }
+    return box;
+}
+
+} // namespace oakfen

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "Oakfen/AppEnvironment.h"
+
+class QDialog;
+class QWidget;
+
+namespace oakfen {
+
+/// The dialog for a sheet; null for one that this version has no screen for.
+[[nodiscard]] QDialog* makeSheet(AppEnvironment& environment, const ActiveSheet& sheet,
+                                 QWidget* parent);
+
+} // namespace oakfen

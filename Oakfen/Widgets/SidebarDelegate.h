@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+#include <functional>
+
+namespace oakfen {
+
+/// What a line of the sidebar carries for its drawing.
+enum SidebarRole {
+    kindRole = Qt::UserRole,
+    itemRole,   ///< which `SidebarItem` it selects
+    symbolRole, ///< the icon's name
+    figureRole, ///< the text at the right
+    negativeRole,
+    detailRole, ///< the second line; empty for none
+    badgeRole,
+    dimmedRole,
+};
+
+enum class SidebarLine { group, item };
+
+/// Draws the sidebar's lines: groups as small headings, items with icon, name and figure.
+class SidebarDelegate final : public QStyledItemDelegate {
+    Q_OBJECT
+
+public:
+    /// `isSelected` tells which line the main screen shows, whatever line has the focus.
+    SidebarDelegate(std::function<bool(const QModelIndex&)> isSelected, QObject* parent);
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const override;
+
+private:
+    void paintGroup(QPainter* painter, const QStyleOptionViewItem& option,
+                    const QModelIndex& index) const;
+    void paintItem(QPainter* painter, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) const;
+
+    std::function<bool(const QModelIndex&)> isSelected_;
+};
+
+} // namespace oakfen

@@ -1,0 +1,296 @@
+#include "Oakfen/Widgets/SidebarWidget.h"
+
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QToolButton>
+#include <QTreeWidget>
+
+#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/MenuBuilder.h"
+#include "Oakfen/Widgets/SidebarDelegate.h"
+#include "Oakfen/Widgets/Theme.h"
+
+Q_DECLARE_METATYPE(oakfen::SidebarItem)
+
+namespace oakfen {
+
+namespace {
+
+std::optional<SidebarItem> sidebarItem(const QModelIndex& index) {
+    const QVariant value = index.data(itemRole);
+    return value.canConvert<SidebarItem>() ? std::optional(value.value<SidebarItem>())
+                                           : std::nullopt;
+}
+
+QTreeWidgetItem* makeLine(SidebarLine kind, const std::string& title) {
+    auto* line = new QTreeWidgetItem;
+    line->setText(0, qt(title));
+    line->setData(0, kindRole, static_cast<int>(kind));
+    line->setData(0, Qt::AccessibleTextRole, qt(title));
+    return line;
+}
+
+QTreeWidgetItem* makeAccountLine(const SidebarView::AccountRow& row) {
+    QTreeWidgetItem* line = makeLine(SidebarLine::item, row.name);
+    line->setData(0, itemRole, QVariant::fromValue(SidebarItem::account(row.id)));
+    line->setData(0, symbolRole, qt(row.symbolName));
+    line->setData(0, figureRole, qt(row.balance));
+    line->setData(0, negativeRole, row.isNegative);
+    line->setData(0, detailRole, qt(row.detail.value_or("")));
+    line->setData(0, dimmedRole, row.isClosed);
+    QString spoken = qt(row.name) + QStringLiteral(", ") + qt(row.balance);
+    if (row.isClosed) {
+        spoken += QStringLiteral(", closed");
+    }
+    if (row.detail) {
+        spoken += QStringLiteral(", ") + qt(*row.detail);
+    }
+    line->setData(0, Qt::AccessibleTextRole, spoken);
+    // Marked as rich text, so that the name is escaped and not read as markup.
+    line->setToolTip(0, QStringLiteral("<qt>") + spoken.toHtmlEscaped() + QStringLiteral("</qt>"));
+    return line;
+}
+
+} // namespace
+
+SidebarWidget::SidebarWidget(AppEnvironment& environment, QWidget* parent)
+    : QFrame(parent), environment_(environment), view_(environment) {
+    setObjectName(QStringLiteral("Sidebar"));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    buildHeader();
+    buildList();
+    buildFooter();
+    watch();
+    refresh();
+}
+
+void SidebarWidget::buildHeader() {
+    auto* header = new QHBoxLayout;
+    header->setContentsMargins(Theme::grid * 2, Theme::grid, Theme::grid, Theme::grid / 2);
+    auto* title = new QLabel(QStringLiteral("Oakfen"), this);
+    Theme::setText(*title, TextStyle::bodyStrong, ThemeColor::secondaryText);
+    header->addWidget(title, 1);
+
+    auto* add = new QToolButton(this);
+    add->setObjectName(QStringLiteral("AddButton"));
+    add->setIcon(symbolIcon("plus"));
+    add->setText(QStringLiteral("Add"));
+    add->setAccessibleName(QStringLiteral("Add"));
+    add->setToolTip(QStringLiteral("Add an account, category or reminder"));
+    add->setFocusPolicy(Qt::TabFocus);
+    add->setPopupMode(QToolButton::InstantPopup);
+    addMenu_ = new QMenu(add);
+    connect(addMenu_, &QMenu::aboutToShow, this, [this] { fillMenu(*addMenu_, view_.addMenu()); });
+    add->setMenu(addMenu_);
+    header->addWidget(add);
+    layout()->addItem(header);
+}
+
+void SidebarWidget::buildList() {
+    list_ = new QTreeWidget(this);
+    list_->setObjectName(QStringLiteral("SidebarList"));
+    list_->setAccessibleName(QStringLiteral("Screens and accounts"));
+    list_->setHeaderHidden(true);
+    list_->setRootIsDecorated(false);
+    list_->setIndentation(0);
+    list_->setMouseTracking(true);
+    list_->setExpandsOnDoubleClick(false);
+    list_->setSelectionMode(QAbstractItemView::SingleSelection);
+    list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    list_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    list_->setContextMenuPolicy(Qt::CustomContextMenu);
+    list_->setItemDelegate(
+        new SidebarDelegate([this](const QModelIndex& index) { return isSelected(index); }, list_));
+    setFocusProxy(list_);
+    list_->installEventFilter(this);
+    list_->viewport()->installEventFilter(this);
+    connect(list_, &QTreeWidget::currentItemChanged, this, &SidebarWidget::selectCurrent);
+    connect(list_, &QTreeWidget::itemClicked, this, [](QTreeWidgetItem* item) {
+        if (item->childCount() > 0) {
+            item->setExpanded(!item->isExpanded());
+        }
+    });
+    connect(list_, &QTreeWidget::itemExpanded, this, &SidebarWidget::rememberFolding);
+    connect(list_, &QTreeWidget::itemCollapsed, this, &SidebarWidget::rememberFolding);
+    connect(list_, &QTreeWidget::customContextMenuRequested, this, &SidebarWidget::showContextMenu);
+    layout()->addWidget(list_);
+}
+
+void SidebarWidget::buildFooter() {
+    auto* footer = new QFrame(this);
+    footer->setObjectName(QStringLiteral("SidebarFooter"));
+    auto* column = new QVBoxLayout(footer);
+    column->setContentsMargins(Theme::grid * 2, Theme::grid + 2, Theme::grid * 2, Theme::grid + 2);
+    column->setSpacing(3);
+
+    auto* first = new QHBoxLayout;
+    auto* title = new QLabel(QStringLiteral("Net Worth"), footer);
+    Theme::setText(*title, TextStyle::body);
+    netWorth_ = new QLabel(footer);
+    first->addWidget(title, 1);
+    first->addWidget(netWorth_);
+    column->addLayout(first);
+    assets_ = new QLabel(footer);
+    liabilities_ = new QLabel(footer);
+    for (QLabel* label : {assets_, liabilities_}) {
+        Theme::setText(*label, TextStyle::caption, ThemeColor::secondaryText);
+        column->addWidget(label);
+    }
+    layout()->addWidget(footer);
+}
+
+void SidebarWidget::watch() {
+    const auto refreshed = [this] { refresh(); };
+    subscriptions_.push_back(environment_.store.libraryChanged.observe(refreshed));
+    subscriptions_.push_back(environment_.store.statusChanged.observe(refreshed));
+    subscriptions_.push_back(
+        environment_.appState.selectionChanged.observe([this] { showSelection(); }));
+    subscriptions_.push_back(environment_.defaults.changes.observe([this](const std::string& key) {
+        if (key == SidebarView::showClosedAccountsKey) {
+            refresh();
+        }
+    }));
+}
+
+void SidebarWidget::refresh() {
+    showFooter();
+    auto overview = view_.overview();
+    auto sections = view_.sections();
+    if (overview == overview_ && sections == sections_) {
+        return;
+    }
+    overview_ = std::move(overview);
+    sections_ = std::move(sections);
+    rebuildList();
+    showSelection();
+}
+
+void SidebarWidget::rebuildList() {
+    const QScopedValueRollback building(isBuilding_, true);
+    const int scroll = list_->verticalScrollBar()->value();
+    list_->clear();
+    addOverview();
+    for (const SidebarView::Section& section : sections_) {
+        addSection(section);
+    }
+    list_->verticalScrollBar()->setValue(scroll);
+}
+
+void SidebarWidget::addOverview() {
+    for (const SidebarView::OverviewRow& row : overview_) {
+        QTreeWidgetItem* line = makeLine(SidebarLine::item, row.title);
+        line->setData(0, itemRole, QVariant::fromValue(row.item));
+        line->setData(0, symbolRole, qt(row.symbolName));
+        line->setData(0, badgeRole, row.badge);
+        if (row.badge > 0) {
+            line->setData(0, Qt::AccessibleTextRole,
+                          qt(row.title + ", " + std::to_string(row.badge) + " due"));
+        }
+        list_->addTopLevelItem(line);
+    }
+}
+
+void SidebarWidget::addSection(const SidebarView::Section& section) {
+    QTreeWidgetItem* group = makeLine(SidebarLine::group, section.title);
+    group->setFlags(Qt::ItemIsEnabled);
+    list_->addTopLevelItem(group);
+    for (const SidebarView::AccountRow& row : section.rows) {
+        group->addChild(makeAccountLine(row));
+    }
+    group->setExpanded(!collapsed_.contains(section.title));
+}
+
+void SidebarWidget::showSelection() {
+    const QScopedValueRollback building(isBuilding_, true);
+    QTreeWidgetItem* shown = nullptr;
+    for (QTreeWidgetItemIterator at(list_); *at != nullptr; ++at) {
+        const QModelIndex index = list_->indexFromItem(*at);
+        if (isSelected(index)) {
+            shown = *at;
+        }
+    }
+    list_->setCurrentItem(shown);
+    list_->viewport()->update();
+}
+
+void SidebarWidget::showFooter() {
+    const SidebarView::Footer footer = view_.footer();
+    netWorth_->setText(qt(footer.netWorth));
+    Theme::setText(*netWorth_, TextStyle::bodyStrong,
+                   footer.isNegative ? ThemeColor::negative : ThemeColor::text);
+    assets_->setText(qt(footer.assets));
+    liabilities_->setText(qt(footer.liabilities));
+}
+
+bool SidebarWidget::isSelected(const QModelIndex& index) const {
+    const auto item = sidebarItem(index);
+    return item && item == environment_.appState.selection();
+}
+
+void SidebarWidget::selectCurrent() {
+    if (isBuilding_) {
+        return;
+    }
+    // A group can have the focus without being a screen.
+    if (const auto item = sidebarItem(list_->currentIndex())) {
+        environment_.appState.setSelection(item);
+    }
+}
+
+void SidebarWidget::rememberFolding(const QTreeWidgetItem* group) {
+    if (isBuilding_) {
+        return;
+    }
+    const std::string title = utf8(group->text(0));
+    if (group->isExpanded()) {
+        collapsed_.erase(title);
+    } else {
+        collapsed_.insert(title);
+    }
+}
+
+bool SidebarWidget::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == list_ && event->type() == QEvent::KeyPress) {
+        return handleKey(static_cast<QKeyEvent*>(event)->key());
+    }
+    if (watched == list_->viewport() && event->type() == QEvent::MouseButtonPress) {
+        // The right button opens the menu of a line without going there.
+        return static_cast<QMouseEvent*>(event)->button() == Qt::RightButton;
+    }
+    return QFrame::eventFilter(watched, event);
+}
+
+bool SidebarWidget::handleKey(int key) {
+    QTreeWidgetItem* current = list_->currentItem();
+    if (current == nullptr) {
+        return false;
+    }
+    const bool isToggle = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
+    if (isToggle && current->childCount() > 0) {
+        current->setExpanded(!current->isExpanded());
+        return true;
+    }
+    if (key == Qt::Key_Menu) {
+        showContextMenu(list_->visualItemRect(current).center());
+        return true;
+    }
+    return false;
+}
+
+void SidebarWidget::showContextMenu(const QPoint& position) {
+    const auto item = sidebarItem(list_->indexAt(position));
+    if (!item || item->kind != SidebarItem::Kind::account) {
+        return;
+    }
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    fillMenu(*menu, view_.contextMenu(item->accountID));
+    menu->popup(list_->viewport()->mapToGlobal(position));
+}
+
+} // namespace oakfen

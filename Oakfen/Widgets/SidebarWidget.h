@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QFrame>
+#include <set>
+#include <vector>
+
+#include "Oakfen/Views/SidebarView.h"
+#include "OakfenCore/Support/Observers.h"
+
+class QMenu;
+class QModelIndex;
+class QTreeWidget;
+class QTreeWidgetItem;
+
+namespace oakfen {
+
+/// Draws the left column.
+class SidebarWidget final : public QFrame {
+    Q_OBJECT
+
+public:
+    SidebarWidget(AppEnvironment& environment, QWidget* parent = nullptr);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void buildHeader();
+    void buildList();
+    void buildFooter();
+    void watch();
+
+    void refresh();
+    void rebuildList();
+    void showSelection();
+    void showFooter();
+
+    void addOverview();
+    void addSection(const SidebarView::Section& section);
+    void selectCurrent();
+    void rememberFolding(const QTreeWidgetItem* group);
+    bool handleKey(int key);
+    void showContextMenu(const QPoint& position);
+    [[nodiscard]] bool isSelected(const QModelIndex& index) const;
+
+    AppEnvironment& environment_;
+    SidebarView view_;
+    QTreeWidget* list_ = nullptr;
+    QMenu* addMenu_ = nullptr;
+    QLabel* netWorth_ = nullptr;
+    QLabel* assets_ = nullptr;
+    QLabel* liabilities_ = nullptr;
+
+    /// What the list shows; it is built again only when that changes.
+    std::vector<SidebarView::OverviewRow> overview_;
+    std::vector<SidebarView::Section> sections_;
+    /// Titles of the groups that are folded.
+    std::set<std::string> collapsed_;
+    /// While the list is being built its notices mean nothing.
+    bool isBuilding_ = false;
+    std::vector<Subscription> subscriptions_;
+};
+
+} // namespace oakfen

@@ -1,0 +1,164 @@
+#include "Oakfen/Widgets/ThemeStyle.h"
+
+#include <QStyleOption>
+
+#include "Oakfen/Widgets/Theme.h"
+
+namespace oakfen {
+
+namespace {
+
+constexpr qreal buttonRadius = 5;
+constexpr int comboPadding = 4;
+
+void drawPanel(QPainter* painter, const QRect& rect, const QColor& fill, const QColor& border) {
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setBrush(fill);
+    painter->setPen(QPen(border, 1));
+    painter->drawRoundedRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5), buttonRadius,
+                             buttonRadius);
+    painter->restore();
+}
+
+QColor borderColor(const QStyleOption& option) {
+    const bool focused = option.state.testFlag(QStyle::State_HasFocus) &&
+                         option.state.testFlag(QStyle::State_Enabled);
+    return Theme::color(focused ? ThemeColor::accent : ThemeColor::border);
+}
+
+QColor buttonColor(const QStyleOption& option) {
+    if (!option.state.testFlag(QStyle::State_Enabled)) {
+        return Theme::color(ThemeColor::window);
+    }
+    if (option.state & (QStyle::State_Sunken | QStyle::State_On)) {
+        return Theme::color(ThemeColor::border);
+    }
+    return Theme::color(option.state.testFlag(QStyle::State_MouseOver) ? ThemeColor::surfaceRaised
+                                                                       : ThemeColor::surface);
+}
+
+void drawCheckBox(const QStyleOption& option, QPainter* painter) {
+    const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+    const bool filled = option.state & (QStyle::State_On | QStyle::State_NoChange);
+    const QColor accent = Theme::color(enabled ? ThemeColor::accent : ThemeColor::border);
+    const QColor border = filled ? accent
+                          : option.state.testFlag(QStyle::State_HasFocus)
+                              ? accent
+                              : Theme::color(ThemeColor::secondaryText);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setBrush(filled ? accent : Theme::color(ThemeColor::surface));
+    painter->setPen(QPen(border, 1));
+    const QRectF box = QRectF(option.rect).adjusted(1.5, 1.5, -1.5, -1.5);
+    painter->drawRoundedRect(box, 3, 3);
+    if (filled) {
+        painter->setBrush(Qt::NoBrush);
+        painter->setPen(QPen(Theme::color(ThemeColor::onAccent), 1.8, Qt::SolidLine, Qt::RoundCap,
+                             Qt::RoundJoin));
+        const auto at = [&box](qreal x, qreal y) {
+            return QPointF(box.left() + (x * box.width()), box.top() + (y * box.height()));
+        };
+        if (option.state.testFlag(QStyle::State_On)) {
+            painter->drawPolyline(QPolygonF({at(0.22, 0.52), at(0.42, 0.72), at(0.78, 0.30)}));
+        } else {
+            painter->drawLine(at(0.25, 0.5), at(0.75, 0.5));
+        }
+    }
+    painter->restore();
+}
+
+} // namespace
+
+ThemeStyle::ThemeStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                               QPainter* painter, const QWidget* widget) const {
+    switch (element) {
+    case PE_PanelButtonCommand:
+        drawPanel(painter, option->rect, buttonColor(*option), borderColor(*option));
+        return;
+    case PE_FrameLineEdit:
+        drawPanel(painter, option->rect, Qt::transparent, borderColor(*option));
+        return;
+    case PE_PanelLineEdit:
+        drawPanel(painter, option->rect, option->palette.color(QPalette::Base),
+                  borderColor(*option));
+        return;
+    case PE_IndicatorCheckBox:
+    case PE_IndicatorItemViewItemCheck:
+        drawCheckBox(*option, painter);
+        return;
+    case PE_FrameFocusRect: {
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(QPen(Theme::color(ThemeColor::accent), 1));
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+        painter->restore();
+        return;
+    }
+    default:
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+}
+
+void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                    QPainter* painter, const QWidget* widget) const {
+    const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (control != CC_ComboBox || combo == nullptr || !combo->frame) {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        return;
+    }
+    const bool isField = combo->editable && combo->state.testFlag(State_Enabled);
+    drawPanel(painter, combo->rect,
+              isField ? Theme::color(ThemeColor::surface) : buttonColor(*combo),
+              borderColor(*combo));
+    constexpr int arrowSize = 10;
+    const QRect arrow = proxy()->subControlRect(CC_ComboBox, combo, SC_ComboBoxArrow, widget);
+    const QRect box(arrow.center().x() - (arrowSize / 2) + 1,
+                    arrow.center().y() - (arrowSize / 2) + 1, arrowSize, arrowSize);
+    symbolIcon("chevron.down", ThemeColor::secondaryText)
+        .paint(painter, box, Qt::AlignCenter,
+               combo->state.testFlag(State_Enabled) ? QIcon::Normal : QIcon::Disabled);
+}
+
+int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                            const QWidget* widget) const {
+    switch (metric) {
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+        return 18;
+    case PM_SmallIconSize:
+    case PM_ButtonIconSize:
+        return 16;
+    default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                   const QSize& contents, const QWidget* widget) const {
+    const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    return type == CT_ComboBox ? size + QSize(2 * comboPadding, 6) : size;
+}
+
+QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                 SubControl subControl, const QWidget* widget) const {
+    const QRect rect = QProxyStyle::subControlRect(control, option, subControl, widget);
+    const bool isComboText = control == CC_ComboBox && subControl == SC_ComboBoxEditField;
+    return isComboText ? rect.adjusted(comboPadding, 0, 0, 0) : rect;
+}
+
+int ThemeStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                          QStyleHintReturn* returnData) const {
+    switch (hint) {
+    case SH_DialogButtonBox_ButtonsHaveIcons:
+    case SH_EtchDisabledText:
+        return 0;
+    default:
+        return QProxyStyle::styleHint(hint, option, widget, returnData);
+    }
+}
+
+} // namespace oakfen

@@ -1,0 +1,136 @@
+#include "Oakfen/Widgets/Tour.h"
+
+#include <QBuffer>
+#include <QPixmap>
+#include <QTemporaryDir>
+#include <utility>
+
+#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/TourStage.h"
+#include "OakfenCore/Models/LibraryCoding.h"
+#include "OakfenCore/SampleData/SampleData.h"
+#include "OakfenCore/Support/Text.h"
+
+namespace oakfen {
+
+namespace {
+
+/// Numbers the pictures in the order of the walk and writes them.
+class Album {
+public:
+    explicit Album(std::string folder) : folder_(std::move(folder)) {}
+
+    void add(TourStage& stage, const std::string& name) {
+        const QPixmap picture = stage.picture();
+        QByteArray bytes;
+        QBuffer buffer(&bytes);
+        buffer.open(QIODevice::WriteOnly);
+        picture.save(&buffer, "PNG");
+        const std::string path =
+            folder_ + "/" + name + (Theme::isDark() ? "-dark" : "-light") + ".png";
+        writeOwnerOnly(systemFiles(), {bytes.constData(), static_cast<std::size_t>(bytes.size())},
+                       path);
+    }
+
+private:
+    std::string folder_;
+};
+
+/// A statement whose first lines the account has already.
+ImportSession exampleStatement(const LibraryIndex& index, const Account& account) {
+    ImportSession session{
+        .id = UUID::random(), .fileName = "statement.csv", .accountID = account.id};
+    const auto entries = index.transactions(account.id);
+    for (std::size_t back = 1; back <= 3 && back <= entries.size(); ++back) {
+        const Transaction& entry = *entries[entries.size() - back];
+        session.items.push_back({.id = UUID::random(),
+                                 .date = entry.date,
+                                 .payee = entry.payee,
+                                 .amount = entry.amount});
+    }
+    const std::vector<std::pair<std::string, std::int64_t>> lines{
+        {"Harvest & Home", -8412}, {"Corner Coffee", -635}, {"Lakeview Transit", -2400},
+        {"Mobile Deposit", 12000}, {"Grand Cinema", -3250}, {"Riverside Pharmacy", -1889}};
+    for (const auto& [payee, cents] : lines) {
+        session.items.push_back({.id = UUID::random(),
+                                 .date = index.now(),
+                                 .payee = payee,
+                                 .amount = Decimal::cents(cents)});
+    }
+    return session;
+}
+
+void walkTheGate(Album& album) {
+    TourStage first("");
+    album.add(first, "gate-welcome");
+
+    TourStage plain(
+        encodeLibrary(SampleData::make(SystemClock().now(), "CAD", Calendar::current())));
+    album.add(plain, "gate-protect");
+
+    TourStage locked("OAKFEN-ENC-3");
+    album.add(locked, "gate-unlock");
+
+    TourStage old("TARNWICKENC1");
+    album.add(old, "gate-unavailable");
+}
+
+void walkTheSheets(Album& album, TourStage& stage, const Account& account) {
+    AppState& state = stage.appState();
+    const auto open = [&](auto sheet, const std::string& name) {
+        state.setSheet(ActiveSheet{std::move(sheet)});
+        album.add(stage, name);
+        state.setSheet(std::nullopt);
+    };
+    open(ActiveSheet::NewAccount{}, "sheet-new-account");
+    open(ActiveSheet::EditAccount{account.id}, "sheet-edit-account");
+    open(ActiveSheet::ImportReview{std::make_shared<const ImportSession>(
+             exampleStatement(stage.store().index(), account))},
+         "sheet-import-review");
+}
+
+void walkTheScreens(Album& album, const Library& document) {
+    TourStage empty("");
+    empty.show(emptyDocument("CAD"));
+    album.add(empty, "screen-empty");
+
+    TourStage stage("");
+    stage.show(document);
+    for (const SidebarItem& item : overviewItems()) {
+        stage.appState().setSelection(item);
+        const std::string name = lowercased(title(item.kind));
+        album.add(stage, "screen-" + name.substr(0, name.find(' ')));
+    }
+    int number = 0;
+    for (const Account& account : document.accounts) {
+        stage.appState().setSelection(SidebarItem::account(account.id));
+        album.add(stage, "screen-account-" + std::to_string(++number));
+    }
+    stage.appState().setBusyMessage("Reading statement.csv…");
+    album.add(stage, "screen-busy");
+    stage.appState().setBusyMessage(std::nullopt);
+    if (!document.accounts.empty()) {
+        walkTheSheets(album, stage, document.accounts.front());
+    }
+}
+
+} // namespace
+
+void renderTour(const std::string& folder, const std::optional<std::string>& file) {
+    // The windows of the tour must not move those of the person.
+    const QTemporaryDir state;
+    qputenv("XDG_STATE_HOME", state.path().toUtf8());
+
+    const Library document =
+        file ? decodeLibrary(readFile(systemFiles(), *file))
+             : SampleData::make(SystemClock().now(), "CAD", Calendar::current());
+    Album album(folder);
+    for (const bool dark : {false, true}) {
+        Theme::setDark(dark);
+        walkTheGate(album);
+        walkTheScreens(album, document);
+    }
+}
+
+} // namespace oakfen

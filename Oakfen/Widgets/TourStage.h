@@ -1,0 +1,62 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "Oakfen/AppEnvironment.h"
+#include "Oakfen/Widgets/MainWindow.h"
+#include "OakfenCore/Platform/InMemoryLegacyKeyStore.h"
+#include "OakfenCore/Platform/InMemoryPasswordStore.h"
+#include "OakfenCore/Platform/InMemoryUserDefaults.h"
+#include "OakfenCore/Platform/ManualScheduler.h"
+#include "OakfenCore/Support/InMemoryFileSystem.h"
+
+class QPixmap;
+
+namespace oakfen {
+
+/// Panels that nobody answers.
+class SilentPanels final : public Panels {
+public:
+    void openFile(const OpenPanelRequest&,
+                  std::function<void(std::optional<std::string>)>) override {}
+    void saveFile(const SavePanelRequest&,
+                  std::function<void(std::optional<std::string>)>) override {}
+    void confirm(const ConfirmationRequest&, std::function<void(bool)>) override {}
+    void choose(const ChoiceRequest&, std::function<void(std::optional<std::size_t>)>) override {}
+};
+
+/// A whole program in memory, with a window that is shown but belongs to nobody's files.
+class TourStage {
+public:
+    /// Opens a data file of those bytes; an empty text stands for no file.
+    explicit TourStage(const std::string& bytes);
+
+    /// Opens the document as a person would who runs without a password.
+    void show(Library document);
+
+    /// The window as it looks now, with the sheet over it when one is open.
+    [[nodiscard]] QPixmap picture();
+
+    [[nodiscard]] LibraryStore& store() { return *store_; }
+    [[nodiscard]] AppState& appState() { return appState_; }
+    [[nodiscard]] const Calendar& calendar() const { return calendar_; }
+    [[nodiscard]] QWidget& window() { return *window_; }
+
+private:
+    InMemoryFileSystem files_;
+    SystemClock clock_;
+    Calendar calendar_ = clock_.calendar();
+    ManualScheduler scheduler_;
+    InMemoryUserDefaults defaults_;
+    InMemoryPasswordStore passwords_;
+    InMemoryLegacyKeyStore legacyKeys_;
+    SilentPanels panels_;
+    std::unique_ptr<LibraryStore> store_;
+    AppState appState_{defaults_};
+    std::unique_ptr<AppEnvironment> environment_;
+    std::unique_ptr<MainWindow> window_;
+};
+
+} // namespace oakfen

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QWidget>
+
+#include "Oakfen/Views/WelcomeView.h"
+
+namespace oakfen {
+
+class GatePanelWidget;
+
+/// Draws the two steps of the first start.
+class WelcomeWidget final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit WelcomeWidget(AppEnvironment& environment, QWidget* parent = nullptr);
+
+private:
+    void refresh();
+    [[nodiscard]] GatePanelWidget* makeFirstStep();
+    [[nodiscard]] GatePanelWidget* makeSecondStep();
+
+    WelcomeView view_;
+    GatePanelWidget* panel_ = nullptr;
+    bool showsSecondStep_ = false;
+    Subscription subscription_;
+};
+
+} // namespace oakfen

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+#include <QVariant>
+
+/// How the windows stood when the program was left (geometry, column widths), in a small file of
+/// the person's state folder. Nothing of the ledger belongs here: no name, no id, no search.
+namespace oakfen::windowState {
+
+/// What was kept under that key; invalid when nothing was.
+[[nodiscard]] QVariant value(const QString& key);
+
+void setValue(const QString& key, const QVariant& value);
+
+} // namespace oakfen::windowState

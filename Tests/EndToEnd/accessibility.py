@@ -1,0 +1,81 @@
+"""The accessible tree of the program: find a control by its role and name, use it, read it."""
+
+import pyatspi
+
+from desktop import eventually
+
+
+def application():
+    def look():
+        for candidate in pyatspi.Registry.getDesktop(0):
+            if candidate is not None and candidate.name.lower().startswith("oakfen"):
+                return candidate
+        return None
+    return eventually("the program on the accessibility bus", look)
+
+
+def everything(root):
+    """Every visible node below the root, in reading order."""
+    for index in range(root.childCount):
+        child = root.getChildAtIndex(index)
+        if child is None:
+            continue
+        yield child
+        yield from everything(child)
+
+
+def is_usable(node):
+    states = node.getState()
+    return states.contains(pyatspi.STATE_SHOWING) and states.contains(pyatspi.STATE_ENABLED)
+
+
+def find(role, name, root=None):
+    """The first control of that role and name that can be used now."""
+    def look():
+        for node in everything(root or application()):
+            if node.getRoleName() == role and node.name == name and is_usable(node):
+                return node
+        return None
+    return eventually(f"the {role} “{name}”", look)
+
+
+def exists(role, name):
+    return any(node.getRoleName() == role and node.name == name and is_usable(node)
+               for node in everything(application()))
+
+
+def press(role, name):
+    node = find(role, name)
+    actions = node.queryAction()
+    for index in range(actions.nActions):
+        if actions.getName(index) in ("Press", "press", "click", "Toggle", "Trigger"):
+            actions.doAction(index)
+            return
+    actions.doAction(0)
+
+
+def write(name, text):
+    """Puts the text into the field of that name."""
+    field = find("text", name)
+    field.queryEditableText().setTextContents(text)
+    eventually(f"“{text}” in {name}", lambda: field.queryText().getText(0, -1) == text)
+
+
+def table_rows(name):
+    """The texts of the table's cells, row by row."""
+    table = find("table", name).queryTable()
+    return [[table.getAccessibleAt(row, column).name for column in range(table.nColumns)]
+            for row in range(table.nRows)]
+
+
+def describe(root=None, depth=0):
+    """The tree as text, for finding out why something was not found."""
+    lines = []
+    node = root or application()
+    lines.append(f"{'  ' * depth}{node.getRoleName()} “{node.name}”"
+                 f"{'' if is_usable(node) else ' (not usable)'}")
+    for index in range(node.childCount):
+        child = node.getChildAtIndex(index)
+        if child is not None:
+            lines.append(describe(child, depth + 1))
+    return "\n".join(lines)

@@ -1,0 +1,88 @@
+"""Drives the real program through the accessibility bus, as a screen reader would.
+
+Run inside `dbus-run-session`; brings up its own X server and window manager."""
+
+import os
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+
+PATIENCE = 30  # seconds to wait for what must appear
+
+
+class Desktop:
+    """An X server, a window manager and empty home folders, gone at the end."""
+
+    def __enter__(self):
+        self.home = tempfile.mkdtemp(prefix="oakfen-walk-")
+        read_end, write_end = os.pipe()
+        self.server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1400x900x24",
+             "-nolisten", "tcp"],
+            pass_fds=[write_end], stderr=subprocess.DEVNULL)
+        os.close(write_end)
+        with os.fdopen(read_end) as display:
+            number = display.readline().strip()
+        self.environment = {
+            key: value for key, value in os.environ.items()
+            if not key.startswith(("XDG_", "QT_", "OAKFEN_"))}
+        self.environment.update(
+            DISPLAY=f":{number}", HOME=self.home, LANG="en_CA.UTF-8",
+            XDG_RUNTIME_DIR=self._folder("run"), XDG_DATA_HOME=self._folder("data"),
+            XDG_CONFIG_HOME=self._folder("config"), XDG_STATE_HOME=self._folder("state"),
+            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_ACCESSIBILITY="1", QT_QPA_PLATFORM="xcb")
+        os.environ["DISPLAY"] = self.environment["DISPLAY"]
+        self.manager = subprocess.Popen(
+            ["openbox", "--sm-disable"], env=self.environment, stderr=subprocess.DEVNULL)
+        return self
+
+    def __exit__(self, *_):
+        for process in (self.manager, self.server):
+            process.terminate()
+            process.wait()
+        shutil.rmtree(self.home, ignore_errors=True)
+
+    def _folder(self, name):
+        path = os.path.join(self.home, name)
+        os.mkdir(path, 0o700)
+        return path
+
+    def data_file(self):
+        return os.path.join(self.home, "data", "Tarnwick", "Library.tarnwick")
+
+    def start(self, program, *arguments):
+        return subprocess.Popen([program, *arguments], env=self.environment)
+
+    def key(self, *keys):
+        """Presses keys in the window that has the focus."""
+        subprocess.run(["xdotool", "key", "--clearmodifiers", *keys], env=self.environment,
+                       check=True)
+
+    def type(self, text):
+        subprocess.run(["xdotool", "type", "--delay", "5", text], env=self.environment, check=True)
+
+    def picture(self, path):
+        """Takes a picture of the whole screen, for looking at a failure."""
+        subprocess.run(["import", "-window", "root", path], env=self.environment, check=False)
+
+
+def eventually(what, question):
+    """The first true answer to the question; fails when there is none in time."""
+    deadline = time.monotonic() + PATIENCE
+    while True:
+        try:
+            answer = question()
+        except Exception:  # the tree changes while it is read; look again
+            answer = None
+        if answer:
+            return answer
+        if time.monotonic() > deadline:
+            raise AssertionError(f"waited {PATIENCE} s in vain for {what}")
+        time.sleep(0.1)
+
+
+def stop(process, how=signal.SIGTERM):
+    process.send_signal(how)
+    return process.wait(timeout=PATIENCE)

@@ -1,0 +1,200 @@
+#include "Oakfen/AppCommands.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+#include "Oakfen/Availability.h"
+#include "OakfenCore/LibraryOperations/Accounts.h"
+#include "Tests/Support/TestEnvironment.h"
+
+namespace oakfen {
+namespace {
+
+using testing::day;
+using testing::makeAccount;
+using testing::TestEnvironment;
+
+class AppCommandsTest : public ::testing::Test {
+protected:
+    [[nodiscard]] const AppCommand& command(const std::string& title) {
+        const auto found = std::find_if(commands.begin(), commands.end(),
+                                        [&](const auto& each) { return each.title() == title; });
+        if (found == commands.end()) {
+            throw std::invalid_argument("no command is called " + title);
+        }
+        return *found;
+    }
+    [[nodiscard]] bool isEnabled(const std::string& title) { return command(title).isEnabled(); }
+
+    Account addAccount(const std::string& name) {
+        Account account = makeAccount(name);
+        test.store->mutate("New Account", [&](Library& library) { upsert(library, account); });
+        return account;
+    }
+
+    TestEnvironment test;
+    bool isSidebarShown = true;
+    int quits = 0;
+    std::vector<AppCommand> commands =
+        makeAppCommands(*test, *test.undoManager,
+                        {.quit = [this] { ++quits; },
+                         .showAbout = [] {},
+                         .isSidebarShown = [this] { return isSidebarShown; },
+                         .toggleSidebar = [this] { isSidebarShown = !isSidebarShown; }});
+};
+
+TEST_F(AppCommandsTest, PutsTheMenusInTheirOrder) {
+    std::vector<std::string> menus;
+    for (const AppCommand& each : commands) {
+        if (menus.empty() || menus.back() != each.menu) {
+            menus.push_back(each.menu);
+        }
+    }
+    EXPECT_EQ(menus,
+              (std::vector<std::string>{"File", "Edit", "View", "Go", "Transactions", "Help"}));
+}
+
+TEST_F(AppCommandsTest, GivesNoShortcutTwice) {
+    std::set<std::string> shortcuts;
+    for (const AppCommand& each : commands) {
+        if (!each.shortcut.empty()) {
+            EXPECT_TRUE(shortcuts.insert(each.shortcut).second) << each.shortcut;
+        }
+    }
+}
+
+TEST_F(AppCommandsTest, HasTheShortcutsThatPeopleLearn) {
+    EXPECT_EQ(command("New Transaction").shortcut, "Ctrl+N");
+    EXPECT_EQ(command("New Account…").shortcut, "Ctrl+Shift+N");
+    EXPECT_EQ(command("New Reminder…").shortcut, "Ctrl+Alt+N");
+    EXPECT_EQ(command("Import Transactions…").shortcut, "Ctrl+Shift+I");
+    EXPECT_EQ(command("Import Quicken Data File…").shortcut, "Ctrl+Alt+Shift+I");
+    EXPECT_EQ(command("Back Up…").shortcut, "Ctrl+Shift+B");
+    EXPECT_EQ(command("Reconcile…").shortcut, "Ctrl+Shift+R");
+    EXPECT_EQ(command("Lock Oakfen").shortcut, "Ctrl+Shift+L");
+}
+
+TEST_F(AppCommandsTest, PutsBothExportsIntoASubmenu) {
+    EXPECT_EQ(command("All Transactions as CSV…").submenu, "Export");
+    EXPECT_EQ(command("Current Account as QIF…").submenu, "Export");
+}
+
+TEST_F(AppCommandsTest, NeedsAnOpenAccountForAnImportButNotForANewAccount) {
+    EXPECT_FALSE(isEnabled("Import Transactions…"));
+    EXPECT_FALSE(isEnabled("New Transaction"));
+    EXPECT_TRUE(isEnabled("New Account…"));
+    Account account = addAccount("Everyday");
+    EXPECT_TRUE(isEnabled("Import Transactions…"));
+    account.isClosed = true;
+    test.store->mutate("Close Account", [&](Library& library) { upsert(library, account); });
+    EXPECT_FALSE(isEnabled("Import Transactions…"));
+}
+
+TEST_F(AppCommandsTest, OpensTheSheetOfANewAccount) {
+    command("New Account…").perform();
+    EXPECT_EQ(test.appState->sheet(), ActiveSheet{ActiveSheet::NewAccount{}});
+}
+
+TEST_F(AppCommandsTest, HandsTheSelectedAccountToANewTransaction) {
+    const UUID id = addAccount("Everyday").id;
+    command("New Transaction").perform();
+    EXPECT_EQ(test.appState->sheet(), ActiveSheet{ActiveSheet::NewTransaction{}});
+    test.appState->setSelection(SidebarItem::account(id));
+    command("New Transaction").perform();
+    EXPECT_EQ(test.appState->sheet(), ActiveSheet{ActiveSheet::NewTransaction{id}});
+}
+
+TEST_F(AppCommandsTest, GoesToEachScreenByItsDigit) {
+    int digit = 0;
+    for (const SidebarItem& item : overviewItems()) {
+        ++digit;
+        const AppCommand& go = command(std::string(title(item.kind)));
+        EXPECT_EQ(go.menu, "Go");
+        EXPECT_EQ(go.shortcut, "Ctrl+" + std::to_string(digit));
+        EXPECT_TRUE(go.isEnabled());
+        go.perform();
+        EXPECT_EQ(test.appState->selection(), item);
+    }
+    EXPECT_EQ(digit, 7);
+}
+
+TEST_F(AppCommandsTest, NamesWhatUndoAndRedoWouldDo) {
+    EXPECT_EQ(command("Undo").shortcut, "Ctrl+Z");
+    EXPECT_FALSE(isEnabled("Undo"));
+    EXPECT_FALSE(isEnabled("Redo"));
+    addAccount("Everyday");
+    ASSERT_TRUE(isEnabled("Undo New Account"));
+    command("Undo New Account").perform();
+    EXPECT_TRUE(test.library().accounts.empty());
+    ASSERT_TRUE(isEnabled("Redo New Account"));
+    EXPECT_FALSE(isEnabled("Undo"));
+    command("Redo New Account").perform();
+    EXPECT_EQ(test.library().accounts.size(), 1U);
+}
+
+TEST_F(AppCommandsTest, KeepsUndoAwayWhileASheetIsOpen) {
+    addAccount("Everyday");
+    test.appState->setSheet(ActiveSheet{ActiveSheet::NewAccount{}});
+    EXPECT_FALSE(isEnabled("Undo New Account"));
+    test.appState->setSheet(std::nullopt);
+    EXPECT_TRUE(isEnabled("Undo New Account"));
+}
+
+TEST_F(AppCommandsTest, KeepsUndoAwayWhileTheScreenIsCovered) {
+    addAccount("Everyday");
+    test.defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    test.appState->setUnlocked(false);
+    EXPECT_FALSE(isEnabled("Undo New Account"));
+}
+
+TEST_F(AppCommandsTest, LocksOnlyWhenTheSettingIsOn) {
+    EXPECT_FALSE(isEnabled("Lock Oakfen"));
+    test.defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    EXPECT_TRUE(isEnabled("Lock Oakfen"));
+    command("Lock Oakfen").perform();
+    EXPECT_FALSE(test.appState->isUnlocked());
+}
+
+TEST_F(AppCommandsTest, DisablesWhatThisVersionCannotDo) {
+    const UUID id = addAccount("Everyday").id;
+    test.appState->setSelection(SidebarItem::account(id));
+    EXPECT_EQ(isEnabled("New Transaction"), isAvailable(Feature::transactionEditor));
+    EXPECT_EQ(isEnabled("New Reminder…"), isAvailable(Feature::reminderEditor));
+    EXPECT_EQ(isEnabled("Reconcile…"), isAvailable(Feature::reconcile));
+    EXPECT_EQ(isEnabled("Current Account as QIF…"), isAvailable(Feature::exporting));
+    EXPECT_EQ(isEnabled("Back Up…"), isAvailable(Feature::backups));
+    EXPECT_EQ(isEnabled("Settings…"), isAvailable(Feature::settings));
+}
+
+TEST_F(AppCommandsTest, NamesTheSidebarItemByWhatItWouldDo) {
+    command("Hide Sidebar").perform();
+    EXPECT_FALSE(isSidebarShown);
+    command("Show Sidebar").perform();
+    EXPECT_TRUE(isSidebarShown);
+}
+
+TEST_F(AppCommandsTest, QuitsThroughTheWindow) {
+    EXPECT_TRUE(isEnabled("Quit Oakfen"));
+    command("Quit Oakfen").perform();
+    EXPECT_EQ(quits, 1);
+}
+
+TEST(AppCommandsBehindTheGate, AreDisabledButForLocking) {
+    TestEnvironment test{TestEnvironment::Unopened{}};
+    test.defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    const auto commands =
+        makeAppCommands(*test, *test.undoManager, {[] {}, [] {}, [] { return true; }, [] {}});
+    for (const AppCommand& each : commands) {
+        const bool isOfTheLedger =
+            each.menu == "File" || each.menu == "Go" || each.menu == "Transactions";
+        const bool staysLive = each.title() == "Lock Oakfen" || each.title() == "Quit Oakfen";
+        if (isOfTheLedger) {
+            EXPECT_EQ(each.isEnabled(), staysLive) << each.title();
+        }
+    }
+}
+
+} // namespace
+} // namespace oakfen

@@ -1,0 +1,88 @@
+#include "Oakfen/AppState.h"
+
+#include <gtest/gtest.h>
+
+#include "OakfenCore/Platform/InMemoryUserDefaults.h"
+
+namespace oakfen {
+namespace {
+
+class AppStateTest : public ::testing::Test {
+protected:
+    InMemoryUserDefaults defaults;
+    AppState state{defaults};
+
+    int notices = 0;
+    Subscription counting(Observers<>& observers) {
+        return observers.observe([this] { ++notices; });
+    }
+};
+
+TEST_F(AppStateTest, BeginsOnTheDashboardWithNothingOpen) {
+    EXPECT_EQ(state.selection(), SidebarItem{SidebarItem::Kind::dashboard});
+    EXPECT_FALSE(state.sheet());
+    EXPECT_FALSE(state.alertMessage());
+    EXPECT_FALSE(state.busyMessage());
+}
+
+TEST_F(AppStateTest, StartsUnlockedWhenNothingIsSetAboutAuthentication) {
+    EXPECT_TRUE(state.isUnlocked());
+}
+
+TEST_F(AppStateTest, StartsLockedWhenAuthenticationIsRequired) {
+    defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    EXPECT_FALSE(AppState(defaults).isUnlocked());
+}
+
+TEST_F(AppStateTest, DerivesTheSelectedAccountFromTheSelection) {
+    const UUID id = UUID::random();
+    state.setSelection(SidebarItem::account(id));
+    EXPECT_EQ(state.selectedAccountID(), id);
+    state.setSelection(SidebarItem{SidebarItem::Kind::dashboard});
+    EXPECT_FALSE(state.selectedAccountID());
+    state.setSelection(std::nullopt);
+    EXPECT_FALSE(state.selectedAccountID());
+}
+
+TEST_F(AppStateTest, TellsOfAChangeButNotOfAnEqualValue) {
+    const Subscription selection = counting(state.selectionChanged);
+    state.setSelection(SidebarItem{SidebarItem::Kind::dashboard});
+    EXPECT_EQ(notices, 0);
+    state.setSelection(SidebarItem{SidebarItem::Kind::bills});
+    EXPECT_EQ(notices, 1);
+
+    const Subscription sheet = counting(state.sheetChanged);
+    state.setSheet(ActiveSheet{ActiveSheet::NewAccount{}});
+    state.setSheet(ActiveSheet{ActiveSheet::NewAccount{}});
+    EXPECT_EQ(notices, 2);
+
+    const Subscription alert = counting(state.alertChanged);
+    state.setAlertMessage(std::nullopt);
+    EXPECT_EQ(notices, 2);
+    state.setAlertMessage("Something to know");
+    EXPECT_EQ(notices, 3);
+}
+
+TEST_F(AppStateTest, ListsTheOverviewInTheOrderOfTheSidebar) {
+    std::vector<std::string> titles;
+    for (const SidebarItem& item : overviewItems()) {
+        titles.emplace_back(title(item.kind));
+    }
+    EXPECT_EQ(titles, (std::vector<std::string>{"Dashboard", "Bills & Income", "Budget", "Reports",
+                                                "Investing", "Savings Goals", "Categories"}));
+}
+
+TEST(ActiveSheetTest, ComparesImportReviewsByTheirSessions) {
+    const auto session = std::make_shared<ImportSession>(ImportSession{.id = UUID::random()});
+    const auto same = std::make_shared<ImportSession>(*session);
+    const auto other = std::make_shared<ImportSession>(ImportSession{.id = UUID::random()});
+    EXPECT_EQ(ActiveSheet{ActiveSheet::ImportReview{session}},
+              ActiveSheet{ActiveSheet::ImportReview{same}});
+    EXPECT_NE(ActiveSheet{ActiveSheet::ImportReview{session}},
+              ActiveSheet{ActiveSheet::ImportReview{other}});
+    EXPECT_NE(ActiveSheet{ActiveSheet::NewAccount{}},
+              ActiveSheet{ActiveSheet::EditAccount{UUID{}}});
+}
+
+} // namespace
+} // namespace oakfen

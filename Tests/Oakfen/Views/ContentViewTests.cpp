@@ -1,0 +1,131 @@
+#include "Oakfen/Views/ContentView.h"
+
+#include <gtest/gtest.h>
+
+#include "Oakfen/Views/DetailView.h"
+#include "Tests/Support/TestEnvironment.h"
+
+namespace oakfen {
+namespace {
+
+using testing::makeAccount;
+using testing::TestEnvironment;
+using Cover = ContentView::Cover;
+
+TEST(ContentView, ShowsTheGateUntilTheFileIsOpen) {
+    TestEnvironment test{TestEnvironment::Unopened{}};
+    const ContentView view(*test);
+    EXPECT_EQ(view.cover(), Cover::gate);
+    EXPECT_TRUE(view.isObscured());
+    test.store->useNoPassword();
+    EXPECT_EQ(view.cover(), Cover::none);
+    EXPECT_FALSE(view.isObscured());
+}
+
+TEST(ContentView, LetsTheGateWinOverTheLock) {
+    TestEnvironment test{TestEnvironment::Unopened{}};
+    test.defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    test.appState->setUnlocked(false);
+    const ContentView view(*test);
+    EXPECT_EQ(view.cover(), Cover::gate);
+    test.store->useNoPassword();
+    EXPECT_EQ(view.cover(), Cover::lock);
+    EXPECT_TRUE(view.isObscured());
+}
+
+TEST(ContentView, AsksForTheLockOnlyWhileTheSettingIsOn) {
+    TestEnvironment test;
+    test.appState->setUnlocked(false);
+    const ContentView view(*test);
+    EXPECT_EQ(view.cover(), Cover::none);
+    test.defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    EXPECT_EQ(view.cover(), Cover::lock);
+    test.appState->setUnlocked(true);
+    EXPECT_EQ(view.cover(), Cover::none);
+}
+
+TEST(ContentView, ShowsNoAlertWhenThereIsNothingToSay) {
+    TestEnvironment test;
+    EXPECT_FALSE(ContentView(*test).dueAlert());
+}
+
+TEST(ContentView, ShowsTwoAlertsOneAfterAnother) {
+    // A damaged file gives the first start a message of the store's.
+    TestEnvironment test{TestEnvironment::Unopened{}};
+    writeOwnerOnly(test.files, "not a document", TestEnvironment::dataFile);
+    test.store->retryLoading();
+    ASSERT_TRUE(test.store->lastError());
+    test.appState->setAlertMessage("Choose a CSV file.");
+
+    ContentView view(*test);
+    const auto first = view.dueAlert();
+    ASSERT_TRUE(first);
+    EXPECT_EQ(*first, (ContentView::Alert{ContentView::AlertSource::application, "Oakfen",
+                                          "Choose a CSV file."}));
+    view.dismissAlert(first->source);
+    EXPECT_FALSE(test.appState->alertMessage());
+
+    const auto second = view.dueAlert();
+    ASSERT_TRUE(second);
+    EXPECT_EQ(second->title, "Problem with your data file");
+    EXPECT_EQ(second->text, *test.store->lastError());
+    view.dismissAlert(second->source);
+    EXPECT_FALSE(test.store->lastError());
+    EXPECT_FALSE(view.dueAlert());
+}
+
+class DetailViewTest : public ::testing::Test {
+protected:
+    DetailViewTest() {
+        Library library = emptyDocument("CAD");
+        library.accounts.push_back(chequing);
+        library.accounts.push_back(brokerage);
+        test.store->replaceLibrary(library, std::nullopt);
+    }
+    [[nodiscard]] DetailScreen screen(std::optional<SidebarItem> selection) const {
+        return detailScreen(selection, test.index());
+    }
+
+    Account chequing = makeAccount("Everyday");
+    Account brokerage = makeAccount("Stocks", AccountType::brokerage);
+    TestEnvironment test;
+};
+
+TEST_F(DetailViewTest, ShowsTheRegisterOfAnOrdinaryAccount) {
+    EXPECT_EQ(screen(SidebarItem::account(chequing.id)),
+              (DetailScreen{DetailScreen::Kind::registerOfAccount, chequing.id}));
+}
+
+TEST_F(DetailViewTest, ShowsTheInvestmentScreenOfAnInvestmentAccount) {
+    EXPECT_EQ(screen(SidebarItem::account(brokerage.id)),
+              (DetailScreen{DetailScreen::Kind::investmentAccount, brokerage.id}));
+}
+
+TEST_F(DetailViewTest, ShowsNoAccountForOneThatIsGone) {
+    const DetailScreen gone = screen(SidebarItem::account(UUID::random()));
+    EXPECT_EQ(gone.kind, DetailScreen::Kind::noAccount);
+    EXPECT_EQ(placeholder(gone.kind), (EmptyState{"No Account Selected", "building.columns",
+                                                  "Choose an account in the sidebar."}));
+}
+
+TEST_F(DetailViewTest, ShowsTheDashboardWhenNothingIsSelected) {
+    EXPECT_EQ(screen(std::nullopt).kind, DetailScreen::Kind::dashboard);
+}
+
+TEST_F(DetailViewTest, GivesEveryOverviewItemAScreenOfItsOwn) {
+    std::vector<DetailScreen::Kind> kinds;
+    for (const SidebarItem& item : overviewItems()) {
+        kinds.push_back(screen(item).kind);
+    }
+    using Kind = DetailScreen::Kind;
+    EXPECT_EQ(kinds, (std::vector<Kind>{Kind::dashboard, Kind::bills, Kind::budget, Kind::reports,
+                                        Kind::investing, Kind::goals, Kind::categories}));
+}
+
+TEST_F(DetailViewTest, NamesTheScreenThatIsNotThereYet) {
+    EXPECT_EQ(placeholder(DetailScreen::Kind::budget).title, "Budget");
+    EXPECT_EQ(placeholder(DetailScreen::Kind::goals).symbolName, "target");
+}
+
+} // namespace
+} // namespace oakfen

@@ -1,0 +1,137 @@
+#include "Oakfen/FileActions.h"
+
+#include <gtest/gtest.h>
+
+#include "OakfenCore/LibraryOperations/Accounts.h"
+#include "Tests/Support/TestEnvironment.h"
+
+namespace oakfen {
+namespace {
+
+using testing::amount;
+using testing::makeAccount;
+using testing::TestEnvironment;
+
+constexpr const char* statement = "Date,Payee,Amount\n2026-03-01,Grocer,-12.34\n";
+
+class FileActionsTest : public ::testing::Test {
+protected:
+    FileActionsTest() {
+        test.store->mutate("New Account", [this](Library& library) {
+            upsert(library, first);
+            upsert(library, second);
+        });
+    }
+    void importFile(const std::string& path, const std::string& bytes) {
+        writeOwnerOnly(test.files, bytes, path);
+        test.panels.path = path;
+        FileActions::importTransactions(*test);
+    }
+    [[nodiscard]] std::shared_ptr<const ImportSession> session() const {
+        const auto* review =
+            test.appState->sheet()
+                ? std::get_if<ActiveSheet::ImportReview>(&test.appState->sheet()->content)
+                : nullptr;
+        return review == nullptr ? nullptr : review->session;
+    }
+
+    Account first = makeAccount("Everyday");
+    Account second = makeAccount("Spare");
+    TestEnvironment test;
+};
+
+TEST_F(FileActionsTest, AsksForAStatement) {
+    FileActions::importTransactions(*test);
+    ASSERT_EQ(test.panels.openRequests.size(), 1U);
+    EXPECT_EQ(test.panels.openRequests[0].title, "Import Transactions");
+    EXPECT_EQ(test.panels.openRequests[0].message,
+              "Choose a CSV, QIF, OFX or QFX statement downloaded from your bank.");
+    EXPECT_FALSE(test.appState->busyMessage());
+    EXPECT_FALSE(test.appState->sheet());
+}
+
+TEST_F(FileActionsTest, OpensTheReviewWithTheLines) {
+    importFile("/home/ann/Downloads/March.csv", statement);
+    EXPECT_TRUE(test.appState->busyMessage());
+    EXPECT_FALSE(test.appState->sheet());
+    test.scheduler.runBackground();
+    EXPECT_FALSE(test.appState->busyMessage());
+    ASSERT_NE(session(), nullptr);
+    EXPECT_EQ(session()->fileName, "March.csv");
+    ASSERT_EQ(session()->items.size(), 1U);
+    EXPECT_EQ(session()->items[0].payee, "Grocer");
+    EXPECT_EQ(session()->items[0].amount, amount("-12.34"));
+    EXPECT_EQ(session()->accountID, first.id);
+    EXPECT_NE(session()->id, UUID{});
+}
+
+TEST_F(FileActionsTest, AimsAtTheSelectedAccount) {
+    test.appState->setSelection(SidebarItem::account(second.id));
+    importFile("/home/ann/March.csv", statement);
+    test.scheduler.runBackground();
+    ASSERT_NE(session(), nullptr);
+    EXPECT_EQ(session()->accountID, second.id);
+}
+
+TEST_F(FileActionsTest, AimsAtTheFirstOpenAccountWhenTheSelectedOneIsGone) {
+    test.appState->setSelection(SidebarItem::account(UUID::random()));
+    importFile("/home/ann/March.csv", statement);
+    test.scheduler.runBackground();
+    ASSERT_NE(session(), nullptr);
+    EXPECT_EQ(session()->accountID, first.id);
+}
+
+TEST_F(FileActionsTest, TakesTheFormatFromTheExtensionInAnyCase) {
+    importFile("/home/ann/March.2026.CSV", statement);
+    test.scheduler.runBackground();
+    EXPECT_NE(session(), nullptr);
+}
+
+TEST_F(FileActionsTest, RefusesAFileOfAnotherKind) {
+    importFile("/home/ann/March.pdf", statement);
+    EXPECT_EQ(test.appState->alertMessage(), "Choose a CSV, QIF, OFX or QFX file.");
+    EXPECT_FALSE(test.appState->busyMessage());
+}
+
+TEST_F(FileActionsTest, RefusesAFileWithoutAnExtension) {
+    importFile("/home/ann.csv/March", statement);
+    EXPECT_EQ(test.appState->alertMessage(), "Choose a CSV, QIF, OFX or QFX file.");
+}
+
+TEST_F(FileActionsTest, RefusesAFileThatIsTooLargeBeforeReadingIt) {
+    importFile("/home/ann/March.csv", std::string(StatementImporter::maxBytes + 1, ' '));
+    EXPECT_EQ(test.appState->alertMessage(), "The file is larger than 25 MB.");
+    EXPECT_FALSE(test.appState->busyMessage());
+}
+
+TEST_F(FileActionsTest, RefusesWhatIsNoFile) {
+    test.files.addFolder("/folder.csv");
+    test.panels.path = "/folder.csv";
+    FileActions::importTransactions(*test);
+    EXPECT_EQ(test.appState->alertMessage(), "The file couldn’t be read as text.");
+}
+
+TEST_F(FileActionsTest, RefusesAFileThatIsNotThere) {
+    test.panels.path = "/home/ann/gone.csv";
+    FileActions::importTransactions(*test);
+    EXPECT_EQ(test.appState->alertMessage(), "The file couldn’t be read as text.");
+}
+
+TEST_F(FileActionsTest, TellsWhenNothingWasFound) {
+    importFile("/home/ann/March.csv", "Date,Payee,Amount\n");
+    test.scheduler.runBackground();
+    EXPECT_EQ(test.appState->alertMessage(), "No transactions were found in the file.");
+    EXPECT_FALSE(test.appState->busyMessage());
+    EXPECT_FALSE(test.appState->sheet());
+}
+
+TEST_F(FileActionsTest, ReadsOneStatementAtATime) {
+    importFile("/home/ann/March.csv", statement);
+    FileActions::importStatement(*test, "/home/ann/gone.csv");
+    EXPECT_FALSE(test.appState->alertMessage());
+    test.scheduler.runBackground();
+    EXPECT_NE(session(), nullptr);
+}
+
+} // namespace
+} // namespace oakfen

@@ -1,0 +1,129 @@
+#include "Oakfen/Views/ImportReviewView.h"
+
+#include <gtest/gtest.h>
+
+#include "OakfenCore/LibraryOperations/Transactions.h"
+#include "Tests/Support/TestEnvironment.h"
+
+namespace oakfen {
+
+using testing::amount;
+using testing::day;
+using testing::makeAccount;
+using testing::makeTransaction;
+using testing::TestEnvironment;
+
+class ImportReview : public ::testing::Test {
+protected:
+    ImportReview() {
+        test_.store->mutate("Add", [this](Library& library) {
+            library.accounts.push_back(everyday_);
+            library.accounts.push_back(savings_);
+            upsert(library, known_);
+        });
+        test_.undoManager->removeAllActions();
+    }
+
+    static ImportedTransaction line(std::string payee, std::string_view value, int dayOfMonth) {
+        return {.id = UUID::random(),
+                .date = day(2026, 3, dayOfMonth, 0),
+                .payee = std::move(payee),
+                .amount = amount(value)};
+    }
+
+    [[nodiscard]] ImportReviewView review(const UUID& accountID) {
+        return {*test_, std::make_shared<const ImportSession>(
+                            ImportSession{.id = UUID::random(),
+                                          .fileName = "march.csv",
+                                          .items = {line("Bakery", "-4.50", 3),
+                                                    line("SHOP", "-40", 5), line("Pay", "1000", 6)},
+                                          .accountID = accountID})};
+    }
+
+    Account everyday_ = makeAccount("Everyday");
+    Account savings_ = makeAccount("Savings", AccountType::savings);
+    Transaction known_ = makeTransaction(everyday_.id, day(2026, 3, 4), "Shop", "-40");
+    TestEnvironment test_;
+};
+
+TEST_F(ImportReview, BeginsWithAllLinesForTheProposedAccount) {
+    const ImportReviewView view = review(everyday_.id);
+    EXPECT_EQ(view.accountID(), everyday_.id);
+    EXPECT_EQ(view.included.size(), 3U);
+    EXPECT_TRUE(view.isIncluded(1));
+    EXPECT_TRUE(view.canImport());
+}
+
+TEST_F(ImportReview, SaysWhatWasFound) {
+    const ImportReviewView view = review(everyday_.id);
+    EXPECT_EQ(view.heading(), "Import march.csv");
+    EXPECT_EQ(view.summary(), "3 transactions found · 1 already in this account");
+}
+
+TEST_F(ImportReview, MarksALineThatTheAccountHas) {
+    const ImportReviewView view = review(everyday_.id);
+    EXPECT_EQ(view.duplicate(0), nullptr);
+    ASSERT_NE(view.duplicate(1), nullptr);
+    EXPECT_EQ(view.duplicate(1)->id, known_.id);
+    EXPECT_EQ(view.duplicateDescription(0), "");
+    EXPECT_NE(view.duplicateDescription(1).find("Shop"), std::string::npos);
+}
+
+TEST_F(ImportReview, LooksForDuplicatesAnewInAnotherAccount) {
+    ImportReviewView view = review(everyday_.id);
+    ASSERT_NE(view.duplicate(1), nullptr);
+    view.setAccountID(savings_.id);
+    EXPECT_EQ(view.duplicate(1), nullptr);
+    EXPECT_EQ(view.summary(), "3 transactions found · 0 already in this account");
+}
+
+TEST_F(ImportReview, LooksForDuplicatesAnewAfterAnEdit) {
+    const ImportReviewView view = review(everyday_.id);
+    ASSERT_EQ(view.duplicate(2), nullptr);
+    test_.store->mutate("Add", [this](Library& library) {
+        upsert(library, makeTransaction(everyday_.id, day(2026, 3, 7), "pay", "1000"));
+    });
+    EXPECT_NE(view.duplicate(2), nullptr);
+}
+
+TEST_F(ImportReview, HasNoAccountWhenTheProposedOneIsNotFound) {
+    ImportReviewView view = review(UUID::random());
+    EXPECT_FALSE(view.accountID());
+    EXPECT_FALSE(view.canImport());
+    EXPECT_EQ(view.duplicate(1), nullptr);
+    view.importLines();
+    EXPECT_FALSE(test_.undoManager->canUndo());
+    view.setAccountID(savings_.id);
+    EXPECT_TRUE(view.canImport());
+}
+
+TEST_F(ImportReview, NeedsALine) {
+    ImportReviewView view = review(everyday_.id);
+    for (std::size_t each = 0; each < view.items().size(); ++each) {
+        view.setIncluded(each, false);
+    }
+    EXPECT_FALSE(view.canImport());
+}
+
+TEST_F(ImportReview, AddsTheTickedLinesInOneStepAndSkipsATickedDuplicate) {
+    ImportReviewView view = review(everyday_.id);
+    view.setIncluded(2, false);
+    view.importLines();
+    EXPECT_EQ(test_.undoManager->undoActionName(), "Import Transactions");
+    ASSERT_EQ(test_.library().transactions.size(), 2U);
+    const Transaction& added = test_.library().transactions.back();
+    EXPECT_EQ(added.payee, "Bakery");
+    EXPECT_EQ(added.cleared, ClearedState::cleared);
+    EXPECT_EQ(added.accountID, everyday_.id);
+    test_.undoManager->undo();
+    EXPECT_EQ(test_.library().transactions.size(), 1U);
+}
+
+TEST_F(ImportReview, AddsToTheChosenAccount) {
+    ImportReviewView view = review(everyday_.id);
+    view.setAccountID(savings_.id);
+    view.importLines();
+    EXPECT_EQ(test_.index().transactions(savings_.id).size(), 3U);
+}
+
+} // namespace oakfen

@@ -1,0 +1,248 @@
+#include "Oakfen/Views/SidebarView.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "OakfenCore/LibraryOperations/Accounts.h"
+#include "Tests/Support/TestEnvironment.h"
+
+namespace oakfen {
+namespace {
+
+using testing::amount;
+using testing::day;
+using testing::makeAccount;
+using testing::makeTransaction;
+using testing::TestEnvironment;
+
+class SidebarViewTest : public ::testing::Test {
+protected:
+    Account add(Account account) {
+        test.store->mutate("New Account", [&](Library& library) { upsert(library, account); });
+        return account;
+    }
+    void addReminder(Date nextDate) {
+        test.store->mutate("New Reminder", [&](Library& library) {
+            library.scheduled.push_back(
+                {.id = UUID::random(), .payee = "Rent", .nextDate = nextDate});
+        });
+    }
+    [[nodiscard]] int badge(SidebarItem::Kind kind) const {
+        const auto rows = view.overview();
+        return std::find_if(rows.begin(), rows.end(),
+                            [kind](const auto& row) { return row.item.kind == kind; })
+            ->badge;
+    }
+    [[nodiscard]] std::vector<std::string> menuTitles(const UUID& id) {
+        std::vector<std::string> titles;
+        for (const MenuEntry& entry : view.contextMenu(id)) {
+            titles.push_back(entry.title);
+        }
+        return titles;
+    }
+    void perform(const UUID& id, const std::string& title) {
+        for (const MenuEntry& entry : view.contextMenu(id)) {
+            if (entry.title == title) {
+                entry.perform();
+                return;
+            }
+        }
+        FAIL() << "no entry is called " << title;
+    }
+
+    TestEnvironment test;
+    SidebarView view{*test};
+};
+
+TEST_F(SidebarViewTest, ListsTheOverviewWithIcons) {
+    const auto rows = view.overview();
+    ASSERT_EQ(rows.size(), 7U);
+    EXPECT_EQ(rows[1].title, "Bills & Income");
+    EXPECT_EQ(rows[1].symbolName, "calendar.badge.clock");
+    EXPECT_EQ(rows[1].item.kind, SidebarItem::Kind::bills);
+}
+
+TEST_F(SidebarViewTest, CountsRemindersDueTodayButNotTomorrow) {
+    addReminder(
+        Calendar::utc().date({.year = 2026, .month = 3, .day = 15, .hour = 23, .minute = 59}));
+    addReminder(day(2026, 3, 16, 0));
+    addReminder(day(2026, 2, 1));
+    EXPECT_EQ(badge(SidebarItem::Kind::bills), 2);
+    EXPECT_EQ(badge(SidebarItem::Kind::dashboard), 0);
+}
+
+TEST_F(SidebarViewTest, GroupsAccountsInTheOrderOfTheGroups) {
+    add(makeAccount("Loan", AccountType::loan));
+    add(makeAccount("Visa", AccountType::creditCard));
+    add(makeAccount("zebra"));
+    add(makeAccount("Apple"));
+    const auto sections = view.sections();
+    ASSERT_EQ(sections.size(), 3U);
+    EXPECT_EQ(sections[0].title, "Banking");
+    ASSERT_EQ(sections[0].rows.size(), 2U);
+    EXPECT_EQ(sections[0].rows[0].name, "Apple");
+    EXPECT_EQ(sections[1].title, "Credit");
+    EXPECT_EQ(sections[2].title, "Property & Debt");
+}
+
+TEST_F(SidebarViewTest, HasNoSectionForAGroupOfOnlyClosedAccounts) {
+    Account account = makeAccount("Old Card", AccountType::creditCard);
+    account.isClosed = true;
+    add(account);
+    EXPECT_TRUE(view.sections().empty());
+    view.toggleClosedAccounts();
+    EXPECT_TRUE(view.showsClosedAccounts());
+    ASSERT_EQ(view.sections().size(), 1U);
+    EXPECT_TRUE(view.sections()[0].rows[0].isClosed);
+    EXPECT_TRUE(test.defaults.boolean("showClosedAccounts"));
+}
+
+TEST_F(SidebarViewTest, ShowsTheBalanceOfAClosedAccountToo) {
+    Account account = makeAccount("Old Savings", AccountType::savings);
+    account.isClosed = true;
+    account.openingBalance = amount("12.5");
+    add(account);
+    view.toggleClosedAccounts();
+    EXPECT_NE(view.sections()[0].rows[0].balance.find("12.50"), std::string::npos);
+}
+
+TEST_F(SidebarViewTest, TellsANegativeBalance) {
+    Account account = makeAccount("Visa", AccountType::creditCard);
+    account.openingBalance = amount("-50");
+    add(account);
+    EXPECT_TRUE(view.sections()[0].rows[0].isNegative);
+}
+
+TEST_F(SidebarViewTest, TellsHowMuchOfTheLimitIsUsed) {
+    Account card = makeAccount("Visa", AccountType::creditCard);
+    card.creditLimit = amount("1000");
+    EXPECT_EQ(creditUseText(card, amount("-429.99")), "42% of limit used");
+    EXPECT_EQ(creditUseText(card, Decimal()), "0% of limit used");
+}
+
+TEST_F(SidebarViewTest, ShowsANegativeUseForCreditInOnesFavour) {
+    Account card = makeAccount("Visa", AccountType::creditCard);
+    card.creditLimit = amount("200");
+    EXPECT_EQ(creditUseText(card, amount("25")), "-12% of limit used");
+}
+
+TEST_F(SidebarViewTest, ShowsNoUseWithoutALimit) {
+    Account card = makeAccount("Visa", AccountType::creditCard);
+    EXPECT_FALSE(creditUseText(card, amount("-10")));
+    card.creditLimit = Decimal();
+    EXPECT_FALSE(creditUseText(card, amount("-10")));
+    card.creditLimit = amount("-5");
+    EXPECT_FALSE(creditUseText(card, amount("-10")));
+    Account chequing = makeAccount("Everyday");
+    chequing.creditLimit = amount("100");
+    EXPECT_FALSE(creditUseText(chequing, amount("-10")));
+}
+
+TEST_F(SidebarViewTest, ShowsNoUseThatNoIntegerHolds) {
+    Account card = makeAccount("Visa", AccountType::creditCard);
+    card.creditLimit = amount("0.000000000000000001");
+    EXPECT_FALSE(creditUseText(card, amount("-1000000000")));
+}
+
+TEST_F(SidebarViewTest, SumsUpInTheFooter) {
+    Account savings = makeAccount("Savings", AccountType::savings);
+    savings.openingBalance = amount("1000");
+    add(savings);
+    Account card = makeAccount("Visa", AccountType::creditCard);
+    card.openingBalance = amount("-1250");
+    add(card);
+    const SidebarView::Footer footer = view.footer();
+    EXPECT_TRUE(footer.isNegative);
+    EXPECT_NE(footer.netWorth.find("250.00"), std::string::npos);
+    EXPECT_EQ(footer.assets.rfind("Assets ", 0), 0U);
+    EXPECT_NE(footer.assets.find("1,000.00"), std::string::npos);
+    EXPECT_EQ(footer.liabilities.rfind("Liabilities ", 0), 0U);
+}
+
+TEST_F(SidebarViewTest, OffersAMenuForAnOrdinaryAccount) {
+    const UUID id = add(makeAccount("Everyday")).id;
+    EXPECT_EQ(menuTitles(id),
+              (std::vector<std::string>{"Edit Account", "Reconcile…", "New Transaction",
+                                        "Close Account", "Delete Account…"}));
+}
+
+TEST_F(SidebarViewTest, LeavesReconcilingOutForAnInvestmentAccount) {
+    const UUID id = add(makeAccount("Stocks", AccountType::brokerage)).id;
+    EXPECT_EQ(menuTitles(id),
+              (std::vector<std::string>{"Edit Account", "Close Account", "Delete Account…"}));
+}
+
+TEST_F(SidebarViewTest, HasNoMenuForAnAccountThatIsGone) {
+    EXPECT_TRUE(view.contextMenu(UUID::random()).empty());
+}
+
+TEST_F(SidebarViewTest, EditsAnAccountInASheet) {
+    const UUID id = add(makeAccount("Everyday")).id;
+    perform(id, "Edit Account");
+    EXPECT_EQ(test.appState->sheet(), ActiveSheet{ActiveSheet::EditAccount{id}});
+}
+
+TEST_F(SidebarViewTest, ClosesAndReopensAnAccountAsOneStepEach) {
+    const UUID id = add(makeAccount("Everyday")).id;
+    perform(id, "Close Account");
+    EXPECT_TRUE(test.index().account(id)->isClosed);
+    EXPECT_EQ(test.undoManager->undoActionName(), "Close Account");
+    perform(id, "Reopen Account");
+    EXPECT_FALSE(test.index().account(id)->isClosed);
+    EXPECT_EQ(test.undoManager->undoActionName(), "Reopen Account");
+}
+
+TEST_F(SidebarViewTest, AsksBeforeDeletingAnAccount) {
+    const UUID id = add(makeAccount("Everyday")).id;
+    test.panels.confirms = false;
+    perform(id, "Delete Account…");
+    ASSERT_EQ(test.panels.confirmations.size(), 1U);
+    const ConfirmationRequest& request = test.panels.confirmations[0];
+    EXPECT_EQ(request.title, "Delete Everyday?");
+    EXPECT_EQ(request.message, "All of this account’s transactions will be removed. Transfers to "
+                               "other accounts stay but become uncategorized.");
+    EXPECT_EQ(request.confirmTitle, "Delete Account");
+    EXPECT_TRUE(request.isDestructive);
+    EXPECT_NE(test.index().account(id), nullptr);
+}
+
+TEST_F(SidebarViewTest, LandsOnTheDashboardAfterDeletingTheSelectedAccount) {
+    const UUID id = add(makeAccount("Everyday")).id;
+    test.appState->setSelection(SidebarItem::account(id));
+    bool existedWhenLeft = false;
+    const Subscription watching = test.appState->selectionChanged.observe(
+        [&] { existedWhenLeft = test.index().account(id) != nullptr; });
+    view.requestDeletion(id);
+    EXPECT_EQ(test.index().account(id), nullptr);
+    EXPECT_EQ(test.appState->selection(), SidebarItem{SidebarItem::Kind::dashboard});
+    EXPECT_TRUE(existedWhenLeft);
+    EXPECT_EQ(test.undoManager->undoActionName(), "Delete Account");
+}
+
+TEST_F(SidebarViewTest, KeepsTheSelectionWhenAnotherAccountIsDeleted) {
+    const UUID shown = add(makeAccount("Everyday")).id;
+    const UUID other = add(makeAccount("Spare")).id;
+    test.appState->setSelection(SidebarItem::account(shown));
+    view.requestDeletion(other);
+    EXPECT_EQ(test.appState->selectedAccountID(), shown);
+    EXPECT_EQ(test.library().accounts.size(), 1U);
+}
+
+TEST_F(SidebarViewTest, AddsFromItsMenu) {
+    const auto entries = view.addMenu();
+    ASSERT_EQ(entries.size(), 4U);
+    EXPECT_EQ(entries[0].title, "New Account…");
+    EXPECT_EQ(entries[1].title, "New Category…");
+    EXPECT_EQ(entries[2].title, "New Reminder…");
+    EXPECT_EQ(entries[3].title, "Show Closed Accounts");
+    EXPECT_EQ(entries[3].isChecked, false);
+    EXPECT_TRUE(entries[3].startsGroup);
+    entries[0].perform();
+    EXPECT_EQ(test.appState->sheet(), ActiveSheet{ActiveSheet::NewAccount{}});
+    entries[3].perform();
+    EXPECT_EQ(view.addMenu()[3].isChecked, true);
+}
+
+} // namespace
+} // namespace oakfen

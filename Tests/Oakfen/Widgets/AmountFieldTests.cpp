@@ -1,0 +1,90 @@
+#include "Oakfen/Widgets/Components/AmountField.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+#include "Tests/Support/TestLedger.h"
+
+namespace oakfen {
+
+using testing::amount;
+
+namespace {
+
+QString qs(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+/// A field in a window that it can lose the focus in.
+struct Form {
+    QWidget window;
+    AmountField* field = new AmountField(qs("Opening Balance"), &window);
+    QLineEdit* other = new QLineEdit(&window);
+
+    Form() {
+        window.show();
+        window.activateWindow();
+        QApplication::processEvents();
+        field->setFocus();
+        QApplication::processEvents();
+    }
+
+    void type(const char* text) {
+        field->selectAll();
+        QTest::keyClicks(field, qs(text));
+    }
+};
+
+} // namespace
+
+TEST(AmountFieldWidget, StartsAtZeroAndSaysWhatItIsFor) {
+    const AmountField field(qs("Opening Balance"));
+    EXPECT_EQ(field.text(), qs("0.00"));
+    EXPECT_EQ(field.accessibleName(), qs("Opening Balance"));
+    EXPECT_TRUE(field.isReadable());
+}
+
+TEST(AmountFieldWidget, TakesWhatIsTypedAndShowsTwoDecimalsAfterwards) {
+    Form form;
+    form.type("1234.5");
+    EXPECT_EQ(form.field->value(), amount("1234.5"));
+    EXPECT_EQ(form.field->text(), qs("1234.5"));
+    form.other->setFocus();
+    EXPECT_EQ(form.field->text(), qs("1,234.50"));
+}
+
+TEST(AmountFieldWidget, TellsOfEachChange) {
+    Form form;
+    int changes = 0;
+    form.field->edited = [&changes] { ++changes; };
+    form.type("12");
+    EXPECT_EQ(changes, 2);
+}
+
+TEST(AmountFieldWidget, ExplainsATextThatIsNoAmount) {
+    Form form;
+    form.field->setValue(amount("40"));
+    form.type("abc");
+    EXPECT_FALSE(form.field->isReadable());
+    EXPECT_EQ(form.field->value(), amount("40"));
+    EXPECT_EQ(form.field->toolTip(), form.field->explanation());
+    EXPECT_TRUE(form.field->explanation().contains(qs("abc")));
+    form.other->setFocus();
+    EXPECT_EQ(form.field->text(), qs("abc"));
+}
+
+TEST(AmountFieldWidget, KeepsDigitsThatItDoesNotShow) {
+    Form form;
+    form.field->setValue(amount("1.2345"));
+    EXPECT_EQ(form.field->text(), qs("1.23"));
+    form.other->setFocus();
+    EXPECT_EQ(form.field->value(), amount("1.2345"));
+}
+
+TEST(AmountFieldWidget, SelectsItsTextWhenItIsEntered) {
+    Form form;
+    EXPECT_EQ(form.field->selectedText(), qs("0.00"));
+}
+
+} // namespace oakfen

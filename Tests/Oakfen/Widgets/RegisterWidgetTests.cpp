@@ -1,0 +1,281 @@
+#include "Oakfen/Widgets/RegisterWidget.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMenu>
+#include <QTest>
+
+#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/Components/LedgerTable.h"
+#include "Oakfen/Widgets/EmptyStateWidget.h"
+#include "OakfenCore/Support/Formatting.h"
+#include "Tests/Oakfen/Views/RegisterFixture.h"
+
+namespace oakfen {
+
+using testing::RegisterFixture;
+
+class RegisterWindow : public RegisterFixture {
+protected:
+    RegisterWindow() { open(everyday.id); }
+
+    void open(const UUID& accountID) {
+        widget = std::make_unique<RegisterWidget>(*test, accountID);
+        widget->resize(1100, 600);
+        widget->show();
+        widget->activateWindow();
+        QApplication::processEvents();
+        widget->table()->setFocus();
+        QApplication::processEvents();
+    }
+
+    [[nodiscard]] std::string payees() const {
+        const auto* model = widget->table()->model();
+        std::string result;
+        for (int row = 0; row < model->rowCount(); ++row) {
+            result += (row == 0 ? "" : "|") + cell(row, RegisterColumn::payee);
+        }
+        return result;
+    }
+
+    [[nodiscard]] std::string cell(int row, RegisterColumn column) const {
+        return utf8(index(row, column).data().toString());
+    }
+
+    [[nodiscard]] QModelIndex index(int row, RegisterColumn column) const {
+        return widget->table()->model()->index(row, static_cast<int>(column));
+    }
+
+    void click(int row, RegisterColumn column, Qt::KeyboardModifiers modifiers = {}) const {
+        QTest::mouseClick(widget->table()->viewport(), Qt::LeftButton, modifiers,
+                          widget->table()->visualRect(index(row, column)).center());
+    }
+
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const {
+        QTest::keyClick(widget->table(), key, modifiers);
+    }
+
+    [[nodiscard]] UUIDSet selection() const { return widget->view().selection; }
+
+    [[nodiscard]] QAbstractButton* button(const char* text) const {
+        for (QAbstractButton* each : widget->findChildren<QAbstractButton*>()) {
+            if (each->text() == QString::fromUtf8(text) && each->isVisible()) {
+                return each;
+            }
+        }
+        return nullptr;
+    }
+
+    static std::vector<std::string> titles(const QMenu& menu) {
+        std::vector<std::string> result;
+        for (const QAction* action : menu.actions()) {
+            result.push_back(action->isSeparator() ? "-" : utf8(action->text()));
+        }
+        return result;
+    }
+
+    static QAction* action(const QMenu& menu, const char* title) {
+        for (QAction* each : menu.actions()) {
+            if (each->text() == QString::fromUtf8(title)) {
+                return each;
+            }
+        }
+        return nullptr;
+    }
+
+    std::unique_ptr<RegisterWidget> widget;
+};
+
+TEST_F(RegisterWindow, ShowsTheRowsWithTheirFigures) {
+    EXPECT_EQ(payees(), "Rent|Pay|Shop|Card Company");
+    EXPECT_EQ(cell(0, RegisterColumn::payment), "$1,200.00");
+    EXPECT_EQ(cell(0, RegisterColumn::deposit), "");
+    EXPECT_EQ(cell(1, RegisterColumn::deposit), "$1,000.00");
+    EXPECT_EQ(cell(0, RegisterColumn::balance), "$260.00");
+    EXPECT_EQ(cell(2, RegisterColumn::category), "Food");
+    EXPECT_EQ(cell(0, RegisterColumn::date), numericDateText(rent.date, Calendar::utc()));
+}
+
+TEST_F(RegisterWindow, HasRowsOfOneHeight) {
+    EXPECT_EQ(widget->table()->rowHeight(0), 28);
+    EXPECT_EQ(widget->table()->rowHeight(3), 28);
+}
+
+TEST_F(RegisterWindow, DrawsAPayeeWithLineEndsOnOneLine) {
+    test.store->mutate("Edit", [this](Library& library) {
+        Transaction changed = shop;
+        changed.payee = "<b>Corner</b>\r\nShop";
+        upsert(library, changed);
+    });
+    EXPECT_EQ(cell(2, RegisterColumn::payee), "<b>Corner</b> Shop");
+    EXPECT_EQ(stored(shop.id).payee, "<b>Corner</b>\r\nShop");
+}
+
+TEST_F(RegisterWindow, ShowsABanksMarkupInATooltipAsText) {
+    test.store->mutate("Edit", [this](Library& library) {
+        Transaction changed = shop;
+        changed.memo = "<img src=x>";
+        upsert(library, changed);
+    });
+    EXPECT_EQ(index(2, RegisterColumn::payee).data(Qt::ToolTipRole).toString(),
+              QStringLiteral("&lt;img src=x&gt;"));
+}
+
+TEST_F(RegisterWindow, WalksWithTheArrowKeys) {
+    click(0, RegisterColumn::payee);
+    EXPECT_EQ(selection(), UUIDSet{rent.id});
+    press(Qt::Key_Down);
+    EXPECT_EQ(selection(), UUIDSet{pay.id});
+    press(Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(selection(), (UUIDSet{pay.id, shop.id}));
+    press(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(selection().size(), 4U);
+}
+
+TEST_F(RegisterWindow, SelectsSeveralRowsWithTheMouse) {
+    click(0, RegisterColumn::payee);
+    click(2, RegisterColumn::payee, Qt::ControlModifier);
+    EXPECT_EQ(selection(), (UUIDSet{rent.id, shop.id}));
+}
+
+TEST_F(RegisterWindow, TogglesTheStateWithAClickOnTheMark) {
+    click(1, RegisterColumn::cleared);
+    EXPECT_EQ(stored(pay.id).cleared, ClearedState::cleared);
+    click(1, RegisterColumn::cleared);
+    EXPECT_EQ(stored(pay.id).cleared, ClearedState::uncleared);
+}
+
+TEST_F(RegisterWindow, DoesNotToggleWhileSelectingMore) {
+    click(1, RegisterColumn::cleared, Qt::ControlModifier);
+    EXPECT_EQ(stored(pay.id).cleared, ClearedState::uncleared);
+}
+
+TEST_F(RegisterWindow, TogglesTheStateOfTheCurrentRowWithTheSpaceBar) {
+    click(0, RegisterColumn::payee);
+    press(Qt::Key_Space);
+    EXPECT_EQ(stored(rent.id).cleared, ClearedState::cleared);
+    press(Qt::Key_Space);
+    EXPECT_EQ(stored(rent.id).cleared, ClearedState::uncleared);
+}
+
+TEST_F(RegisterWindow, KeepsTheSelectionAndTheCurrentRowThroughAnEdit) {
+    click(1, RegisterColumn::payee);
+    press(Qt::Key_Down, Qt::ShiftModifier);
+    test.store->mutate("Edit", [this](Library& library) {
+        upsert(library,
+               testing::makeTransaction(everyday.id, testing::day(2026, 4, 1), "New", "1"));
+    });
+    EXPECT_EQ(payees(), "New|Rent|Pay|Shop|Card Company");
+    EXPECT_EQ(selection(), (UUIDSet{pay.id, shop.id}));
+    EXPECT_TRUE(widget->table()->selectionModel()->isRowSelected(2));
+    EXPECT_TRUE(widget->table()->selectionModel()->isRowSelected(3));
+    EXPECT_EQ(widget->table()->currentIndex().row(), 3);
+}
+
+TEST_F(RegisterWindow, AsksWithTheDeleteKeyAndDeletes) {
+    click(2, RegisterColumn::payee);
+    press(Qt::Key_Delete);
+    ASSERT_EQ(test.panels.confirmations.size(), 1U);
+    EXPECT_EQ(test.panels.confirmations[0].title, "Delete 1 transaction?");
+    EXPECT_EQ(payees(), "Rent|Pay|Card Company");
+    EXPECT_TRUE(selection().empty());
+    test.undoManager->undo();
+    EXPECT_EQ(payees(), "Rent|Pay|Shop|Card Company");
+}
+
+TEST_F(RegisterWindow, AsksNothingWithTheDeleteKeyWhenNothingIsSelected) {
+    press(Qt::Key_Delete);
+    EXPECT_TRUE(test.panels.confirmations.empty());
+}
+
+TEST_F(RegisterWindow, OpensTheEditorWithReturnWhenThereIsOne) {
+    click(2, RegisterColumn::payee);
+    press(Qt::Key_Return);
+    EXPECT_EQ(test.appState->sheet().has_value(), RegisterView::canEditTransaction());
+}
+
+TEST_F(RegisterWindow, SortsWithAClickOnAHeaderAndTurnsRoundWithTheNext) {
+    QHeaderView* header = widget->table()->horizontalHeader();
+    const auto clickHeader = [&](RegisterColumn column) {
+        const int section = static_cast<int>(column);
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                          QPoint(header->sectionViewportPosition(section) + 20, 10));
+    };
+    clickHeader(RegisterColumn::payee);
+    EXPECT_EQ(payees(), "Card Company|Pay|Rent|Shop");
+    EXPECT_EQ(header->sortIndicatorOrder(), Qt::AscendingOrder);
+    clickHeader(RegisterColumn::payee);
+    EXPECT_EQ(payees(), "Shop|Rent|Pay|Card Company");
+    EXPECT_EQ(header->sortIndicatorOrder(), Qt::DescendingOrder);
+    clickHeader(RegisterColumn::tags);
+    EXPECT_EQ(header->sortIndicatorSection(), static_cast<int>(RegisterColumn::payee));
+}
+
+TEST_F(RegisterWindow, SearchesAsOneTypes) {
+    QTest::keyClicks(widget->searchField(), QStringLiteral("shop"));
+    EXPECT_EQ(payees(), "Shop");
+    QTest::keyClicks(widget->searchField(), QStringLiteral("x"));
+    EXPECT_FALSE(widget->table()->isVisible());
+    EXPECT_NE(widget->findChild<EmptyStateWidget*>(), nullptr);
+    widget->searchField()->clear();
+    EXPECT_TRUE(widget->table()->isVisible());
+    EXPECT_EQ(payees(), "Rent|Pay|Shop|Card Company");
+}
+
+TEST_F(RegisterWindow, OffersToImportIntoAnEmptyAccount) {
+    open(savings.id);
+    EXPECT_FALSE(widget->table()->isVisible());
+    QAbstractButton* import = button("Import…");
+    ASSERT_NE(import, nullptr);
+    QTest::mouseClick(import, Qt::LeftButton);
+    EXPECT_EQ(test.panels.openRequests.size(), 1U);
+}
+
+TEST_F(RegisterWindow, HasAMenuForOneEntry) {
+    const auto menu = widget->makeContextMenu({cardPayment.id});
+    EXPECT_EQ(titles(*menu), (std::vector<std::string>{"Edit", "Duplicate", "Go to Card", "-",
+                                                       "Mark As", "Set Category", "-", "Delete"}));
+    EXPECT_EQ(titles(*action(*menu, "Mark As")->menu()),
+              (std::vector<std::string>{"Uncleared", "Cleared", "Reconciled"}));
+    EXPECT_EQ(titles(*action(*menu, "Set Category")->menu()),
+              (std::vector<std::string>{"Food", "-", "Salary"}));
+}
+
+TEST_F(RegisterWindow, HasAMenuForSeveralEntries) {
+    const auto menu = widget->makeContextMenu({shop.id, pay.id});
+    EXPECT_EQ(titles(*menu), (std::vector<std::string>{"Mark As", "Set Category", "-", "Delete"}));
+    action(*action(*menu, "Mark As")->menu(), "Reconciled")->trigger();
+    EXPECT_EQ(stored(shop.id).cleared, ClearedState::reconciled);
+    EXPECT_EQ(stored(pay.id).cleared, ClearedState::reconciled);
+    action(*action(*menu, "Set Category")->menu(), "Salary")->trigger();
+    EXPECT_EQ(stored(shop.id).categoryID, salary.id);
+}
+
+TEST_F(RegisterWindow, EmptiesItselfWhenItsAccountIsDeleted) {
+    test.store->mutate("Delete Account",
+                       [this](Library& library) { deleteAccount(library, everyday.id); });
+    EXPECT_EQ(widget->table()->model()->rowCount(), 0);
+}
+
+TEST_F(RegisterWindow, RemembersItsColumnWidths) {
+    widget->table()->horizontalHeader()->resizeSection(static_cast<int>(RegisterColumn::category),
+                                                       222);
+    widget.reset();
+    open(card.id);
+    EXPECT_EQ(widget->table()->columnWidth(static_cast<int>(RegisterColumn::category)), 222);
+}
+
+TEST_F(RegisterWindow, NamesEveryControlForAScreenReader) {
+    for (const QWidget* each : widget->findChildren<QWidget*>()) {
+        if (each->focusPolicy() != Qt::NoFocus && each->isVisible() &&
+            each->parentWidget() != widget->table() && each->parentWidget() != nullptr &&
+            qobject_cast<const QAbstractButton*>(each) == nullptr) {
+            EXPECT_FALSE(each->accessibleName().isEmpty()) << each->metaObject()->className();
+        }
+    }
+}
+
+} // namespace oakfen
