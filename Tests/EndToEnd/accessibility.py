@@ -29,13 +29,16 @@ def is_usable(node):
     return states.contains(pyatspi.STATE_SHOWING) and states.contains(pyatspi.STATE_ENABLED)
 
 
-def find(role, name, root=None):
-    """The first control of that role and name that can be used now."""
+def find(role, name, within=None):
+    """The last control of that role and name that can be used now: a sheet or a question comes after
+    the window that it covers. `within` names the window to look in."""
     def look():
-        for node in everything(root or application()):
-            if node.getRoleName() == role and node.name == name and is_usable(node):
-                return node
-        return None
+        root = application()
+        if within is not None:
+            root = [window for window in root if window.name == within][-1]
+        found = [node for node in everything(root)
+                 if node.getRoleName() == role and node.name == name and is_usable(node)]
+        return found[-1] if found else None
     return eventually(f"the {role} “{name}”", look)
 
 
@@ -44,20 +47,31 @@ def exists(role, name):
                for node in everything(application()))
 
 
-def press(role, name):
-    node = find(role, name)
-    actions = node.queryAction()
+def press(name, role="push button", within=None):
+    actions = find(role, name, within).queryAction()
     for index in range(actions.nActions):
-        if actions.getName(index) in ("Press", "press", "click", "Toggle", "Trigger"):
+        if actions.getName(index).lower() in ("press", "click", "toggle"):
             actions.doAction(index)
             return
     actions.doAction(0)
 
 
-def write(name, text):
-    """Puts the text into the field of that name."""
+def open_account(desktop, name):
+    """Goes to the account in the sidebar by typing its name there."""
+    sidebar = find("tree", "Screens and accounts")
+    sidebar.queryComponent().grabFocus()
+    desktop.type(name)
+    find("label", name)
+
+
+def write(desktop, name, text):
+    """Types the text into the field of that name."""
     field = find("text", name)
-    field.queryEditableText().setTextContents(text)
+    field.queryComponent().grabFocus()
+    eventually(f"the focus in {name}",
+               lambda: field.getState().contains(pyatspi.STATE_FOCUSED))
+    desktop.key("ctrl+a")
+    desktop.type(text)
     eventually(f"“{text}” in {name}", lambda: field.queryText().getText(0, -1) == text)
 
 

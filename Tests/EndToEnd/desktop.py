@@ -15,6 +15,9 @@ PATIENCE = 30  # seconds to wait for what must appear
 class Desktop:
     """An X server, a window manager and empty home folders, gone at the end."""
 
+    def __init__(self, network_log=None):
+        self.network_log = network_log
+
     def __enter__(self):
         self.home = tempfile.mkdtemp(prefix="oakfen-walk-")
         read_end, write_end = os.pipe()
@@ -53,7 +56,13 @@ class Desktop:
         return os.path.join(self.home, "data", "Tarnwick", "Library.tarnwick")
 
     def start(self, program, *arguments):
-        return subprocess.Popen([program, *arguments], env=self.environment)
+        """Starts the program; with `network_log` set, notes every call on sockets there."""
+        command = [program, *arguments]
+        if self.network_log:
+            # -D: the program keeps the process id that signals are sent to.
+            command = ["strace", "-D", "-f", "-A", "-o", self.network_log, "-e", "trace=network",
+                       *command]
+        return subprocess.Popen(command, env=self.environment)
 
     def key(self, *keys):
         """Presses keys in the window that has the focus."""

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <cstddef>
+
+namespace oakfen::benchmarks {
+
+// Each registers its benchmarks for a ledger, or a statement, of that many lines.
+void registerLedgerBenchmarks(std::size_t count);
+void registerStatementBenchmarks(std::size_t lines);
+
+} // namespace oakfen::benchmarks
