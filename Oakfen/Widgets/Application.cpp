@@ -24,26 +24,27 @@ namespace oakfen {
 
 namespace {
 
+using StoreMaker = std::function<std::unique_ptr<LibraryStore>(LibraryStoreServices)>;
+
 /// The long-lived objects in the order in which they are made, and how they hang together.
 class Program {
 public:
-    Program(const DataFileChoice& choice, SingleInstance& instance)
-        : store_(
-              choice.path,
-              LibraryStoreServices{files_, scheduler_, clock_, defaults_, passwords_, legacyKeys_},
-              choice.choiceKey),
-          appState_(defaults_), environment_{store_, appState_,  panels_, defaults_,
-                                             clock_, scheduler_, files_},
+    explicit Program(const StoreMaker& makeStore)
+        : store_(makeStore({files_, scheduler_, clock_, defaults_, passwords_, legacyKeys_})),
+          appState_(defaults_), environment_{*store_, appState_,  panels_, defaults_,
+                                             clock_,  scheduler_, files_},
           termination_(environment_, [] { QCoreApplication::exit(0); }),
           window_(environment_, [this] { termination_.requestQuit(); }),
           signals_([this] { termination_.quitWithoutAsking(); }) {
         panels_.setWindow(&window_);
-        instance.listen([this] { window_.present(); });
         // A session that ends may not wait for an answer, but a save is quick.
         QObject::connect(qApp, &QGuiApplication::commitDataRequest, &window_,
-                         [this](QSessionManager&) { store_.saveNow(); });
+                         [this](QSessionManager&) { store_->saveNow(); });
         window_.show();
     }
+
+    /// Brings the window to the front.
+    void present() { window_.present(); }
 
 private:
     FileSystem& files_ = systemFiles();
@@ -53,7 +54,7 @@ private:
     // Nothing is encrypted yet, so there is nothing to remember beyond the program's life.
     InMemoryPasswordStore passwords_;
     InMemoryLegacyKeyStore legacyKeys_;
-    LibraryStore store_;
+    std::unique_ptr<LibraryStore> store_;
     AppState appState_;
     QtPanels panels_;
     AppEnvironment environment_;
@@ -67,6 +68,8 @@ struct Arguments {
     std::optional<std::string> file;
     /// Render pictures of every screen into this folder instead of opening the window.
     std::optional<std::string> tourFolder;
+    /// Open a sample household in memory instead of a file.
+    bool wantsSample = false;
 };
 
 /// Reads the arguments. Ends the program after `--help` and `--version`.
@@ -79,7 +82,10 @@ Arguments readArguments(const QApplication& application) {
     const QCommandLineOption tour(QStringLiteral("tour"),
                                   QStringLiteral("Render every screen into DIR and end."),
                                   QStringLiteral("DIR"));
-    parser.addOption(tour);
+    const QCommandLineOption sample(
+        QStringLiteral("sample"),
+        QStringLiteral("Open a sample household to look around in; nothing is saved."));
+    parser.addOptions({tour, sample});
     parser.addPositionalArgument(QStringLiteral("FILE"),
                                  QStringLiteral("The data file to open; your own by default."),
                                  QStringLiteral("[FILE]"));
@@ -92,6 +98,7 @@ Arguments readArguments(const QApplication& application) {
     if (parser.isSet(tour)) {
         arguments.tourFolder = utf8(parser.value(tour));
     }
+    arguments.wantsSample = parser.isSet(sample);
     return arguments;
 }
 
@@ -103,6 +110,21 @@ int runTour(const std::string& folder, const std::optional<std::string>& file) {
         QTextStream(stderr) << qt(error.localizedDescription()) << Qt::endl;
         return 1;
     }
+}
+
+/// Opens the file in a window; raises the window that has it open already.
+int runDataFile(const DataFileChoice& choice) {
+    SingleInstance instance(choice.path);
+    if (!instance.isFirst()) {
+        instance.raiseFirst();
+        return 0;
+    }
+    Theme::apply(*qApp);
+    Program program([&](LibraryStoreServices services) {
+        return std::make_unique<LibraryStore>(choice.path, services, choice.choiceKey);
+    });
+    instance.listen([&] { program.present(); });
+    return QApplication::exec();
 }
 
 } // namespace
@@ -120,16 +142,12 @@ int runApplication(int& argumentCount, char** arguments) {
         Theme::apply(*qApp);
         return runTour(*given.tourFolder, given.file);
     }
-    const DataFileChoice choice =
-        dataFileChoice(systemFiles(), given.file, utf8(QDir::currentPath()));
-    SingleInstance instance(choice.path);
-    if (!instance.isFirst()) {
-        instance.raiseFirst();
-        return 0;
+    if (given.wantsSample) {
+        Theme::apply(*qApp);
+        const Program program(&LibraryStore::preview);
+        return QApplication::exec();
     }
-    Theme::apply(*qApp);
-    const Program program(choice, instance);
-    return QApplication::exec();
+    return runDataFile(dataFileChoice(systemFiles(), given.file, utf8(QDir::currentPath())));
 }
 
 } // namespace oakfen
