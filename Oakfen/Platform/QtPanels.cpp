@@ -1,6 +1,7 @@
 #include "Oakfen/Platform/QtPanels.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
 #include <QGridLayout>
 #include <QLabel>
@@ -12,6 +13,7 @@
 
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/MessageBox.h"
+#include "Oakfen/Widgets/Theme.h"
 
 namespace oakfen {
 
@@ -25,6 +27,12 @@ QString nameFilter(const std::string& name, const std::vector<std::string>& exte
                  << QStringLiteral("*.") + qt(extension).toUpper();
     }
     return qt(name) + QStringLiteral(" (") + patterns.join(QLatin1Char(' ')) + QLatin1Char(')');
+}
+
+/// Where a browser puts what one downloads; the home folder where there is no such place.
+QString downloadFolder() {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
+    return QDir(folder).exists() ? folder : QDir::homePath();
 }
 
 void addMessage(QFileDialog* dialog, const std::string& message) {
@@ -48,9 +56,7 @@ QWidget* QtPanels::parent() const {
 void QtPanels::run(QFileDialog* dialog, std::function<void(std::optional<std::string>)> then) {
     dialog->setWindowModality(Qt::WindowModal);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setDirectory(folder_.isEmpty()
-                             ? QStandardPaths::writableLocation(QStandardPaths::DownloadLocation)
-                             : folder_);
+    dialog->setDirectory(folder_.isEmpty() ? downloadFolder() : folder_);
     QObject::connect(dialog, &QDialog::finished, dialog,
                      [this, dialog, then = std::move(then)](int result) {
                          const QStringList files = dialog->selectedFiles();
@@ -103,7 +109,7 @@ void QtPanels::choose(const ChoiceRequest& request,
     for (const ChoiceRequest::Choice& choice : request.choices) {
         // One role for all, so that the platform keeps our order.
         QPushButton* button = box->addButton(qt(choice.title), QMessageBox::AcceptRole);
-        button->setProperty("destructive", choice.isDestructive);
+        Theme::setTrait(*button, "destructive", choice.isDestructive);
         buttons.push_back(button);
     }
     QPushButton* cancel = box->addButton(qt(request.cancelTitle), QMessageBox::RejectRole);

@@ -38,7 +38,7 @@ EmptyStateWidget::EmptyStateWidget(const EmptyState& state, QWidget* parent)
 QPushButton* EmptyStateWidget::addButton(const QString& title, bool isProminent,
                                          std::function<void()> action) {
     auto* button = new QPushButton(title, this);
-    button->setProperty("prominent", isProminent);
+    Theme::setTrait(*button, "prominent", isProminent);
     connect(button, &QPushButton::clicked, this, std::move(action));
     buttons_->addWidget(button);
     return button;

@@ -52,7 +52,7 @@ GatePanelWidget::GatePanelWidget(const GatePanelText& text, QWidget* parent)
 
 void GatePanelWidget::setDefaultButton(QPushButton* button) {
     defaultButton_ = button;
-    button->setProperty("prominent", true);
+    Theme::setTrait(*button, "prominent");
     button->setFocus();
 }
 

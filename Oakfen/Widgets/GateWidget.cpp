@@ -135,7 +135,7 @@ QWidget* GateWidget::makeLegacyPanel(const std::string& reason) {
     auto* again = new QPushButton(QStringLiteral("Try Again"), panel);
     connect(again, &QPushButton::clicked, this, [this] { environment_.store.retryLoading(); });
     auto* over = new QPushButton(QStringLiteral("Start Over…"), panel);
-    over->setProperty("destructive", true);
+    Theme::setTrait(*over, "destructive");
     connect(over, &QPushButton::clicked, this, [this] { chooseStartOver(environment_); });
     auto* row = new QHBoxLayout;
     row->addStretch(1);

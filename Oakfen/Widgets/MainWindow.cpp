@@ -91,12 +91,12 @@ void MainWindow::buildContent() {
 }
 
 void MainWindow::buildMenuBar() {
-    new MenuBar(environment_, *undoManager_,
-                {.quit = requestQuit_,
-                 .showAbout = [this] { showAbout(); },
-                 .isSidebarShown = [this] { return !sidebar_->isHidden(); },
-                 .toggleSidebar = [this] { setSidebarShown(sidebar_->isHidden()); }},
-                *menuBar());
+    menu_ = new MenuBar(environment_, *undoManager_,
+                        {.quit = requestQuit_,
+                         .showAbout = [this] { showAbout(); },
+                         .isSidebarShown = [this] { return !sidebar_->isHidden(); },
+                         .toggleSidebar = [this] { setSidebarShown(sidebar_->isHidden()); }},
+                        *menuBar());
 }
 
 void MainWindow::restoreState() {
@@ -115,6 +115,7 @@ void MainWindow::saveState() const {
 
 void MainWindow::setSidebarShown(bool shown) {
     sidebar_->setVisible(shown);
+    menu_->refresh();
 }
 
 void MainWindow::refreshCover() {

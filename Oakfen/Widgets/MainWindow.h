@@ -15,6 +15,7 @@ namespace oakfen {
 class AlertPresenter;
 class BusyPill;
 class GateWidget;
+class MenuBar;
 class SidebarWidget;
 
 /// The one window: sidebar beside detail area, what covers them, the menu bar, alerts and sheets.
@@ -49,6 +50,7 @@ private:
     SidebarWidget* sidebar_ = nullptr;
     GateWidget* gate_ = nullptr;
     BusyPill* pill_ = nullptr;
+    MenuBar* menu_ = nullptr;
     AlertPresenter* alerts_ = nullptr;
     std::vector<Subscription> subscriptions_;
 };

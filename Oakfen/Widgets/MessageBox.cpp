@@ -19,6 +19,7 @@ QMessageBox* makeMessageBox(QWidget* parent, const QString& title, const QString
     }
     if (auto* body = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"))) {
         body->setTextFormat(Qt::PlainText);
+        body->setMinimumWidth(360);
     }
     return box;
 }

@@ -91,10 +91,14 @@ QFont Theme::font(TextStyle style) {
 
 void Theme::setText(QLabel& label, TextStyle style, ThemeColor role) {
     label.setFont(font(style));
-    label.setProperty("textColor", static_cast<int>(role));
-    // A label that was polished already takes up a changed property only when polished again.
-    label.style()->unpolish(&label);
-    label.style()->polish(&label);
+    setTrait(label, "textColor", static_cast<int>(role));
+}
+
+void Theme::setTrait(QWidget& widget, const char* trait, const QVariant& value) {
+    widget.setProperty(trait, value);
+    // A widget that was polished already takes up a changed property only when polished again.
+    widget.style()->unpolish(&widget);
+    widget.style()->polish(&widget);
 }
 
 QColor Theme::chartColor(std::size_t series) {

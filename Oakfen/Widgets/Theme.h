@@ -4,10 +4,12 @@
 #include <QFont>
 #include <QIcon>
 #include <QPalette>
+#include <QVariant>
 #include <string_view>
 
 class QApplication;
 class QLabel;
+class QWidget;
 
 namespace oakfen {
 
@@ -49,6 +51,8 @@ public:
     [[nodiscard]] static QFont font(TextStyle style);
     /// Gives the label a style and a colour that follows the theme.
     static void setText(QLabel& label, TextStyle style, ThemeColor role = ThemeColor::text);
+    /// Sets a property that the style sheet looks at ("prominent", "destructive", "link").
+    static void setTrait(QWidget& widget, const char* trait, const QVariant& value = true);
     /// The twelve colours of chart series, in order; the list starts again after the last.
     [[nodiscard]] static QColor chartColor(std::size_t series);
 };

@@ -1,6 +1,7 @@
 #include "Oakfen/Widgets/ThemeStyle.h"
 
 #include <QStyleOption>
+#include <map>
 
 #include "Oakfen/Widgets/Theme.h"
 
@@ -148,6 +149,31 @@ QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
     const QRect rect = QProxyStyle::subControlRect(control, option, subControl, widget);
     const bool isComboText = control == CC_ComboBox && subControl == SC_ComboBoxEditField;
     return isComboText ? rect.adjusted(comboPadding, 0, 0, 0) : rect;
+}
+
+QIcon ThemeStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
+                               const QWidget* widget) const {
+    static const std::map<StandardPixmap, const char*> symbols = {
+        {SP_DirIcon, "folder"},
+        {SP_DirClosedIcon, "folder"},
+        {SP_DirOpenIcon, "folder"},
+        {SP_DirHomeIcon, "house"},
+        {SP_FileIcon, "doc.text"},
+        {SP_ComputerIcon, "laptopcomputer"},
+        {SP_DriveHDIcon, "externaldrive"},
+        {SP_DesktopIcon, "laptopcomputer"},
+        {SP_ArrowBack, "arrow.left"},
+        {SP_ArrowForward, "arrow.right"},
+        {SP_FileDialogBack, "arrow.left"},
+        {SP_FileDialogToParent, "arrow.up"},
+        {SP_FileDialogNewFolder, "folder.badge.plus"},
+        {SP_FileDialogListView, "square.grid.2x2"},
+        {SP_FileDialogDetailedView, "list.bullet"},
+        {SP_LineEditClearButton, "xmark"},
+    };
+    const auto symbol = symbols.find(icon);
+    return symbol == symbols.end() ? QProxyStyle::standardIcon(icon, option, widget)
+                                   : symbolIcon(symbol->second, ThemeColor::secondaryText);
 }
 
 int ThemeStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

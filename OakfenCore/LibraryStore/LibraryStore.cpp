@@ -2,10 +2,12 @@
 
 #include <utility>
 
+#include "OakfenCore/LibraryOperations/ScheduledTransactions.h"
 #include "OakfenCore/LibraryStore/Opening.h"
 #include "OakfenCore/LibraryStore/StoreState.h"
 #include "OakfenCore/Models/LibraryCoding.h"
 #include "OakfenCore/Platform/UserFolders.h"
+#include "OakfenCore/SampleData/SampleData.h"
 
 namespace oakfen {
 
@@ -15,8 +17,9 @@ LibraryStore::LibraryStore(std::optional<std::string> filePath, LibraryStoreServ
     LoadOutcome outcome = loadDocument(state_->filePath, services, state_->isPlainByChoice());
     Library document =
         outcome.library ? *std::move(outcome.library) : emptyDocument(defaultCurrencyCode());
-    // What brings a document up to the present day at opening happens here, on the plain value,
-    // before anybody sees it and before there is an index.
+    // On the plain value, before anybody sees it: what was entered goes to disk with the next edit,
+    // and opening writes nothing.
+    processAutoEnter(document, services.clock.now(), services.clock.calendar());
     state_->setLibrary(std::move(document));
     state_->mustSetAsideFirst = outcome.leavesDamagedFile;
     state_->status = {.lastError = std::move(outcome.error),
@@ -26,6 +29,14 @@ LibraryStore::LibraryStore(std::optional<std::string> filePath, LibraryStoreServ
 }
 
 LibraryStore::~LibraryStore() = default;
+
+std::unique_ptr<LibraryStore> LibraryStore::preview(LibraryStoreServices services) {
+    auto store = std::make_unique<LibraryStore>(std::nullopt, services);
+    store->state_->setLibrary(
+        SampleData::make(services.clock.now(), "CAD", services.clock.calendar()));
+    store->state_->status.accessState = {.kind = AccessState::Kind::open};
+    return store;
+}
 
 std::string LibraryStore::defaultFilePath() {
     return userDataFolder() + "/Tarnwick/Library.tarnwick";

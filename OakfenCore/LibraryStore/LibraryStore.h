@@ -51,14 +51,17 @@ public:
     /// Under this key a person's choice to run without a password is kept.
     static constexpr std::string_view unencryptedKey = "dataFileUnencrypted";
 
-    /// Opens the file, whatever its format; never throws. Without a path the document is in memory
-    /// only. `choiceKey` differs from `unencryptedKey` where another file than the usual one is
-    /// open.
+    /// Opens the file, whatever its format, and enters the reminders that fell due meanwhile; never
+    /// throws. Without a path the document is in memory only. `choiceKey` differs from
+    /// `unencryptedKey` where another file than the usual one is open.
     LibraryStore(std::optional<std::string> filePath, LibraryStoreServices services,
                  std::string choiceKey = std::string(unencryptedKey));
     ~LibraryStore();
     LibraryStore(const LibraryStore&) = delete;
     LibraryStore& operator=(const LibraryStore&) = delete;
+
+    /// An open document in memory with a sample household in it, for looking around.
+    [[nodiscard]] static std::unique_ptr<LibraryStore> preview(LibraryStoreServices services);
 
     /// "Library.tarnwick" in the person's data folder.
     [[nodiscard]] static std::string defaultFilePath();

@@ -23,7 +23,7 @@ public:
     void write(std::string_view bytes) const {
         const std::string target = fileCalls::withoutLinks(files_, path_, what);
         const std::string folder = fileCalls::folderOf(target);
-        makeFolder(folder);
+        provideFolder(folder, fileExists(files_, target));
         const std::string temporary = temporaryBeside(target);
         removeStray(temporary);
         const int descriptor = create(temporary);
@@ -58,22 +58,26 @@ private:
                name.substr(0, longestName - 1 - ending.size()) + std::string(ending);
     }
 
-    void makeFolder(const std::string& folder) const {
+    /// A folder in which no file was written before may be one that an earlier attempt made and
+    /// could not sync, so it counts as new.
+    void provideFolder(const std::string& folder, bool isInUse) const {
         FileInformation information;
         const auto known = uninterrupted([&] { return files_.information(folder, information); });
-        if (!known.failed()) {
-            return;
-        }
-        if (known.error != ENOENT) {
+        if (known.failed() && known.error != ENOENT) {
             require(known);
         }
-        const std::string above = fileCalls::folderOf(folder);
-        if (above != folder) {
-            makeFolder(above);
+        if (!known.failed() && isInUse) {
+            return;
         }
-        const auto made = files_.makeFolder(folder, ownerFolder);
-        if (made.failed() && made.error != EEXIST) {
-            require(made);
+        const std::string above = fileCalls::folderOf(folder);
+        if (known.failed()) {
+            if (above != folder) {
+                provideFolder(above, true);
+            }
+            const auto made = files_.makeFolder(folder, ownerFolder);
+            if (made.failed() && made.error != EEXIST) {
+                require(made);
+            }
         }
         // A folder that may be entered but not read can't be synced, and that is no reason to save
         // nothing in it.
