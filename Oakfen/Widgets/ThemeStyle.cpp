@@ -1,5 +1,7 @@
 #include "Oakfen/Widgets/ThemeStyle.h"
 
+#include <QAbstractSpinBox>
+#include <QComboBox>
 #include <QStyleOption>
 #include <map>
 
@@ -20,6 +22,13 @@ void drawPanel(QPainter* painter, const QRect& rect, const QColor& fill, const Q
     painter->drawRoundedRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5), buttonRadius,
                              buttonRadius);
     painter->restore();
+}
+
+/// The text of a date field or an editable list, whose frame is drawn already.
+bool isInsideAnotherField(const QWidget* widget) {
+    const QWidget* parent = widget != nullptr ? widget->parentWidget() : nullptr;
+    return qobject_cast<const QAbstractSpinBox*>(parent) != nullptr ||
+           qobject_cast<const QComboBox*>(parent) != nullptr;
 }
 
 QColor borderColor(const QStyleOption& option) {
@@ -80,9 +89,15 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
         drawPanel(painter, option->rect, buttonColor(*option), borderColor(*option));
         return;
     case PE_FrameLineEdit:
+        if (isInsideAnotherField(widget)) {
+            return;
+        }
         drawPanel(painter, option->rect, Qt::transparent, borderColor(*option));
         return;
     case PE_PanelLineEdit:
+        if (isInsideAnotherField(widget)) {
+            return;
+        }
         drawPanel(painter, option->rect, option->palette.color(QPalette::Base),
                   borderColor(*option));
         return;
