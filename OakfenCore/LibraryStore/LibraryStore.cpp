@@ -105,15 +105,15 @@ void LibraryStore::saveNow() {
         return;
     }
     try {
-        state_->write(encodeLibrary(state_->library));
+        state_->write();
     } catch (const std::exception& error) {
-        State::Status status = state_->status;
-        status.lastError = std::string("Couldn’t save: ") + error.what();
-        state_->setStatus(std::move(status));
+        state_->tellSaveFailed(error.what());
     }
 }
 
 void LibraryStore::retryLoading() {
+    state_->mustSaveAgain = false;
+    state_->writer.settle();
     LoadOutcome outcome =
         loadDocument(state_->filePath, state_->services, state_->isPlainByChoice());
     state_->mustSetAsideFirst = outcome.leavesDamagedFile;
@@ -151,7 +151,7 @@ void LibraryStore::useNoPassword() {
     }
     if (state_->filePath) {
         state_->saveWork.cancel();
-        state_->write(encodeLibrary(state_->library));
+        state_->write();
     }
     state_->services.defaults.setBoolean(state_->choiceKey, true);
     State::Status status = state_->status;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "OakfenCore/LibraryStore/Opening.h"
+#include "OakfenCore/Models/LibraryCoding.h"
 
 namespace oakfen {
 
@@ -15,7 +16,8 @@ constexpr double secondsBeforeSaving = 0.4;
 
 LibraryStore::State::State(LibraryStore& store, std::optional<std::string> path,
                            const LibraryStoreServices& theServices, std::string key)
-    : owner(store), filePath(std::move(path)), services(theServices), choiceKey(std::move(key)) {}
+    : owner(store), filePath(std::move(path)), services(theServices), choiceKey(std::move(key)),
+      writer(theServices.scheduler) {}
 
 bool LibraryStore::State::isSaved() const {
     return filePath && status.accessState.isOpen() && isPlainByChoice();
@@ -56,15 +58,45 @@ void LibraryStore::State::scheduleSave() {
         return;
     }
     hasUnwrittenEdit = true;
+    ++edits;
     saveWork.cancel();
     saveWork = services.scheduler.after(secondsBeforeSaving, [state = weak_from_this()] {
         if (const auto self = state.lock()) {
-            self->owner.saveNow();
+            self->saveInBackground();
         }
     });
 }
 
-void LibraryStore::State::write(const std::string& bytes) {
+void LibraryStore::State::saveInBackground() {
+    if (!isSaved()) {
+        return;
+    }
+    if (mustSetAsideFirst) {
+        owner.saveNow();
+        return;
+    }
+    if (writer.isBusy()) {
+        mustSaveAgain = true;
+        return;
+    }
+    writer.start([&files = services.files, snapshot = library,
+                  path = *filePath] { writeOwnerOnly(files, encodeLibrary(snapshot), path); },
+                 [this, written = edits](const std::optional<std::string>& error) {
+                     if (error) {
+                         tellSaveFailed(*error);
+                     } else if (written == edits) {
+                         hasUnwrittenEdit = false;
+                     }
+                     if (std::exchange(mustSaveAgain, false)) {
+                         saveInBackground();
+                     }
+                 });
+}
+
+void LibraryStore::State::write() {
+    mustSaveAgain = false;
+    writer.settle();
+    const std::string bytes = encodeLibrary(library);
     if (mustSetAsideFirst) {
         setAside(services, *filePath);
         mustSetAsideFirst = false;
@@ -73,7 +105,15 @@ void LibraryStore::State::write(const std::string& bytes) {
     hasUnwrittenEdit = false;
 }
 
+void LibraryStore::State::tellSaveFailed(const std::string& reason) {
+    Status told = status;
+    told.lastError = "Couldn’t save: " + reason;
+    setStatus(std::move(told));
+}
+
 void LibraryStore::State::setFileAside() {
+    mustSaveAgain = false;
+    writer.settle();
     try {
         setAside(services, *filePath);
         mustSetAsideFirst = false;

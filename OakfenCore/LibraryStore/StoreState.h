@@ -1,5 +1,6 @@
 #pragma once
 
+#include "OakfenCore/LibraryStore/BackgroundWriter.h"
 #include "OakfenCore/LibraryStore/LibraryStore.h"
 
 namespace oakfen {
@@ -36,8 +37,15 @@ struct LibraryStore::State : std::enable_shared_from_this<LibraryStore::State> {
 
     void scheduleSave();
 
-    /// The bytes onto the disk. A damaged file that still stands there is set aside first.
-    void write(const std::string& bytes);
+    /// Writes the document as it is now on a worker; once more afterwards if one is under way.
+    void saveInBackground();
+
+    /// The document onto the disk, at once. A damaged file that still stands there is set aside
+    /// first. Throws a `LocalizedError`.
+    void write();
+
+    /// Puts the failure of a save into words for the person.
+    void tellSaveFailed(const std::string& reason);
 
     /// Sets the file aside, or sees to it that the next write does.
     void setFileAside();
@@ -64,6 +72,10 @@ struct LibraryStore::State : std::enable_shared_from_this<LibraryStore::State> {
     Status status;
     std::weak_ptr<UndoManager> undoManager;
     ScheduledWork saveWork;
+    BackgroundWriter writer;
+    bool mustSaveAgain = false;
+    /// Counts edits, so that a write can tell whether it was of the newest document.
+    unsigned long long edits = 0;
     bool hasUnwrittenEdit = false;
     bool mustSetAsideFirst = false;
 };

@@ -4,6 +4,7 @@
 #include <string>
 #include <sys/mount.h>
 #include <unistd.h>
+#include <utility>
 
 namespace oakfen {
 

@@ -305,6 +305,17 @@ TEST(WriteOwnerOnly, SurvivesACrashTogetherWithTheFoldersThatItMade) {
     EXPECT_EQ(files.contents(path), later);
 }
 
+TEST(WriteOwnerOnly, SurvivesACrashInAFolderThatAnEarlierAttemptMadeInVain) {
+    InMemoryFileSystem files;
+    files.addFolder("/home/user/data");
+    files.failCall(Call::sync, 1, EIO);
+    EXPECT_FALSE(writes(files, later));
+    EXPECT_TRUE(files.permissions(folder).has_value());
+    EXPECT_TRUE(writes(files, later));
+    files.crash({});
+    EXPECT_EQ(files.contents(path), later);
+}
+
 TEST(WriteOwnerOnly, MakesDoWithAFileSystemThatCannotSyncFolders) {
     for (const int error : {EINVAL, ENOTSUP}) {
         InMemoryFileSystem files = filesWithEarlier();

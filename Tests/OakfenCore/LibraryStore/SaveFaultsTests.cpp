@@ -1,0 +1,340 @@
+#include <cerrno>
+#include <fcntl.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "OakfenCore/Models/LibraryCoding.h"
+#include "Tests/OakfenCore/LibraryStore/FaultSweep.h"
+
+namespace oakfen {
+namespace {
+
+using testing::IsEmpty;
+using testing::Not;
+
+const Library earlierDocument = documentWithAccounts(2);
+const Library laterDocument = documentWithAccounts(3);
+const std::string damagedBytes = "{\"accounts\":[";
+const std::string earlierDamagedBytes = "damaged before";
+
+/// Fewer would mean that the failures did not reach what they were to reach.
+constexpr int fewestFailures = 100;
+
+/// The choice of a plain file; gives whether it failed.
+bool failsToChoosePlain(LibraryStore& store) {
+    try {
+        store.useNoPassword();
+        return false;
+    } catch (const LocalizedError&) {
+        return true;
+    }
+}
+
+SaveExpectation saveAnEdit(FaultyMachine& machine, const std::function<void()>& startFailing) {
+    machine.disk.addFile(FaultyMachine::path, encodeLibrary(earlierDocument));
+    machine.bench.choosePlain();
+    LibraryStore store(FaultyMachine::path, machine.bench.services());
+    store.mutate("Edit", [](Library& library) { library = laterDocument; });
+    startFailing();
+    store.saveNow();
+    return {.earlier = {encodeLibrary(earlierDocument)},
+            .later = encodeLibrary(laterDocument),
+            .failureWasTold = store.lastError().has_value()};
+}
+
+SaveExpectation openADamagedFile(FaultyMachine& machine,
+                                 const std::function<void()>& startFailing) {
+    machine.disk.addFile(FaultyMachine::path, damagedBytes);
+    startFailing();
+    const LibraryStore store(FaultyMachine::path, machine.bench.services());
+    return {.earlier = {damagedBytes},
+            .failureWasTold = store.lastError() ||
+                              store.accessState().kind == AccessState::Kind::legacyUnavailable,
+            .kept = {{damagedBytes}}};
+}
+
+SaveExpectation goOnAfterADamagedFile(FaultyMachine& machine,
+                                      const std::function<void()>& startFailing) {
+    machine.disk.addFile(FaultyMachine::path, damagedBytes);
+    startFailing();
+    LibraryStore store(FaultyMachine::path, machine.bench.services());
+    const bool couldBeRead = store.accessState().kind == AccessState::Kind::needsPassword;
+    const bool failed = !couldBeRead || failsToChoosePlain(store);
+    return {.earlier = {damagedBytes, std::nullopt},
+            .later = encodeLibrary(store.library()),
+            .failureWasTold = failed,
+            .kept = {{damagedBytes}}};
+}
+
+/// The name for the damaged file is taken, until a second has passed.
+SaveExpectation goOnAfterASecondDamagedFile(FaultyMachine& machine,
+                                            const std::function<void()>& startFailing) {
+    machine.disk.addFile(FaultyMachine::path, damagedBytes);
+    machine.disk.addFile(FaultyMachine::pathAside, earlierDamagedBytes);
+    startFailing();
+    LibraryStore store(FaultyMachine::path, machine.bench.services());
+    bool failed = store.accessState().kind != AccessState::Kind::needsPassword;
+    if (!failed && failsToChoosePlain(store)) {
+        machine.bench.clock.advance(1);
+        failed = failsToChoosePlain(store);
+    }
+    return {.earlier = {damagedBytes, std::nullopt},
+            .later = encodeLibrary(store.library()),
+            .failureWasTold = failed,
+            .kept = {{damagedBytes}, {earlierDamagedBytes}}};
+}
+
+SaveExpectation startOver(FaultyMachine& machine, const std::function<void()>& startFailing) {
+    machine.disk.addFile(FaultyMachine::path, encodeLibrary(earlierDocument));
+    machine.bench.choosePlain();
+    LibraryStore store(FaultyMachine::path, machine.bench.services());
+    startFailing();
+    store.startOver();
+    const bool failed = failsToChoosePlain(store);
+    return {.earlier = {encodeLibrary(earlierDocument), std::nullopt},
+            .later = encodeLibrary(store.library()),
+            .failureWasTold = failed,
+            .kept = {{encodeLibrary(earlierDocument)}}};
+}
+
+SaveExpectation startOverRightAfterAnEdit(FaultyMachine& machine,
+                                          const std::function<void()>& startFailing) {
+    machine.disk.addFile(FaultyMachine::path, encodeLibrary(earlierDocument));
+    machine.bench.choosePlain();
+    LibraryStore store(FaultyMachine::path, machine.bench.services());
+    store.mutate("Edit", [](Library& library) { library = laterDocument; });
+    startFailing();
+    store.startOver();
+    std::vector<std::string> kept = {encodeLibrary(laterDocument)};
+    if (store.lastError()) {
+        kept.push_back(encodeLibrary(earlierDocument));
+    }
+    const bool failed = failsToChoosePlain(store);
+    return {.earlier = {encodeLibrary(earlierDocument), encodeLibrary(laterDocument), std::nullopt},
+            .later = encodeLibrary(store.library()),
+            .failureWasTold = failed,
+            .kept = {kept}};
+}
+
+SaveExpectation chooseForANewDocument(FaultyMachine& machine,
+                                      const std::function<void()>& startFailing) {
+    LibraryStore store(FaultyMachine::path, machine.bench.services());
+    store.mutate("Edit", [](Library& library) { library = laterDocument; });
+    startFailing();
+    const bool failed = failsToChoosePlain(store);
+    // Where the folder above the new one may not be read, it can't be synced; the file is written
+    // all the same, and the new folder lasts as soon as the system cares to write it down.
+    const bool isFolderUnsafe = machine.injectedError == EACCES && machine.hasFailed();
+    return {.earlier = {std::nullopt},
+            .later = encodeLibrary(laterDocument),
+            .failureWasTold = failed || isFolderUnsafe};
+}
+
+SaveExpectation chooseForANewDocumentInAnOldFolder(FaultyMachine& machine,
+                                                   const std::function<void()>& startFailing) {
+    machine.disk.addFolder("/home/user/Tarnwick");
+    LibraryStore store(FaultyMachine::path, machine.bench.services());
+    startFailing();
+    const bool failed = failsToChoosePlain(store);
+    return {.earlier = {std::nullopt},
+            .later = encodeLibrary(store.library()),
+            .failureWasTold = failed};
+}
+
+/// The choice fails at the first attempt and succeeds at the second.
+SaveExpectation chooseAgainForANewDocument(FaultyMachine& machine,
+                                           const std::function<void()>& startFailing) {
+    LibraryStore store(FaultyMachine::path, machine.bench.services());
+    startFailing();
+    const bool isFolderUnsafe = !failsToChoosePlain(store);
+    machine.stopFailing();
+    const bool failed = !isFolderUnsafe && failsToChoosePlain(store);
+    return {.earlier = {std::nullopt},
+            .later = encodeLibrary(store.library()),
+            .failureWasTold = failed || (isFolderUnsafe && machine.injectedError == EACCES &&
+                                         machine.hasFailed())};
+}
+
+SaveExpectation chooseForAPlainFile(FaultyMachine& machine,
+                                    const std::function<void()>& startFailing) {
+    machine.disk.addFile(FaultyMachine::path, encodeLibrary(earlierDocument));
+    LibraryStore store(FaultyMachine::path, machine.bench.services());
+    store.mutate("Edit", [](Library& library) { library = laterDocument; });
+    startFailing();
+    const bool failed = failsToChoosePlain(store);
+    return {.earlier = {encodeLibrary(earlierDocument)},
+            .later = encodeLibrary(laterDocument),
+            .failureWasTold = failed};
+}
+
+void expectNothingIsLost(const SaveStory& story) {
+    const SweepResult result = sweepFaults(story);
+    EXPECT_THAT(result.complaints, IsEmpty());
+    EXPECT_GT(result.runsWithFailures, fewestFailures);
+    EXPECT_GT(result.runs, result.runsWithFailures);
+}
+
+TEST(SaveFaults, LoseNothingWhileSavingAnEdit) {
+    expectNothingIsLost(saveAnEdit);
+}
+
+TEST(SaveFaults, LoseNothingWhileOpeningADamagedFile) {
+    expectNothingIsLost(openADamagedFile);
+}
+
+TEST(SaveFaults, LoseNoDamagedFileThroughTheDocumentThatFollowsIt) {
+    expectNothingIsLost(goOnAfterADamagedFile);
+}
+
+TEST(SaveFaults, LoseNoneOfTwoDamagedFiles) {
+    expectNothingIsLost(goOnAfterASecondDamagedFile);
+}
+
+TEST(SaveFaults, LoseNothingWhileStartingOver) {
+    expectNothingIsLost(startOver);
+}
+
+TEST(SaveFaults, LoseNoEditThatIsSavedByStartingOver) {
+    expectNothingIsLost(startOverRightAfterAnEdit);
+}
+
+TEST(SaveFaults, LoseNothingWhileChoosingAPlainFileForANewDocument) {
+    expectNothingIsLost(chooseForANewDocument);
+}
+
+TEST(SaveFaults, LoseNothingWhileChoosingAPlainFileForANewDocumentInAnOldFolder) {
+    expectNothingIsLost(chooseForANewDocumentInAnOldFolder);
+}
+
+TEST(SaveFaults, LoseNothingThatASecondAttemptHasWrittenIntoANewFolder) {
+    expectNothingIsLost(chooseAgainForANewDocument);
+}
+
+TEST(SaveFaults, LoseNothingWhileChoosingAPlainFileForOneThatIsThere) {
+    expectNothingIsLost(chooseForAPlainFile);
+}
+
+// The same checks must find fault with a way of saving that lacks one of its steps.
+
+class WithoutSync final : public FileSystemFilter {
+public:
+    using FileSystemFilter::FileSystemFilter;
+    Result sync(int) override { return {}; }
+};
+
+class WithoutFolderSync final : public FileSystemFilter {
+public:
+    using FileSystemFilter::FileSystemFilter;
+    Result open(const std::string& path, int flags, unsigned permissions) override {
+        const Result opened = FileSystemFilter::open(path, flags, permissions);
+        lastWasFolder_ = (flags & O_DIRECTORY) != 0;
+        return opened;
+    }
+    Result sync(int descriptor) override {
+        return lastWasFolder_ ? Result{} : FileSystemFilter::sync(descriptor);
+    }
+
+private:
+    bool lastWasFolder_ = false;
+};
+
+class IgnoringFailedSyncs final : public FileSystemFilter {
+public:
+    using FileSystemFilter::FileSystemFilter;
+    Result sync(int descriptor) override {
+        (void)FileSystemFilter::sync(descriptor);
+        return {};
+    }
+};
+
+class IgnoringFailedRenames final : public FileSystemFilter {
+public:
+    using FileSystemFilter::FileSystemFilter;
+    Result rename(const std::string& from, const std::string& to) override {
+        (void)FileSystemFilter::rename(from, to);
+        return {};
+    }
+};
+
+class IgnoringShortWrites final : public FileSystemFilter {
+public:
+    using FileSystemFilter::FileSystemFilter;
+    Result write(int descriptor, const char* from, std::size_t count) override {
+        const Result written = FileSystemFilter::write(descriptor, from, count);
+        return written.failed() ? written : Result{static_cast<std::int64_t>(count), 0};
+    }
+};
+
+/// Writes over the file itself.
+class WritingInPlace final : public FileSystemFilter {
+public:
+    using FileSystemFilter::FileSystemFilter;
+    Result open(const std::string& path, int flags, unsigned permissions) override {
+        return path.ends_with(".saving")
+                   ? FileSystemFilter::open(FaultyMachine::path, O_WRONLY | O_CREAT | O_TRUNC,
+                                            permissions)
+                   : FileSystemFilter::open(path, flags, permissions);
+    }
+    Result rename(const std::string&, const std::string&) override { return {}; }
+};
+
+/// Gives the file the permissions that a careless program gives.
+class ReadableByOthers final : public FileSystemFilter {
+public:
+    using FileSystemFilter::FileSystemFilter;
+    Result open(const std::string& path, int flags, unsigned) override {
+        return FileSystemFilter::open(path, flags, 0644);
+    }
+};
+
+class ReplacingWhereItMustNot final : public FileSystemFilter {
+public:
+    using FileSystemFilter::FileSystemFilter;
+    Result renameWithoutReplacing(const std::string& from, const std::string& to) override {
+        return rename(from, to);
+    }
+};
+
+template <typename Variant>
+std::unique_ptr<FileSystem> variant(FileSystem& files) {
+    return std::make_unique<Variant>(files);
+}
+
+TEST(FaultSweep, FindsAMissingSync) {
+    EXPECT_THAT(sweepFaults(saveAnEdit, variant<WithoutSync>).complaints, Not(IsEmpty()));
+}
+
+TEST(FaultSweep, FindsAMissingSyncOfTheFolder) {
+    EXPECT_THAT(sweepFaults(saveAnEdit, variant<WithoutFolderSync>).complaints, Not(IsEmpty()));
+}
+
+TEST(FaultSweep, FindsAFailedSyncThatIsIgnored) {
+    EXPECT_THAT(sweepFaults(saveAnEdit, variant<IgnoringFailedSyncs>).complaints, Not(IsEmpty()));
+}
+
+TEST(FaultSweep, FindsAFailedRenameThatIsIgnored) {
+    EXPECT_THAT(sweepFaults(saveAnEdit, variant<IgnoringFailedRenames>).complaints, Not(IsEmpty()));
+}
+
+TEST(FaultSweep, FindsShortWritesThatAreIgnored) {
+    EXPECT_THAT(sweepFaults(saveAnEdit, variant<IgnoringShortWrites>).complaints, Not(IsEmpty()));
+}
+
+TEST(FaultSweep, FindsWritingInPlace) {
+    EXPECT_THAT(sweepFaults(saveAnEdit, variant<WritingInPlace>).complaints, Not(IsEmpty()));
+}
+
+TEST(FaultSweep, FindsAFileThatOthersMayRead) {
+    EXPECT_THAT(sweepFaults(chooseForANewDocument, variant<ReadableByOthers>).complaints,
+                Not(IsEmpty()));
+}
+
+TEST(FaultSweep, FindsADamagedFileThatReplacesAnother) {
+    EXPECT_THAT(
+        sweepFaults(goOnAfterASecondDamagedFile, variant<ReplacingWhereItMustNot>).complaints,
+        Not(IsEmpty()));
+}
+
+} // namespace
+} // namespace oakfen
