@@ -1,93 +1,14 @@
 #include <array>
-#include <limits>
-#include <memory>
 #include <type_traits>
 
-#include "OakfenCore/Models/DateText.h"
-#include "OakfenCore/Models/JSONParsing.h"
+#include "OakfenCore/Models/JSONScalars.h"
 #include "OakfenCore/Models/LibraryCoding.h"
+#include "OakfenCore/Models/LibraryDecoder.h"
 #include "OakfenCore/Models/RecordFields.h"
 
 namespace oakfen {
 
 namespace {
-
-[[noreturn]] void fail(std::string reason) {
-    throw JSONError{std::move(reason)};
-}
-
-void require(const JSONValue& json, JSONValue::Kind kind, const char* reason) {
-    if (json.kind != kind) {
-        fail(reason);
-    }
-}
-
-std::string_view textOf(const JSONValue& json) {
-    require(json, JSONValue::Kind::text, "not a text");
-    return json.text;
-}
-
-void assign(const JSONValue& json, std::string& text) {
-    text = textOf(json);
-}
-
-void assign(const JSONValue& json, bool& value) {
-    require(json, JSONValue::Kind::boolean, "not true or false");
-    value = json.boolean;
-}
-
-template <typename Enumeration>
-requires std::is_enum_v<Enumeration>
-void assign(const JSONValue& json, Enumeration& value) {
-    const std::string_view text = textOf(json);
-    const auto known = fromRawValue<Enumeration>(text);
-    if (!known) {
-        fail("“" + std::string(text) + "” is unknown");
-    }
-    value = *known;
-}
-
-void assign(const JSONValue& json, Decimal& number) {
-    require(json, JSONValue::Kind::number, "not a number");
-    const auto value = Decimal::parseJSONNumber(json.text);
-    if (!value) {
-        fail("a number out of range");
-    }
-    number = *value;
-}
-
-void assign(const JSONValue& json, long long& number) {
-    Decimal value;
-    assign(json, value);
-    if (value != value.rounded(0, RoundingMode::plain)) {
-        fail("not a whole number");
-    }
-    if (value < Decimal(std::numeric_limits<long long>::min()) ||
-        value > Decimal(std::numeric_limits<long long>::max())) {
-        fail("a number out of range");
-    }
-    Int128 whole = value.coefficient();
-    for (int exponent = value.exponent(); exponent > 0; --exponent) {
-        whole *= 10;
-    }
-    number = static_cast<long long>(whole);
-}
-
-void assign(const JSONValue& json, UUID& id) {
-    const auto value = UUID::parse(textOf(json));
-    if (!value) {
-        fail("not an identifier");
-    }
-    id = *value;
-}
-
-void assign(const JSONValue& json, Date& date) {
-    const auto value = parseDateText(textOf(json));
-    if (!value) {
-        fail("not a date");
-    }
-    date = *value;
-}
 
 template <typename Value>
 inline constexpr bool isOptional = false;
@@ -101,60 +22,8 @@ inline constexpr bool isList<SharedArray<Element>> = true;
 template <typename Element>
 inline constexpr bool isList<std::vector<Element>> = true;
 
-class LibraryDecoder;
-
-/// A list or an object that has begun and not ended yet, and the part of the document that it is
-/// read into.
-class Frame {
-public:
-    virtual ~Frame() = default;
-
-    /// Notes the key of the next value.
-    virtual void key(std::string_view) {}
-    /// Reads the next value; if it is a list or an object, that opens a frame of its own.
-    virtual void read(LibraryDecoder& decoder, const JSONValue& json) = 0;
-    /// The value that was read last is whole.
-    virtual void valueEnded() {}
-    /// The list or object itself is whole.
-    virtual void end() {}
-    /// Where the next value goes, or the one that has begun: ".amount", "[12]".
-    [[nodiscard]] virtual std::string place() const { return {}; }
-};
-
-/// Reads the values of a JSON text into the members of records.
-///
-/// It keeps a stack of frames: at the bottom the document, above it perhaps the list of entries,
-/// one entry, its list of splits, one split. Each value goes to the frame on top. The places of all
-/// frames in a row are the path that an error names.
-class LibraryDecoder : public JSONListener {
-public:
-    explicit LibraryDecoder(Library& library);
-
-    void key(std::string_view key) override;
-    void value(const JSONValue& json) override;
-    void end() override;
-
-    /// Takes the value over, or opens a frame for it.
-    template <typename Value>
-    void read(const JSONValue& json, Value& value);
-    /// Passes over the value and all that is in it.
-    void skip(const JSONValue& json) { skippedLevels_ = json.opens() ? 1 : 0; }
-
-    [[nodiscard]] std::string path() const;
-
-private:
-    template <typename NewFrame, typename Value>
-    void open(Value& value) {
-        frames_.push_back(std::make_unique<NewFrame>(value));
-    }
-
-    std::vector<std::unique_ptr<Frame>> frames_;
-    /// How many lists and objects are open within the frames, all of which nobody wants.
-    std::size_t skippedLevels_ = 0;
-};
-
 /// The text as a whole, which is one value.
-class DocumentFrame : public Frame {
+class DocumentFrame : public DecodingFrame {
 public:
     explicit DocumentFrame(Library& library) : library_(library) {}
 
@@ -167,7 +36,7 @@ private:
 };
 
 template <typename Elements>
-class ListFrame : public Frame {
+class ListFrame : public DecodingFrame {
 public:
     explicit ListFrame(Elements& elements) : elements_(elements) {
         elements_.clear(); // of two equal keys the later one counts
@@ -190,7 +59,7 @@ private:
 };
 
 /// A list in which categories and their amounts alternate.
-class BudgetFrame : public Frame {
+class BudgetFrame : public DecodingFrame {
 public:
     using Budget = std::map<UUID, Decimal>;
 
@@ -206,7 +75,7 @@ public:
     void valueEnded() override { ++index_; }
     void end() override {
         if (isAtAmount()) {
-            fail("the last category has no amount");
+            throw JSONError{"the last category has no amount"};
         }
     }
     [[nodiscard]] std::string place() const override { return "[" + std::to_string(index_) + "]"; }
@@ -243,7 +112,7 @@ constexpr auto fieldReaders = makeFieldReaders<Record>(
     std::make_index_sequence<std::tuple_size_v<std::remove_const_t<decltype(fieldsOf<Record>)>>>());
 
 template <RecordType Record>
-class RecordFrame : public Frame {
+class RecordFrame : public DecodingFrame {
 public:
     explicit RecordFrame(Record& record) : record_(record) {}
 
@@ -274,7 +143,7 @@ public:
     void end() override {
         for (std::size_t index = 0; index < fields.size(); ++index) {
             if (fields[index].isRequired && !isPresent_[index]) {
-                fail("the key “" + std::string(fields[index].key) + "” is missing");
+                throw JSONError{"the key “" + std::string(fields[index].key) + "” is missing"};
             }
         }
     }
@@ -296,6 +165,8 @@ private:
     std::string unknownKey_;
 };
 
+} // namespace
+
 LibraryDecoder::LibraryDecoder(Library& library) {
     open<DocumentFrame>(library);
 }
@@ -311,7 +182,7 @@ void LibraryDecoder::value(const JSONValue& json) {
         skippedLevels_ += json.opens() ? 1 : 0;
         return;
     }
-    Frame& frame = *frames_.back();
+    DecodingFrame& frame = *frames_.back();
     frame.read(*this, json);
     if (!json.opens()) {
         frame.valueEnded();
@@ -322,7 +193,7 @@ void LibraryDecoder::end() {
     if (skippedLevels_ > 0) {
         --skippedLevels_;
     } else {
-        const std::unique_ptr<Frame> ended = std::move(frames_.back());
+        const std::unique_ptr<DecodingFrame> ended = std::move(frames_.back());
         frames_.pop_back();
         ended->end();
     }
@@ -340,13 +211,13 @@ void LibraryDecoder::read(const JSONValue& json, Value& value) {
             read(json, value.emplace());
         }
     } else if constexpr (RecordType<Value>) {
-        require(json, JSONValue::Kind::object, "not an object");
+        requireKind(json, JSONValue::Kind::object, "not an object");
         open<RecordFrame<Value>>(value);
     } else if constexpr (isList<Value>) {
-        require(json, JSONValue::Kind::list, "not a list");
+        requireKind(json, JSONValue::Kind::list, "not a list");
         open<ListFrame<Value>>(value);
     } else if constexpr (std::is_same_v<Value, BudgetFrame::Budget>) {
-        require(json, JSONValue::Kind::list, "not a list");
+        requireKind(json, JSONValue::Kind::list, "not a list");
         open<BudgetFrame>(value);
     } else {
         assign(json, value);
@@ -361,8 +232,6 @@ std::string LibraryDecoder::path() const {
     // The place of a field begins with the dot between it and the document itself.
     return path.starts_with('.') ? path.substr(1) : path;
 }
-
-} // namespace
 
 Library decodeLibrary(std::string_view json) {
     Library library;

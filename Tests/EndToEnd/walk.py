@@ -107,4 +107,5 @@ def walk(program, network_log):
     print("The register and the file agree.")
 
 
-main()
+if __name__ == "__main__":
+    main()

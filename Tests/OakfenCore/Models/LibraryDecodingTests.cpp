@@ -316,6 +316,20 @@ TEST(LibraryDecoding, RefusesBytesThatAreNotUTF8) {
 TEST(LibraryDecoding, RefusesADamagedValueBehindAnUnknownKey) {
     EXPECT_EQ(errorFor(with("{\"version\"", "{\"unknown\":[1,],\"version\"")),
               "unknown: expected a value (byte 14)");
+    EXPECT_EQ(errorFor(with("\"memo\":\"soap\"", R"("memo":"soap","old":{"a":["\udc00"]})"))
+                  .substr(0, 42),
+              "transactions[0].splits[0].old: not UTF-8 (");
+    EXPECT_EQ(errorFor(with("{\"version\"", "{\"unknown\":{\"a\":1e400},\"version\"")),
+              "unknown: a number out of range");
+}
+
+TEST(LibraryDecoding, SaysWhereDamageLiesBetweenValues) {
+    EXPECT_EQ(errorFor(with("\"Metro\",", "\"Metro\";")).substr(0, 17), "transactions[0]: ");
+    EXPECT_EQ(errorFor(with("[\"x\"]", "[\"x\" 1]")).substr(0, 25), "transactions[0].tags[1]: ");
+    EXPECT_EQ(errorFor(with("\"tags\":[\"x\"]}", "\"tags\":[\"x\"]}}")).substr(0, 17),
+              "transactions[1]: ");
+    EXPECT_EQ(errorFor(with("\"price\":29}", "\"price\":29},]")).substr(0, 31),
+              "securities[0].priceHistory[1]: ");
 }
 
 } // namespace
