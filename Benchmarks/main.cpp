@@ -1,12 +1,23 @@
+#include <cstdlib>
 #include <cstring>
 
 #include <benchmark/benchmark.h>
 
 #include "Benchmarks/Benchmarks.h"
+#include "Benchmarks/BigLibrary.h"
+#include "OakfenCore/Models/LibraryCoding.h"
+#include "OakfenCore/Support/FileSystem.h"
 
-/// Takes the options of the benchmark library, and `--million` for a ledger of that size too.
+/// Takes the options of the benchmark library, and `--million` for a ledger of that size too; with
+/// `--write COUNT FILE` it only writes the ledger of that size, for measuring the whole program.
 int main(int argc, char** argv) {
     using namespace oakfen::benchmarks;
+    if (argc == 4 && std::strcmp(argv[1], "--write") == 0) {
+        const std::size_t entries = std::strtoul(argv[2], nullptr, 10);
+        oakfen::writeOwnerOnly(oakfen::systemFiles(), oakfen::encodeLibrary(bigLibrary(entries)),
+                               argv[3]);
+        return 0;
+    }
     bool withMillion = false;
     int kept = 1;
     for (int index = 1; index < argc; ++index) {
