@@ -94,11 +94,13 @@ private:
         add({.menu = "File",
              .submenu = "Export",
              .title = fixed("All Transactions as CSV…"),
-             .isEnabled = ifAvailable(Feature::exporting, open())});
+             .isEnabled = ifAvailable(Feature::exporting, open()),
+             .perform = [&environment = environment_] { FileActions::exportCSV(environment); }});
         add({.menu = "File",
              .submenu = "Export",
              .title = fixed("Current Account as QIF…"),
-             .isEnabled = ifAvailable(Feature::exporting, openWithSelectedAccount())});
+             .isEnabled = ifAvailable(Feature::exporting, openWithSelectedAccount()),
+             .perform = [&environment = environment_] { FileActions::exportQIF(environment); }});
         add({.menu = "File",
              .title = fixed("Back Up…"),
              .shortcut = "Ctrl+Shift+B",
@@ -197,7 +199,8 @@ private:
              .isEnabled = ifAvailable(Feature::enterReminders,
                                       [isOpen = open(), &environment = environment_] {
                                           return isOpen() && dueReminderCount(environment) > 0;
-                                      })});
+                                      }),
+             .perform = [&environment = environment_] { enterDueReminders(environment); }});
         add({.menu = "Transactions",
              .title = fixed("Lock Oakfen"),
              .shortcut = "Ctrl+Shift+L",

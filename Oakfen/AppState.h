@@ -124,6 +124,8 @@ public:
     Observers<> lockChanged;
     Observers<> alertChanged;
     Observers<> busyChanged;
+    /// An editor has entered or changed the entry of that id.
+    Observers<const UUID&> transactionSaved;
 
 private:
     std::optional<SidebarItem> selection_ = SidebarItem{};

@@ -22,16 +22,17 @@ enum class Feature {
 [[nodiscard]] constexpr bool isAvailable(Feature feature) noexcept {
     switch (feature) {
     case Feature::transactionEditor:
-    case Feature::reminderEditor:
-    case Feature::categoryEditor:
     case Feature::reconcile:
     case Feature::enterReminders:
-    case Feature::quickenImport:
     case Feature::exporting:
+    case Feature::sampleData:
+        return true;
+    case Feature::reminderEditor:
+    case Feature::categoryEditor:
+    case Feature::quickenImport:
     case Feature::backups:
     case Feature::settings:
     case Feature::passwords:
-    case Feature::sampleData:
         return false;
     }
     return false;

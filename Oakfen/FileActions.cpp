@@ -5,19 +5,19 @@
 #include <utility>
 #include <vector>
 
+#include "Oakfen/BusyWork.h"
+#include "Oakfen/Views/ContentView.h"
 #include "OakfenCore/Importers/StatementImporter.h"
+#include "OakfenCore/Support/FileCalls.h"
 
 namespace oakfen::FileActions {
 
+using fileCalls::nameOf;
+
 namespace {
 
-std::string lastComponent(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    return slash == std::string::npos ? path : path.substr(slash + 1);
-}
-
 std::string fileExtension(const std::string& path) {
-    const std::string name = lastComponent(path);
+    const std::string name = nameOf(path);
     const std::size_t point = name.rfind('.');
     return point == std::string::npos ? std::string() : name.substr(point + 1);
 }
@@ -53,12 +53,6 @@ std::string contents(FileSystem& files, const std::string& path) {
     }
 }
 
-/// What the worker leaves for the main thread.
-struct Reading {
-    std::vector<ImportedTransaction> items;
-    std::optional<std::string> failure;
-};
-
 UUID targetAccount(const AppEnvironment& environment) {
     const LibraryIndex& index = environment.store.index();
     const auto selected = environment.appState.selectedAccountID();
@@ -69,16 +63,12 @@ UUID targetAccount(const AppEnvironment& environment) {
     return open.empty() ? UUID{} : open.front()->id;
 }
 
-void finish(AppEnvironment& environment, const std::string& path, Reading& reading) {
-    environment.appState.setBusyMessage(std::nullopt);
-    if (reading.failure) {
-        environment.appState.setAlertMessage(std::move(reading.failure));
-        return;
-    }
+void review(AppEnvironment& environment, const std::string& path,
+            std::vector<ImportedTransaction> items) {
     auto session =
         std::make_shared<ImportSession>(ImportSession{.id = UUID::random(),
-                                                      .fileName = lastComponent(path),
-                                                      .items = std::move(reading.items),
+                                                      .fileName = nameOf(path),
+                                                      .items = std::move(items),
                                                       .accountID = targetAccount(environment)});
     environment.appState.setSheet(ActiveSheet{ActiveSheet::ImportReview{std::move(session)}});
 }
@@ -111,24 +101,32 @@ void importStatement(AppEnvironment& environment, const std::string& path) {
         environment.appState.setAlertMessage(error.localizedDescription());
         return;
     }
-    environment.appState.setBusyMessage("Reading " + lastComponent(path) + "…");
-
-    auto reading = std::make_shared<Reading>();
-    // The work goes on for as long as its handle is held: until its result is taken.
-    auto handle = std::make_shared<ScheduledWork>();
-    *handle = environment.scheduler.background(
+    auto items = std::make_shared<std::vector<ImportedTransaction>>();
+    runBusy(
+        environment, "Reading " + nameOf(path) + "…",
         [&files = environment.files, path, format = *format,
-         calendar = environment.clock.calendar(), reading] {
-            try {
-                reading->items = StatementImporter::parse(contents(files, path), format, calendar);
-            } catch (const std::exception& error) {
-                reading->failure = error.what();
-            }
-        },
-        [&environment, path, reading, handle] {
-            finish(environment, path, *reading);
-            handle->cancel();
-        });
+         calendar = environment.clock.calendar(),
+         items] { *items = StatementImporter::parse(contents(files, path), format, calendar); },
+        [&environment, path, items] { review(environment, path, std::move(*items)); });
+}
+
+bool canTakeDroppedFiles(AppEnvironment& environment) {
+    const AppState& state = environment.appState;
+    return !ContentView(environment).isObscured() &&
+           !environment.store.index().openAccounts().empty() && !state.sheet() &&
+           !state.busyMessage();
+}
+
+void takeDroppedFiles(AppEnvironment& environment, const std::vector<std::string>& paths) {
+    if (!canTakeDroppedFiles(environment)) {
+        return;
+    }
+    if (paths.size() == 1) {
+        importStatement(environment, paths.front());
+    } else {
+        environment.appState.setAlertMessage(
+            ImportError(ImportError::Kind::unsupportedFormat).localizedDescription());
+    }
 }
 
 } // namespace oakfen::FileActions

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "Oakfen/AppEnvironment.h"
 
@@ -13,5 +15,24 @@ void importTransactions(AppEnvironment& environment);
 
 /// The same for a file that is known already.
 void importStatement(AppEnvironment& environment, const std::string& path);
+
+/// Whether files may be dropped onto the main screen: while statements can be imported and nothing
+/// else is going on.
+[[nodiscard]] bool canTakeDroppedFiles(AppEnvironment& environment);
+
+/// Imports a statement that was dropped; says what can be imported when it is another kind of file
+/// or more than one.
+void takeDroppedFiles(AppEnvironment& environment, const std::vector<std::string>& paths);
+
+/// Offers all transactions as comma-separated text.
+void exportCSV(AppEnvironment& environment);
+
+/// Offers the transactions of the selected account as QIF.
+void exportQIF(AppEnvironment& environment);
+
+/// Asks where to save a text, makes it on a worker and writes it there; a failure becomes an alert.
+/// `makeText` must not touch what lives on the main thread.
+void save(AppEnvironment& environment, const SavePanelRequest& request,
+          std::function<std::string()> makeText);
 
 } // namespace oakfen::FileActions

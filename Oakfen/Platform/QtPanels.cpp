@@ -32,7 +32,7 @@ QString nameFilter(const std::string& name, const std::vector<std::string>& exte
 /// Where a browser puts what one downloads; the home folder where there is no such place.
 QString downloadFolder() {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
-    return QDir(folder).exists() ? folder : QDir::homePath();
+    return !folder.isEmpty() && QDir(folder).exists() ? folder : QDir::homePath();
 }
 
 void addMessage(QFileDialog* dialog, const std::string& message) {
@@ -53,10 +53,17 @@ QWidget* QtPanels::parent() const {
     return modal != nullptr ? modal : window_.data();
 }
 
+QFileDialog* QtPanels::makeFileDialog(const std::string& title) const {
+    // The folder belongs in here: a dialog without one begins in the program's working directory.
+    const bool isThere = !folder_.isEmpty() && QDir(folder_).exists();
+    auto* dialog = new QFileDialog(parent(), qt(title), isThere ? folder_ : downloadFolder());
+    dialog->setOption(QFileDialog::DontUseNativeDialog);
+    return dialog;
+}
+
 void QtPanels::run(QFileDialog* dialog, std::function<void(std::optional<std::string>)> then) {
     dialog->setWindowModality(Qt::WindowModal);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setDirectory(folder_.isEmpty() ? downloadFolder() : folder_);
     QObject::connect(dialog, &QDialog::finished, dialog,
                      [this, dialog, then = std::move(then)](int result) {
                          const QStringList files = dialog->selectedFiles();
@@ -72,8 +79,7 @@ void QtPanels::run(QFileDialog* dialog, std::function<void(std::optional<std::st
 
 void QtPanels::openFile(const OpenPanelRequest& request,
                         std::function<void(std::optional<std::string>)> then) {
-    auto* dialog = new QFileDialog(parent(), qt(request.title));
-    dialog->setOption(QFileDialog::DontUseNativeDialog);
+    QFileDialog* dialog = makeFileDialog(request.title);
     dialog->setFileMode(QFileDialog::ExistingFile);
     dialog->setNameFilters(
         {nameFilter(request.extensionsName, request.extensions), QStringLiteral("All Files (*)")});
@@ -83,8 +89,7 @@ void QtPanels::openFile(const OpenPanelRequest& request,
 
 void QtPanels::saveFile(const SavePanelRequest& request,
                         std::function<void(std::optional<std::string>)> then) {
-    auto* dialog = new QFileDialog(parent(), qt(request.title));
-    dialog->setOption(QFileDialog::DontUseNativeDialog);
+    QFileDialog* dialog = makeFileDialog(request.title);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setDefaultSuffix(qt(request.extension));
     dialog->setNameFilters(

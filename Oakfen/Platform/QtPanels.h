@@ -25,6 +25,7 @@ public:
 
 private:
     [[nodiscard]] QWidget* parent() const;
+    [[nodiscard]] QFileDialog* makeFileDialog(const std::string& title) const;
     void run(QFileDialog* dialog, std::function<void(std::optional<std::string>)> then);
 
     QPointer<QWidget> window_;

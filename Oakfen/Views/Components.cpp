@@ -18,10 +18,6 @@ MoneyText moneyText(const Decimal& amount, std::string_view currencyCode, MoneyS
     return money;
 }
 
-std::string plainAmountText(const Decimal& amount) {
-    return amount.rounded(2, RoundingMode::plain).toString();
-}
-
 ClearedBadge clearedBadge(ClearedState state) noexcept {
     switch (state) {
     case ClearedState::uncleared:
@@ -131,6 +127,15 @@ std::vector<PickerRow> accountPickerRows(const LibraryIndex& index,
             }
         }
         appendSection(rows, pickerTitle(group), std::move(choices));
+    }
+    return rows;
+}
+
+std::vector<PickerRow> keepingChoice(std::vector<PickerRow> rows, PickerRow choice) {
+    const bool isListed = std::ranges::any_of(
+        rows, [&](const PickerRow& row) { return !row.isHeader && row.id == choice.id; });
+    if (!isListed) {
+        rows.push_back(std::move(choice));
     }
     return rows;
 }

@@ -32,9 +32,6 @@ struct MoneyStyle {
 [[nodiscard]] MoneyText moneyText(const Decimal& amount, std::string_view currencyCode,
                                   MoneyStyle style = {});
 
-/// Plain digits at no more than two decimals, without grouping: 12.50 reads "12.5".
-[[nodiscard]] std::string plainAmountText(const Decimal& amount);
-
 /// The mark of an entry's state.
 struct ClearedBadge {
     std::string_view symbolName;
@@ -87,6 +84,10 @@ struct AccountPickerOptions {
 /// The open accounts by group; a group without any has no header.
 [[nodiscard]] std::vector<PickerRow> accountPickerRows(const LibraryIndex& index,
                                                        const AccountPickerOptions& options = {});
+
+/// The rows with the choice at their end, unless it is among them already: what a record says is
+/// shown and kept, even where the list would leave it out.
+[[nodiscard]] std::vector<PickerRow> keepingChoice(std::vector<PickerRow> rows, PickerRow choice);
 
 /// The title of a group's section in a picker.
 [[nodiscard]] std::string_view pickerTitle(AccountGroup group) noexcept;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "Oakfen/Views/Components.h"
+#include "OakfenCore/Exporters/Exporter.h"
 #include "OakfenCore/Models/Money.h"
 #include "OakfenCore/Support/Text.h"
 
@@ -104,7 +104,7 @@ bool RegisterSearch::finds(const RegisterRow& row) {
            row.checkNumber.find(term_) != std::string::npos ||
            std::ranges::any_of(row.tags, [this](const auto& tag) { return contains(tag); }) ||
            (mayBeAmount_ &&
-            plainAmountText(row.amount.magnitude()).find(term_) != std::string::npos);
+            Exporter::plain(row.amount.magnitude()).find(term_) != std::string::npos);
 }
 
 bool RegisterSearch::contains(std::string_view text) {

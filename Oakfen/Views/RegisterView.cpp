@@ -1,9 +1,11 @@
 #include "Oakfen/Views/RegisterView.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "Oakfen/Availability.h"
 #include "Oakfen/FileActions.h"
+#include "Oakfen/Views/RegisterCopy.h"
 #include "OakfenCore/LibraryOperations/Transactions.h"
 #include "OakfenCore/Support/Text.h"
 
@@ -54,6 +56,10 @@ std::string_view RegisterView::columnTitle(RegisterColumn column) const {
         return "Balance";
     }
     return {};
+}
+
+std::string_view RegisterView::columnName(RegisterColumn column) const {
+    return column == RegisterColumn::cleared ? "Cleared" : columnTitle(column);
 }
 
 bool RegisterView::isSortable(RegisterColumn column) {
@@ -133,6 +139,31 @@ void RegisterView::keepSelectionVisible(const std::vector<const RegisterRow*>& s
         }
     }
     selection = std::move(visible);
+}
+
+std::string RegisterView::copiedText(const std::vector<const RegisterRow*>& shown) const {
+    const Calendar calendar = environment_.clock.calendar();
+    std::vector<std::string> lines;
+    for (const RegisterRow* row : shown) {
+        if (selection.contains(row->id)) {
+            lines.push_back(copiedLine(*row, calendar));
+        }
+    }
+    return joined(lines, "\n");
+}
+
+std::optional<UUID> RegisterView::reveal(const UUID& id) {
+    const Transaction* entry = environment_.store.index().transaction(id);
+    if (entry == nullptr) {
+        return std::nullopt;
+    }
+    const UUID leg = entry->accountID == accountID_ ? id : entry->transferID.value_or(id);
+    const auto shown = filteredRows();
+    if (std::ranges::none_of(shown, [&](const RegisterRow* row) { return row->id == leg; })) {
+        return std::nullopt;
+    }
+    selection = {leg};
+    return leg;
 }
 
 void RegisterView::toggleCleared(const UUID& id) {

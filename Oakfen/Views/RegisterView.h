@@ -59,6 +59,8 @@ public:
     [[nodiscard]] std::string title() const;
     [[nodiscard]] std::string subtitle() const;
     [[nodiscard]] std::string_view columnTitle(RegisterColumn column) const;
+    /// The same, but never empty: the column of the states has no title above it.
+    [[nodiscard]] std::string_view columnName(RegisterColumn column) const;
     [[nodiscard]] static bool isSortable(RegisterColumn column);
 
     /// All of the account's rows in ledger order.
@@ -76,6 +78,12 @@ public:
     /// Takes from the selection what is not among the rows that are shown, so that no action
     /// touches an entry that the person doesn't see.
     void keepSelectionVisible(const std::vector<const RegisterRow*>& shown);
+    /// Selects the row of an entry, or of its leg in this account; which row, if it is shown.
+    std::optional<UUID> reveal(const UUID& id);
+
+    /// The selected ones of these rows as lines of tab-separated text for a spreadsheet, in all
+    /// columns: days as 2026-03-05, amounts as plain digits.
+    [[nodiscard]] std::string copiedText(const std::vector<const RegisterRow*>& shown) const;
 
     /// A click on the state's mark: uncleared becomes cleared and back; reconciled stays.
     void toggleCleared(const UUID& id);

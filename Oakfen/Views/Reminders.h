@@ -7,4 +7,8 @@ namespace oakfen {
 /// How many reminders are due: those whose date is today or past.
 [[nodiscard]] int dueReminderCount(const AppEnvironment& environment);
 
+/// Enters one occurrence of each reminder that is due now, all in one step. One that is due still
+/// waits for the next time.
+void enterDueReminders(AppEnvironment& environment);
+
 } // namespace oakfen

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "OakfenCore/SampleData/EmptyLibrary.h"
+#include "OakfenCore/SampleData/SampleData.h"
 #include "OakfenCore/Support/Formatting.h"
 
 namespace oakfen {
@@ -32,7 +33,15 @@ std::vector<WelcomeView::Currency> WelcomeView::currencies() {
 }
 
 void WelcomeView::startFresh() {
-    environment_.store.replaceLibrary(emptyLibrary(currency_), std::nullopt);
+    begin(emptyLibrary(currency_));
+}
+
+void WelcomeView::exploreSampleData() {
+    begin(SampleData::make(environment_.clock.now(), currency_, environment_.clock.calendar()));
+}
+
+void WelcomeView::begin(Library library) {
+    environment_.store.replaceLibrary(std::move(library), std::nullopt);
     hasChosen_ = true;
     changed.notify();
 }

@@ -37,6 +37,8 @@ public:
 
     /// Begins with the default categories and nothing else.
     void startFresh();
+    /// Begins with a household to look around in.
+    void exploreSampleData();
     /// Back to the first step; a new choice there replaces the library again.
     void goBack();
     void useNoPassword();
@@ -46,6 +48,7 @@ public:
     Observers<> changed;
 
 private:
+    void begin(Library library);
     void setErrorText(std::optional<std::string> text);
 
     AppEnvironment& environment_;

@@ -50,7 +50,7 @@ void AccountEditorDialog::addTextFields() {
     name_->setText(qt(editor_.draft.name));
     name_->setPlaceholderText(tr("e.g. Everyday Chequing"));
     name_->setAccessibleName(tr("Name"));
-    connect(name_, &QLineEdit::textEdited, this, [this](const QString& text) {
+    connect(name_, &QLineEdit::textChanged, this, [this](const QString& text) {
         editor_.draft.name = utf8(text);
         setCanSave(editor_.canSave());
     });
@@ -67,7 +67,7 @@ void AccountEditorDialog::addTextFields() {
     institution_->setText(qt(editor_.draft.institution));
     institution_->setPlaceholderText(tr("Optional"));
     institution_->setAccessibleName(tr("Institution"));
-    connect(institution_, &QLineEdit::textEdited, this,
+    connect(institution_, &QLineEdit::textChanged, this,
             [this](const QString& text) { editor_.draft.institution = utf8(text); });
     form_->addRow(tr("Institution"), institution_);
 }

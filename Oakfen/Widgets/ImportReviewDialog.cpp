@@ -2,12 +2,12 @@
 
 #include <QFormLayout>
 #include <QHeaderView>
-#include <QKeyEvent>
-#include <algorithm>
+#include <utility>
 
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/Components/PickerBox.h"
+#include "Oakfen/Widgets/Components/RowTicker.h"
 #include "Oakfen/Widgets/ImportReviewModel.h"
 #include "Oakfen/Widgets/Theme.h"
 
@@ -38,11 +38,10 @@ ImportReviewDialog::ImportReviewDialog(AppEnvironment& environment,
 void ImportReviewDialog::setUpAccount(const LibraryIndex& index) {
     std::vector<PickerRow> rows = accountPickerRows(index);
     const auto& proposed = view_.accountID();
-    const bool isListed = std::ranges::any_of(
-        rows, [&](const PickerRow& row) { return !row.isHeader && row.id == proposed; });
-    if (proposed && !isListed) {
+    if (proposed) {
         // A statement may be for an account that was closed since.
-        rows.push_back({.title = index.account(*proposed)->name, .id = proposed});
+        rows = keepingChoice(std::move(rows),
+                             {.title = index.account(*proposed)->name, .id = proposed});
     }
     account_->setRows(rows);
     account_->setPlaceholderText(tr("Choose an account"));
@@ -63,37 +62,15 @@ void ImportReviewDialog::setUpTable() {
     table_->setFrameShape(QFrame::StyledPanel);
     table_->setModel(model_);
     table_->setColumnWidths(QStringLiteral("ImportReview/Columns"), usualColumnWidths,
-                            ImportReviewModel::Payee);
-    table_->installEventFilter(this);
+                            ImportReviewModel::Payee,
+                            {{ImportReviewModel::Payee, 120}, {ImportReviewModel::Category, 90}});
+    table_->setSearchColumn(ImportReviewModel::Payee);
     content()->addWidget(table_, 1);
-    connect(table_, &QTableView::clicked, this, [this](const QModelIndex& index) {
-        if (index.column() == ImportReviewModel::Included) {
-            const bool isIncluded = view_.isIncluded(static_cast<std::size_t>(index.row()));
-            model_->setIncluded({index.row()}, !isIncluded);
-        }
-    });
+    new RowTicker(*table_, ImportReviewModel::Included,
+                  [this](const std::vector<int>& lines, bool isIncluded) {
+                      model_->setIncluded(lines, isIncluded);
+                  });
     model_->includedChanged = [this] { showState(); };
-}
-
-bool ImportReviewDialog::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == table_ && event->type() == QEvent::KeyPress &&
-        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space) {
-        toggleSelected();
-        return true;
-    }
-    return SheetScaffold::eventFilter(watched, event);
-}
-
-void ImportReviewDialog::toggleSelected() {
-    const QModelIndex current = table_->currentIndex();
-    if (!current.isValid()) {
-        return;
-    }
-    std::vector<int> lines{current.row()};
-    for (const QModelIndex& index : table_->selectionModel()->selectedRows()) {
-        lines.push_back(index.row());
-    }
-    model_->setIncluded(lines, !view_.isIncluded(static_cast<std::size_t>(current.row())));
 }
 
 void ImportReviewDialog::showState() {

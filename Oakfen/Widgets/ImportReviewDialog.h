@@ -23,13 +23,10 @@ public:
 
 protected:
     void save() override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void setUpAccount(const LibraryIndex& index);
     void setUpTable();
-    /// Turns the ticks of the selected lines to the other state of the current one.
-    void toggleSelected();
     void showState();
 
     ImportReviewView view_;

@@ -2,14 +2,19 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QDropEvent>
 #include <QGridLayout>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QSplitter>
+#include <QUrl>
 #include <utility>
 
+#include "Oakfen/FileActions.h"
 #include "Oakfen/Views/ContentView.h"
 #include "Oakfen/Widgets/AlertPresenter.h"
+#include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/BusyPill.h"
 #include "Oakfen/Widgets/DetailWidget.h"
 #include "Oakfen/Widgets/GateWidget.h"
@@ -40,6 +45,7 @@ MainWindow::MainWindow(AppEnvironment& environment, std::function<void()> reques
     : environment_(environment), requestQuit_(std::move(requestQuit)),
       undoManager_(std::make_shared<UndoManager>()) {
     setWindowTitle(QStringLiteral("Oakfen"));
+    setAcceptDrops(true);
     environment_.store.setUndoManager(undoManager_);
     buildContent();
     buildMenuBar();
@@ -75,6 +81,8 @@ void MainWindow::buildContent() {
     sidebar_->setMaximumWidth(maximumSidebarWidth);
     splitter_->addWidget(sidebar_);
     splitter_->addWidget(new DetailWidget(environment_, splitter_));
+    // The splitter puts what comes later before what came earlier, for those who listen.
+    sidebar_->lower();
     splitter_->setStretchFactor(0, 0);
     splitter_->setStretchFactor(1, 1);
     splitter_->setSizes({idealSidebarWidth, defaultSize.width() - idealSidebarWidth});
@@ -97,6 +105,7 @@ void MainWindow::buildMenuBar() {
                          .isSidebarShown = [this] { return !sidebar_->isHidden(); },
                          .toggleSidebar = [this] { setSidebarShown(sidebar_->isHidden()); }},
                         *menuBar());
+    menuBar()->lower();
 }
 
 void MainWindow::restoreState() {
@@ -147,6 +156,24 @@ void MainWindow::showEvent(QShowEvent* event) {
 void MainWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     requestQuit_();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls() && FileActions::canTakeDroppedFiles(environment_)) {
+        // A copy, whatever the other program proposes: its file stays where it is.
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    }
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    std::vector<std::string> paths;
+    for (const QUrl& url : event->mimeData()->urls()) {
+        paths.push_back(utf8(url.toLocalFile()));
+    }
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    FileActions::takeDroppedFiles(environment_, paths);
 }
 
 void MainWindow::showAbout() {

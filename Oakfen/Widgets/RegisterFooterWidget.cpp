@@ -17,6 +17,9 @@ void RegisterFooterWidget::show(const RegisterFooter& footer, const std::string&
     while (figures_.size() < footer.figures.size()) {
         // Each figure is a label, an amount and the blank after them.
         figures_.push_back(addFigure(static_cast<int>(figures_.size()) * 3));
+        // Read last, as it stands last.
+        selection_.label->raise();
+        selection_.amount->raise();
     }
     for (std::size_t index = 0; index < figures_.size(); ++index) {
         const bool isShown = index < footer.figures.size();
@@ -53,8 +56,11 @@ RegisterFooterWidget::Figure RegisterFooterWidget::addFigure(int position) {
 void RegisterFooterWidget::fill(const Figure& figure, const RegisterFooter::Figure& content,
                                 const std::string& currencyCode) {
     figure.label->setText(qt(content.label));
-    figure.amount->setMoney(moneyText(content.amount, currencyCode));
-    figure.amount->setAccessibleName(qt(content.label));
+    const MoneyText money = moneyText(content.amount, currencyCode);
+    figure.amount->setMoney(money);
+    // One sentence for those who listen; the amount by itself would say too little.
+    figure.label->setAccessibleName(qt(content.label + ", " + money.text));
+    figure.amount->setAccessibleName({});
 }
 
 } // namespace oakfen

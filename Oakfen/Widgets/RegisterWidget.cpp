@@ -1,5 +1,6 @@
 #include "Oakfen/Widgets/RegisterWidget.h"
 
+#include <QClipboard>
 #include <QComboBox>
 #include <QGuiApplication>
 #include <QHeaderView>
@@ -17,6 +18,7 @@
 #include "Oakfen/Widgets/EmptyStateWidget.h"
 #include "Oakfen/Widgets/RegisterFooterWidget.h"
 #include "Oakfen/Widgets/RegisterModel.h"
+#include "Oakfen/Widgets/RegisterSortButton.h"
 #include "Oakfen/Widgets/Theme.h"
 
 namespace oakfen {
@@ -24,6 +26,16 @@ namespace oakfen {
 namespace {
 
 const QList<int> usualColumnWidths{34, 98, 60, 140, 180, 80, 108, 108, 116};
+
+/// Words can be cut short where figures can't; those give away only their spare room.
+const QList<LedgerTable::YieldingColumn> yieldingColumns{
+    {static_cast<int>(RegisterColumn::number), 44},
+    {static_cast<int>(RegisterColumn::payee), 100},
+    {static_cast<int>(RegisterColumn::category), 90},
+    {static_cast<int>(RegisterColumn::tags), 46},
+    {static_cast<int>(RegisterColumn::payment), 96},
+    {static_cast<int>(RegisterColumn::deposit), 96},
+    {static_cast<int>(RegisterColumn::balance), 104}};
 
 // Wider than high, which sets the picture apart from the words.
 constexpr QSize toolIconSize(20, 15);
@@ -43,17 +55,22 @@ RegisterWidget::RegisterWidget(AppEnvironment& environment, const UUID& accountI
       model_(new RegisterModel(environment, view_, this)),
       title_(makeLabel(TextStyle::title, ThemeColor::text)),
       subtitle_(makeLabel(TextStyle::body, ThemeColor::secondaryText)), filter_(new QComboBox),
-      search_(new QLineEdit), table_(new LedgerTable), stack_(new QStackedLayout),
-      footer_(new RegisterFooterWidget) {
+      search_(new QLineEdit), sort_(new RegisterSortButton(view_)), table_(new LedgerTable),
+      stack_(new QStackedLayout), footer_(new RegisterFooterWidget) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(makeHeader());
-    layout->addLayout(stack_, 1);
+    // A widget of its own, so that what it shows later still comes before the footer by ear.
+    auto* entries = new QWidget;
+    entries->setLayout(stack_);
+    layout->addWidget(entries, 1);
     layout->addWidget(footer_);
     setUpTable();
     stack_->addWidget(table_);
     libraryChanged_ = environment.store.libraryChanged.observe([this] { refresh(); });
+    transactionSaved_ =
+        environment.appState.transactionSaved.observe([this](const UUID& id) { reveal(id); });
     refresh();
     setFocusProxy(table_);
 }
@@ -83,9 +100,15 @@ QWidget* RegisterWidget::makeHeader() {
     toolRow->setSpacing(Theme::grid);
     layout->addLayout(toolRow);
     setUpFilterAndSearch();
+    auto* filterLabel = new QLabel(tr("Show"));
+    Theme::setText(*filterLabel, TextStyle::body, ThemeColor::secondaryText);
+    filterLabel->setBuddy(filter_);
+    toolRow->addWidget(filterLabel);
     toolRow->addWidget(filter_);
     toolRow->addWidget(search_, 1);
     toolRow->addStretch(0);
+    sort_->chosen = [this] { refresh(); };
+    toolRow->addWidget(sort_);
     return header;
 }
 
@@ -105,8 +128,14 @@ void RegisterWidget::setUpFilterAndSearch() {
     search_->setToolTip(tr("Search this account (Ctrl+F)"));
     search_->setClearButtonEnabled(true);
     search_->setMaximumWidth(360);
-    search_->addAction(symbolIcon("magnifyingglass", ThemeColor::secondaryText),
-                       QLineEdit::LeadingPosition);
+    search_
+        ->addAction(symbolIcon("magnifyingglass", ThemeColor::secondaryText),
+                    QLineEdit::LeadingPosition)
+        ->setText(tr("Search"));
+    // The toolkit's own button has a picture but no name.
+    if (auto* clear = search_->findChild<QAction*>(QStringLiteral("_q_qlineeditclearaction"))) {
+        clear->setText(tr("Clear Search"));
+    }
     connect(search_, &QLineEdit::textChanged, this, [this](const QString& text) {
         view_.searchText = utf8(text);
         refresh();
@@ -148,7 +177,8 @@ void RegisterWidget::setUpTable() {
     table_->setAccessibleName(tr("Transactions"));
     table_->setModel(model_);
     table_->setColumnWidths(QStringLiteral("Register/Columns"), usualColumnWidths,
-                            static_cast<int>(RegisterColumn::payee));
+                            static_cast<int>(RegisterColumn::payee), yieldingColumns);
+    table_->setSearchColumn(static_cast<int>(RegisterColumn::payee));
     table_->setContextMenuPolicy(Qt::CustomContextMenu);
     table_->installEventFilter(this);
     QHeaderView* header = table_->horizontalHeader();
@@ -194,6 +224,7 @@ void RegisterWidget::refresh() {
     table_->horizontalHeader()->setSortIndicator(static_cast<int>(view_.sort.column),
                                                  view_.sort.ascending ? Qt::AscendingOrder
                                                                       : Qt::DescendingOrder);
+    sort_->refresh();
     isRefreshing_ = false;
     showEmptyState();
     showFooter();
@@ -219,6 +250,13 @@ void RegisterWidget::showEmptyState() {
     }
     stack_->addWidget(emptyState_);
     stack_->setCurrentWidget(emptyState_);
+}
+
+void RegisterWidget::reveal(const UUID& id) {
+    if (const auto shown = view_.reveal(id)) {
+        restoreSelection(shown);
+        table_->scrollTo(table_->currentIndex());
+    }
 }
 
 void RegisterWidget::restoreSelection(const std::optional<UUID>& current) {
@@ -268,11 +306,21 @@ void RegisterWidget::showFooter() {
 bool RegisterWidget::eventFilter(QObject* watched, QEvent* event) {
     if (watched == table_ && event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->matches(QKeySequence::Copy)) {
+            copySelection();
+            return true;
+        }
         if (handleTableKey(key->key(), key->modifiers())) {
             return true;
         }
     }
     return QWidget::eventFilter(watched, event);
+}
+
+void RegisterWidget::copySelection() {
+    if (!view_.selection.empty()) {
+        QGuiApplication::clipboard()->setText(qt(view_.copiedText(model_->shown())));
+    }
 }
 
 bool RegisterWidget::handleTableKey(int key, Qt::KeyboardModifiers modifiers) {
@@ -289,6 +337,10 @@ bool RegisterWidget::handleTableKey(int key, Qt::KeyboardModifiers modifiers) {
         view_.requestDelete(view_.selection);
         return true;
     case Qt::Key_Space:
+        if (table_->isSearching()) {
+            // The blank is part of the payee that is being typed.
+            return false;
+        }
         if (table_->currentIndex().isValid()) {
             view_.toggleCleared(UUID(model_->idAt(table_->currentIndex().row())));
         }

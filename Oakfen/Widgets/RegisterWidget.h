@@ -17,6 +17,7 @@ class EmptyStateWidget;
 class LedgerTable;
 class RegisterFooterWidget;
 class RegisterModel;
+class RegisterSortButton;
 
 /// Draws the register of one account and hands its input to the view.
 class RegisterWidget final : public QWidget {
@@ -29,6 +30,7 @@ public:
     [[nodiscard]] RegisterView& view() { return view_; }
     [[nodiscard]] LedgerTable* table() const { return table_; }
     [[nodiscard]] QLineEdit* searchField() const { return search_; }
+    [[nodiscard]] RegisterSortButton* sortButton() const { return sort_; }
     /// The context menu for these entries; the caller owns it.
     [[nodiscard]] std::unique_ptr<QMenu> makeContextMenu(const UUIDSet& ids);
 
@@ -45,9 +47,13 @@ private:
     /// Shows the view afresh; the selection and the place in the table stay.
     void refresh();
     void showEmptyState();
+    /// Selects an entry that was saved just now and scrolls to it, if it is shown here.
+    void reveal(const UUID& id);
     void restoreSelection(const std::optional<UUID>& current);
     void takeSelection();
     void showFooter();
+    /// Puts the selected rows into the clipboard.
+    void copySelection();
     bool handleTableKey(int key, Qt::KeyboardModifiers modifiers);
     void openSelection();
     void addActionsForOne(QMenu& menu, const RegisterContextMenu& content);
@@ -60,12 +66,14 @@ private:
     QLabel* subtitle_;
     QComboBox* filter_;
     QLineEdit* search_;
+    RegisterSortButton* sort_;
     LedgerTable* table_;
     QStackedLayout* stack_;
     EmptyStateWidget* emptyState_ = nullptr;
     RegisterFooterWidget* footer_;
     bool isRefreshing_ = false;
     Subscription libraryChanged_;
+    Subscription transactionSaved_;
 };
 
 } // namespace oakfen

@@ -2,6 +2,8 @@
 
 #include "Oakfen/Widgets/AccountEditorDialog.h"
 #include "Oakfen/Widgets/ImportReviewDialog.h"
+#include "Oakfen/Widgets/ReconcileDialog.h"
+#include "Oakfen/Widgets/TransactionEditorDialog.h"
 
 namespace oakfen {
 
@@ -18,8 +20,20 @@ struct DialogMaker {
     QDialog* operator()(const ActiveSheet::EditAccount& sheet) const {
         return new AccountEditorDialog(environment, sheet.id, parent);
     }
+    QDialog* operator()(const ActiveSheet::NewTransaction& sheet) const {
+        return new TransactionEditorDialog(environment, TransactionEditor(environment, sheet),
+                                           parent);
+    }
+    QDialog* operator()(const ActiveSheet::EditTransaction& sheet) const {
+        return new TransactionEditorDialog(environment, TransactionEditor(environment, sheet),
+                                           parent);
+    }
     QDialog* operator()(const ActiveSheet::ImportReview& sheet) const {
         return new ImportReviewDialog(environment, sheet.session, parent);
+    }
+    QDialog* operator()(const ActiveSheet::Reconcile& sheet) const {
+        const Account* account = environment.store.index().account(sheet.accountID);
+        return account != nullptr ? new ReconcileDialog(environment, *account, parent) : nullptr;
     }
     template <typename Other>
     QDialog* operator()(const Other& /*sheet*/) const {

@@ -7,7 +7,8 @@ class QWidget;
 
 namespace oakfen {
 
-/// The dialog for a sheet; null for one that this version has no screen for.
+/// The dialog for a sheet; null for one that this version has no screen for or whose account is
+/// gone.
 [[nodiscard]] QDialog* makeSheet(AppEnvironment& environment, const ActiveSheet& sheet,
                                  QWidget* parent);
 

@@ -9,6 +9,7 @@
 #include <QTreeWidget>
 
 #include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/Components/MoneyLabel.h"
 #include "Oakfen/Widgets/MenuBuilder.h"
 #include "Oakfen/Widgets/SidebarDelegate.h"
 #include "Oakfen/Widgets/Theme.h"
@@ -95,6 +96,8 @@ void SidebarWidget::buildList() {
     list_ = new QTreeWidget(this);
     list_->setObjectName(QStringLiteral("SidebarList"));
     list_->setAccessibleName(QStringLiteral("Screens and accounts"));
+    // Hidden, but told to screen readers.
+    list_->setHeaderLabel(list_->accessibleName());
     list_->setHeaderHidden(true);
     list_->setRootIsDecorated(false);
     list_->setIndentation(0);
@@ -129,10 +132,10 @@ void SidebarWidget::buildFooter() {
     column->setSpacing(3);
 
     auto* first = new QHBoxLayout;
-    auto* title = new QLabel(QStringLiteral("Net Worth"), footer);
-    Theme::setText(*title, TextStyle::body);
-    netWorth_ = new QLabel(footer);
-    first->addWidget(title, 1);
+    netWorthLabel_ = new QLabel(QStringLiteral("Net Worth"), footer);
+    Theme::setText(*netWorthLabel_, TextStyle::body);
+    netWorth_ = new MoneyLabel(TextStyle::bodyStrong, footer);
+    first->addWidget(netWorthLabel_, 1);
     first->addWidget(netWorth_);
     column->addLayout(first);
     assets_ = new QLabel(footer);
@@ -220,9 +223,12 @@ void SidebarWidget::showSelection() {
 
 void SidebarWidget::showFooter() {
     const SidebarView::Footer footer = view_.footer();
-    netWorth_->setText(qt(footer.netWorth));
-    Theme::setText(*netWorth_, TextStyle::bodyStrong,
-                   footer.isNegative ? ThemeColor::negative : ThemeColor::text);
+    netWorth_->setMoney({.text = footer.netWorth,
+                         .tone = footer.isNegative ? TextTone::negative : TextTone::primary});
+    // One sentence for those who listen.
+    netWorthLabel_->setAccessibleName(netWorthLabel_->text() + QStringLiteral(", ") +
+                                      qt(footer.netWorth));
+    netWorth_->setAccessibleName({});
     assets_->setText(qt(footer.assets));
     liabilities_->setText(qt(footer.liabilities));
 }

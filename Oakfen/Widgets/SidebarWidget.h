@@ -14,6 +14,8 @@ class QTreeWidgetItem;
 
 namespace oakfen {
 
+class MoneyLabel;
+
 /// Draws the left column.
 class SidebarWidget final : public QFrame {
     Q_OBJECT
@@ -47,7 +49,8 @@ private:
     SidebarView view_;
     QTreeWidget* list_ = nullptr;
     QMenu* addMenu_ = nullptr;
-    QLabel* netWorth_ = nullptr;
+    QLabel* netWorthLabel_ = nullptr;
+    MoneyLabel* netWorth_ = nullptr;
     QLabel* assets_ = nullptr;
     QLabel* liabilities_ = nullptr;
 

@@ -103,6 +103,7 @@ QPushButton { background: @surface; border: 1px solid @border; border-radius: 5p
     padding: 4px 14px; min-height: 19px; outline: none; }
 QPushButton:hover { background: @surfaceRaised; }
 QPushButton:pressed { background: @border; }
+QPushButton:checked { background: @selection; color: @onSelection; border-color: @selection; }
 QPushButton:focus { border-color: @accent; }
 QPushButton:disabled { color: @disabledText; background: @window; }
 QPushButton:default, QPushButton[prominent="true"] {
@@ -136,6 +137,7 @@ QLineEdit[invalid="true"] { border-color: @negative; }
 QLineEdit:disabled { background: @window; color: @disabledText; }
 QComboBox QLineEdit, QAbstractSpinBox QLineEdit, QTableView QLineEdit { border: none;
     min-height: 0px; padding: 0px 3px; }
+QAbstractSpinBox QLineEdit { padding: 0px 3px 0px 5px; }
 QPlainTextEdit, QTextEdit { background: @surface; border: 1px solid @border; border-radius: 5px; }
 QPlainTextEdit:focus, QTextEdit:focus { border-color: @accent; }
 

@@ -3,6 +3,7 @@
 #include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QStyleOption>
+#include <algorithm>
 #include <map>
 
 #include "Oakfen/Widgets/Theme.h"
@@ -13,6 +14,13 @@ namespace {
 
 constexpr qreal buttonRadius = 5;
 constexpr int comboPadding = 4;
+
+/// As high as a text field, so that the fields of a form are all of one height.
+int fieldHeight(const QStyleOption& option) {
+    constexpr int leastTextHeight = 20;
+    constexpr int paddingAndFrame = 8;
+    return std::max(leastTextHeight, option.fontMetrics.height()) + paddingAndFrame;
+}
 
 void drawPanel(QPainter* painter, const QRect& rect, const QColor& fill, const QColor& border) {
     painter->save();
@@ -156,7 +164,14 @@ int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
 QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
                                    const QSize& contents, const QWidget* widget) const {
     const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
-    return type == CT_ComboBox ? size + QSize(2 * comboPadding, 6) : size;
+    switch (type) {
+    case CT_ComboBox:
+        return {size.width() + (2 * comboPadding), fieldHeight(*option)};
+    case CT_SpinBox:
+        return {size.width(), fieldHeight(*option)};
+    default:
+        return size;
+    }
 }
 
 QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,

@@ -2,7 +2,9 @@
 
 #include <QBuffer>
 #include <QPixmap>
+#include <QScopeGuard>
 #include <QTemporaryDir>
+#include <QWidget>
 #include <utility>
 
 #include "Oakfen/Widgets/Bridge.h"
@@ -26,7 +28,8 @@ public:
         QByteArray bytes;
         QBuffer buffer(&bytes);
         buffer.open(QIODevice::WriteOnly);
-        picture.save(&buffer, "PNG");
+        // Little compression: it takes longer than all the drawing.
+        picture.save(&buffer, "PNG", 80);
         const std::string path =
             folder_ + "/" + name + (Theme::isDark() ? "-dark" : "-light") + ".png";
         writeOwnerOnly(systemFiles(), {bytes.constData(), static_cast<std::size_t>(bytes.size())},
@@ -85,6 +88,17 @@ void walkTheSheets(Album& album, TourStage& stage, const Account& account) {
     };
     open(ActiveSheet::NewAccount{}, "sheet-new-account");
     open(ActiveSheet::EditAccount{account.id}, "sheet-edit-account");
+    open(ActiveSheet::NewTransaction{account.id}, "sheet-new-transaction");
+    const auto openFirst = [&](bool (Transaction::*isWanted)() const, const std::string& name) {
+        const auto& entries = stage.store().library().transactions;
+        if (const Transaction* entry =
+                entries.first([&](const Transaction& each) { return (each.*isWanted)(); })) {
+            open(ActiveSheet::EditTransaction{entry->id}, name);
+        }
+    };
+    openFirst(&Transaction::isSplit, "sheet-edit-split");
+    openFirst(&Transaction::isTransfer, "sheet-edit-transfer");
+    open(ActiveSheet::Reconcile{account.id}, "sheet-reconcile");
     open(ActiveSheet::ImportReview{std::make_shared<const ImportSession>(
              exampleStatement(stage.store().index(), account))},
          "sheet-import-review");
@@ -107,11 +121,17 @@ void walkTheScreens(Album& album, const Library& document) {
         stage.appState().setSelection(SidebarItem::account(account.id));
         album.add(stage, "screen-account-" + std::to_string(++number));
     }
-    stage.appState().setBusyMessage("Reading statement.csv…");
+    stage.showBusy("Reading statement.csv…");
     album.add(stage, "screen-busy");
     stage.appState().setBusyMessage(std::nullopt);
     if (!document.accounts.empty()) {
         walkTheSheets(album, stage, document.accounts.front());
+        stage.appState().setSelection(SidebarItem::account(document.accounts.front().id));
+        const QSize usualSize = stage.window().size();
+        stage.window().resize(stage.window().minimumSizeHint());
+        album.add(stage, "screen-small");
+        // The next windows take the size that the last one had.
+        stage.window().resize(usualSize);
     }
 }
 
@@ -120,6 +140,14 @@ void walkTheScreens(Album& album, const Library& document) {
 void renderTour(const std::string& folder, const std::optional<std::string>& file) {
     // The windows of the tour must not move those of the person.
     const QTemporaryDir state;
+    const auto stateHome = qgetenv("XDG_STATE_HOME");
+    const auto wasDark = Theme::isDark();
+    const auto putBack = qScopeGuard([&] {
+        stateHome.isNull() ? qunsetenv("XDG_STATE_HOME") : qputenv("XDG_STATE_HOME", stateHome);
+        if (Theme::isDark() != wasDark) {
+            Theme::setDark(wasDark);
+        }
+    });
     qputenv("XDG_STATE_HOME", state.path().toUtf8());
 
     const Library document =

@@ -6,6 +6,8 @@
 #include <QPixmap>
 #include <utility>
 
+#include "Oakfen/Widgets/BusyPill.h"
+
 namespace oakfen {
 
 namespace {
@@ -38,6 +40,11 @@ TourStage::TourStage(const std::string& bytes) {
 void TourStage::show(Library document) {
     store_->useNoPassword();
     store_->replaceLibrary(std::move(document), std::nullopt);
+}
+
+void TourStage::showBusy(const std::string& message) {
+    appState_.setBusyMessage(message);
+    window_->findChild<BusyPill*>()->show();
 }
 
 QPixmap TourStage::picture() {

@@ -36,6 +36,9 @@ public:
     /// Opens the document as a person would who runs without a password.
     void show(Library document);
 
+    /// Shows the pill of a work that goes on, without its delay.
+    void showBusy(const std::string& message);
+
     /// The window as it looks now, with the sheet over it when one is open.
     [[nodiscard]] QPixmap picture();
 

@@ -64,7 +64,8 @@ GatePanelWidget* WelcomeWidget::makeFirstStep() {
     auto* sample =
         new QPushButton(symbolIcon("wand.and.stars"), QStringLiteral("Explore Sample Data"), panel);
     sample->setEnabled(isAvailable(Feature::sampleData));
-    sample->setToolTip(QStringLiteral("Sample data isn’t available in this version yet."));
+    sample->setToolTip(QStringLiteral("Look around in the ledger of a made-up household"));
+    connect(sample, &QPushButton::clicked, this, [this] { view_.exploreSampleData(); });
     for (QPushButton* button : {fresh, sample}) {
         button->setMinimumWidth(220);
         // A little air between picture and words.

@@ -1,6 +1,7 @@
 #include "Oakfen/Widgets/Components/AmountField.h"
 
 #include <QFocusEvent>
+#include <QSignalBlocker>
 #include <QStyle>
 #include <QTimer>
 
@@ -20,13 +21,14 @@ AmountField::AmountField(const QString& title, QWidget* parent) : QLineEdit(pare
     setAlignment(Qt::AlignRight);
     setMaxLength(greatestLength);
     setText(qt(entry_.text()));
-    connect(this, &QLineEdit::textEdited, this, [this](const QString& text) { readText(text); });
+    // However the text came: typed, pasted, or set by an assistant.
+    connect(this, &QLineEdit::textChanged, this, [this](const QString& text) { readText(text); });
     showState();
 }
 
 void AmountField::setValue(const Decimal& value) {
     entry_.setValue(value);
-    setText(qt(entry_.text()));
+    showText();
     showState();
 }
 
@@ -44,7 +46,7 @@ void AmountField::focusInEvent(QFocusEvent* event) {
 
 void AmountField::focusOutEvent(QFocusEvent* event) {
     entry_.finishEditing();
-    setText(qt(entry_.text()));
+    showText();
     QLineEdit::focusOutEvent(event);
 }
 
@@ -52,6 +54,11 @@ void AmountField::readText(const QString& text) {
     entry_.edit(utf8(text));
     showState();
     edited();
+}
+
+void AmountField::showText() {
+    const QSignalBlocker blocker(this);
+    setText(qt(entry_.text()));
 }
 
 void AmountField::showState() {

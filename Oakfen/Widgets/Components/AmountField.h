@@ -30,6 +30,8 @@ protected:
 
 private:
     void readText(const QString& text);
+    /// Puts the entry's text into the field, which nobody takes for typing.
+    void showText();
     void showState();
 
     AmountEntry entry_;

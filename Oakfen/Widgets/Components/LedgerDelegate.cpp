@@ -1,7 +1,10 @@
 #include "Oakfen/Widgets/Components/LedgerDelegate.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/Figures.h"
@@ -39,6 +42,17 @@ void drawText(QPainter& painter, const QRect& rect, const QModelIndex& index, bo
     }
 }
 
+/// An amount without room for all its digits must not look like a smaller one.
+void drawAmount(QPainter& painter, const QRect& rect, const QString& text) {
+    if (figureWidth(painter.font(), text) <= rect.width()) {
+        drawFigures(painter, rect, text);
+        return;
+    }
+    const QFontMetrics metrics(painter.font());
+    painter.drawText(rect, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
+                     metrics.elidedText(text, Qt::ElideRight, rect.width()));
+}
+
 void drawTick(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) {
     const QStyle* style = option.widget != nullptr ? option.widget->style() : QApplication::style();
     QStyleOptionViewItem box = option;
@@ -71,12 +85,29 @@ void LedgerDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
         symbolIcon(utf8(symbol), themeColor(toneOf(index))).paint(painter, icon);
     } else if (index.data(FiguresRole).toBool()) {
         painter->setPen(colorOf(toneOf(index), isSelected));
-        painter->setClipRect(option.rect);
-        drawFigures(*painter, content, index.data().toString());
+        drawAmount(*painter, content, index.data().toString());
     } else {
         drawText(*painter, content, index, isSelected);
     }
     painter->restore();
+}
+
+bool LedgerDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                               const QStyleOptionViewItem& option, const QModelIndex& index) {
+    const QString text = index.data().toString();
+    const int room = option.rect.width() - (2 * margin);
+    const bool isCut = index.data(FiguresRole).toBool()
+                           ? figureWidth(option.font, text) > room
+                           : QFontMetrics(option.font).horizontalAdvance(text) > room;
+    if (event->type() != QEvent::ToolTip || !isCut ||
+        !index.data(Qt::ToolTipRole).toString().isEmpty()) {
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    }
+    // Marked as rich text, so that the text is escaped and not read as markup.
+    QToolTip::showText(event->globalPos(),
+                       QStringLiteral("<qt>") + text.toHtmlEscaped() + QStringLiteral("</qt>"),
+                       view);
+    return true;
 }
 
 } // namespace oakfen

@@ -1,9 +1,11 @@
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
+#include <numeric>
 
 #include "Oakfen/Widgets/Components/LedgerDelegate.h"
 #include "Oakfen/Widgets/Theme.h"
@@ -35,6 +37,7 @@ LedgerTable::LedgerTable(QWidget* parent) : QTableView(parent) {
     verticalHeader()->setMinimumSectionSize(Theme::tableRowHeight);
     verticalHeader()->setDefaultSectionSize(Theme::tableRowHeight);
     horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setTextElideMode(Qt::ElideRight);
     horizontalHeader()->setMinimumSectionSize(leastColumnWidth);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     verticalScrollBar()->setSingleStep(Theme::tableRowHeight);
@@ -58,11 +61,12 @@ void LedgerTable::saveColumnWidths() const {
     windowState::setValue(stateKey_, widths);
 }
 
-void LedgerTable::setColumnWidths(const QString& stateKey, const QList<int>& widths,
-                                  int stretched) {
+void LedgerTable::setColumnWidths(const QString& stateKey, const QList<int>& widths, int stretched,
+                                  const QList<YieldingColumn>& yielding) {
     stateKey_ = stateKey;
     widths_ = widths;
     stretched_ = stretched;
+    yielding_ = yielding;
     const QVariantList kept = windowState::value(stateKey).toList();
     for (qsizetype column = 0; column < widths_.size(); ++column) {
         if (kept.size() == widths_.size() && column != stretched) {
@@ -73,13 +77,30 @@ void LedgerTable::setColumnWidths(const QString& stateKey, const QList<int>& wid
     }
     connect(horizontalHeader(), &QHeaderView::sectionResized, this,
             [this](int column, int /*before*/, int after) {
-                if (!isStretching_ && column != stretched_) {
+                if (!isFitting_ && column != stretched_) {
                     widths_[column] = after;
-                    stretchColumn();
+                    fitColumns(column);
                     saveTimer_.start();
                 }
             });
-    stretchColumn();
+    fitColumns();
+}
+
+bool LedgerTable::isSearching() const {
+    return sinceTyped_.isValid() && !sinceTyped_.hasExpired(QApplication::keyboardInputInterval());
+}
+
+void LedgerTable::keyboardSearch(const QString& text) {
+    if (searchColumn_ >= 0 && model() != nullptr && model()->rowCount() > 0) {
+        // The search begins after the current cell and goes on in its column. Without one it is to
+        // begin with the first row, which comes after the last.
+        const QModelIndex current = currentIndex();
+        const int row = current.isValid() ? current.row() : model()->rowCount() - 1;
+        selectionModel()->setCurrentIndex(model()->index(row, searchColumn_),
+                                          QItemSelectionModel::NoUpdate);
+    }
+    QTableView::keyboardSearch(text);
+    sinceTyped_.start();
 }
 
 void LedgerTable::paintEvent(QPaintEvent* event) {
@@ -110,20 +131,46 @@ void LedgerTable::paintEvent(QPaintEvent* event) {
 
 void LedgerTable::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
-    stretchColumn();
+    fitColumns();
 }
 
-void LedgerTable::stretchColumn() {
+QList<int> LedgerTable::fittedWidths(int dragged) const {
+    QList<int> widths = widths_;
+    int lack = std::accumulate(widths.begin(), widths.end(), -viewport()->width());
+    if (lack < 0) {
+        widths[stretched_] -= lack;
+        return widths;
+    }
+    const auto spare = [&](const YieldingColumn& each) {
+        return each.column == dragged ? 0 : std::max(0, widths[each.column] - each.least);
+    };
+    int spareOfAll = 0;
+    for (const YieldingColumn& each : yielding_) {
+        spareOfAll += spare(each);
+    }
+    lack = std::min(lack, spareOfAll);
+    // Each gives its share of what is lacking; the last one gives what rounding has left.
+    for (const YieldingColumn& each : yielding_) {
+        if (const int own = spare(each); own > 0) {
+            const int share = lack * own / spareOfAll;
+            widths[each.column] -= share;
+            lack -= share;
+            spareOfAll -= own;
+        }
+    }
+    return widths;
+}
+
+void LedgerTable::fitColumns(int dragged) {
     if (stretched_ < 0) {
         return;
     }
-    int others = 0;
-    for (int column = 0; column < static_cast<int>(widths_.size()); ++column) {
-        others += column == stretched_ ? 0 : columnWidth(column);
+    const QList<int> widths = fittedWidths(dragged);
+    isFitting_ = true;
+    for (int column = 0; column < static_cast<int>(widths.size()); ++column) {
+        setColumnWidth(column, widths[column]);
     }
-    isStretching_ = true;
-    setColumnWidth(stretched_, std::max(widths_[stretched_], viewport()->width() - others));
-    isStretching_ = false;
+    isFitting_ = false;
 }
 
 } // namespace oakfen

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QTableView>
 #include <QTimer>
 
@@ -14,22 +15,41 @@ public:
     explicit LedgerTable(QWidget* parent = nullptr);
     ~LedgerTable() override;
 
+    /// A column that gives way when the window is narrow, and how narrow it may become.
+    struct YieldingColumn {
+        int column = 0;
+        int least = 0;
+    };
+
     /// Sets the widths of the model's columns: those that the person gave them last, else these.
-    /// The column `stretched` takes what is left, but at least its own width.
-    void setColumnWidths(const QString& stateKey, const QList<int>& widths, int stretched);
+    /// The column `stretched` takes what is left. Where not all have room, the `yielding` ones
+    /// become narrower; the table scrolls only when that is not enough.
+    void setColumnWidths(const QString& stateKey, const QList<int>& widths, int stretched,
+                         const QList<YieldingColumn>& yielding = {});
+
+    /// The column that is searched for what the person types into the table.
+    void setSearchColumn(int column) { searchColumn_ = column; }
+    /// Whether the next letter goes on with such a search.
+    [[nodiscard]] bool isSearching() const;
+    void keyboardSearch(const QString& text) override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void stretchColumn();
+    /// Fits the columns into the table. The one that the person drags keeps its width.
+    void fitColumns(int dragged = -1);
+    [[nodiscard]] QList<int> fittedWidths(int dragged) const;
     void saveColumnWidths() const;
 
     QString stateKey_;
     QList<int> widths_;
     int stretched_ = -1;
-    bool isStretching_ = false;
+    QList<YieldingColumn> yielding_;
+    int searchColumn_ = -1;
+    QElapsedTimer sinceTyped_;
+    bool isFitting_ = false;
     QTimer saveTimer_;
 };
 

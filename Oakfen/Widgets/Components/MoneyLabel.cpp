@@ -16,7 +16,7 @@ void MoneyLabel::setMoney(const MoneyText& money) {
         return;
     }
     money_ = money;
-    setAccessibleDescription(qt(money.text));
+    setAccessibleName(qt(money.text));
     updateGeometry();
     update();
 }

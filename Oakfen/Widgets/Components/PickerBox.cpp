@@ -12,6 +12,8 @@ namespace oakfen {
 
 PickerBox::PickerBox(const QString& title, QWidget* parent) : QComboBox(parent) {
     setAccessibleName(title);
+    // The toolkit gives the choice as the name; this says what it is a choice of.
+    setAccessibleDescription(title);
     setMaxVisibleItems(20);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(18);

@@ -92,16 +92,36 @@ void SheetScaffold::setProblem(const QString& text) {
     problem_->setVisible(!text.isEmpty());
 }
 
-void SheetScaffold::savePressed() {
-    // Saving would quietly keep the earlier amount, which is not what the person sees.
-    if (AmountField* field = unreadableField()) {
-        setProblem(field->accessibleName() + QStringLiteral(": ") + field->explanation());
-        field->setFocus(Qt::OtherFocusReason);
-        field->selectAll();
-        return;
+void SheetScaffold::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    putButtonsLast();
+}
+
+void SheetScaffold::putButtonsLast() {
+    problem_->raise();
+    for (QPushButton* button : {destructive_, cancel_, primary_}) {
+        if (button != nullptr) {
+            button->raise();
+        }
     }
-    save();
-    accept();
+}
+
+bool SheetScaffold::checkAmounts() {
+    AmountField* field = unreadableField();
+    if (field == nullptr) {
+        return true;
+    }
+    setProblem(field->accessibleName() + QStringLiteral(": ") + field->explanation());
+    field->setFocus(Qt::OtherFocusReason);
+    field->selectAll();
+    return false;
+}
+
+void SheetScaffold::savePressed() {
+    if (checkAmounts()) {
+        save();
+        accept();
+    }
 }
 
 void SheetScaffold::confirmDestructiveAction(const ConfirmationRequest& confirmation) {

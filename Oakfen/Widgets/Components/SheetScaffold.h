@@ -34,6 +34,8 @@ protected:
     /// What the destructive button does once the person has confirmed.
     virtual void performDestructiveAction() {}
 
+    void showEvent(QShowEvent* event) override;
+
     void setSubtitle(const QString& subtitle);
     void setCanSave(bool canSave);
     /// Adds the destructive button at the left; it asks before it acts.
@@ -45,8 +47,13 @@ protected:
 
     /// Empty, or what keeps the sheet from being saved, told beside the buttons.
     void setProblem(const QString& text);
+    /// Whether each field shows an amount; says which doesn't, and goes there. Saving would quietly
+    /// keep the earlier amount, which is not what the person sees.
+    bool checkAmounts();
 
 private:
+    /// Lets screen readers come to the buttons after the content.
+    void putButtonsLast();
     void savePressed();
     void confirmDestructiveAction(const ConfirmationRequest& confirmation);
     /// The first field whose text is no amount, if any.

@@ -4,10 +4,12 @@
 
 #include <tuple>
 
+#include "Tests/Support/LocaleForTest.h"
 #include "Tests/Support/TestLedger.h"
 
 namespace oakfen {
 
+using testing::LocaleForTest;
 using testing::amount;
 
 namespace {
@@ -112,6 +114,7 @@ TEST(AmountReading, RefusesAnUnfinishedCalculation) {
 }
 
 TEST(AmountReading, ExplainsWhyTextHasNoValue) {
+    const LocaleForTest locale("en_CA");
     EXPECT_EQ(readAmount("abc").explanation,
               "“abc” isn’t an amount. Enter a number, for example 1,234.50, or a sum such as "
               "12.50+3*2.");
@@ -124,11 +127,13 @@ TEST(AmountReading, KeepsEveryDigit) {
 }
 
 TEST(AmountEntry, ShowsTwoDecimals) {
+    const LocaleForTest locale("en_CA");
     EXPECT_EQ(AmountEntry(amount("1234.5")).text(), "1,234.50");
     EXPECT_EQ(AmountEntry().text(), "0.00");
 }
 
 TEST(AmountEntry, NeverRoundsTheHeldValueByShowingIt) {
+    const LocaleForTest locale("en_CA");
     AmountEntry entry(amount("12.3456"));
     EXPECT_EQ(entry.text(), "12.35");
     entry.edit("12.35");
@@ -137,6 +142,7 @@ TEST(AmountEntry, NeverRoundsTheHeldValueByShowingIt) {
 }
 
 TEST(AmountEntry, GetsTheHeldValueBackWhenItsTextIsTypedAgain) {
+    const LocaleForTest locale("en_CA");
     AmountEntry entry(amount("12.3456"));
     entry.edit("12.3");
     EXPECT_EQ(entry.value(), amount("12.3"));
@@ -145,6 +151,7 @@ TEST(AmountEntry, GetsTheHeldValueBackWhenItsTextIsTypedAgain) {
 }
 
 TEST(AmountEntry, LeavesTheTextAloneWhileItIsTyped) {
+    const LocaleForTest locale("en_CA");
     AmountEntry entry;
     entry.edit("12.5");
     EXPECT_EQ(entry.text(), "12.5");
@@ -172,6 +179,7 @@ TEST(AmountEntry, ForgetsTheExplanationWithTheNextGoodEntry) {
 }
 
 TEST(AmountEntry, ShowsAValueThatIsSetFromOutside) {
+    const LocaleForTest locale("en_CA");
     AmountEntry entry;
     entry.edit("x");
     entry.setValue(amount("-7"));

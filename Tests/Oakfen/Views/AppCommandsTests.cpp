@@ -168,6 +168,39 @@ TEST_F(AppCommandsTest, DisablesWhatThisVersionCannotDo) {
     EXPECT_EQ(isEnabled("Settings…"), isAvailable(Feature::settings));
 }
 
+TEST_F(AppCommandsTest, ReconcilesAndExportsOnlyASelectedAccount) {
+    const UUID id = addAccount("Everyday").id;
+    EXPECT_FALSE(isEnabled("Reconcile…"));
+    EXPECT_FALSE(isEnabled("Current Account as QIF…"));
+    EXPECT_TRUE(isEnabled("All Transactions as CSV…"));
+    test.appState->setSelection(SidebarItem::account(id));
+    ASSERT_TRUE(isEnabled("Reconcile…"));
+    ASSERT_TRUE(isEnabled("Current Account as QIF…"));
+    command("Reconcile…").perform();
+    EXPECT_EQ(test.appState->sheet(), ActiveSheet{ActiveSheet::Reconcile{id}});
+}
+
+TEST_F(AppCommandsTest, AsksWhereToExportTo) {
+    test.appState->setSelection(SidebarItem::account(addAccount("Everyday").id));
+    command("All Transactions as CSV…").perform();
+    command("Current Account as QIF…").perform();
+    ASSERT_EQ(test.panels.saveRequests.size(), 2U);
+    EXPECT_EQ(test.panels.saveRequests[0].suggestedName, "Oakfen Transactions.csv");
+    EXPECT_EQ(test.panels.saveRequests[1].suggestedName, "Everyday.qif");
+}
+
+TEST_F(AppCommandsTest, EntersReminders) {
+    const UUID id = addAccount("Everyday").id;
+    const ScheduledTransaction rent{
+        .id = UUID::random(), .payee = "Rent", .accountID = id, .nextDate = day(2026, 3, 15)};
+    EXPECT_FALSE(isEnabled("Enter Due Reminders"));
+    test.store->mutate("Add", [&](Library& library) { library.scheduled.push_back(rent); });
+    ASSERT_TRUE(isEnabled("Enter Due Reminders"));
+    command("Enter Due Reminders").perform();
+    EXPECT_EQ(test.library().transactions.size(), 1U);
+    EXPECT_FALSE(isEnabled("Enter Due Reminders"));
+}
+
 TEST_F(AppCommandsTest, NamesTheSidebarItemByWhatItWouldDo) {
     command("Hide Sidebar").perform();
     EXPECT_FALSE(isSidebarShown);

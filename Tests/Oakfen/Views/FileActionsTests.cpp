@@ -133,5 +133,48 @@ TEST_F(FileActionsTest, ReadsOneStatementAtATime) {
     EXPECT_NE(session(), nullptr);
 }
 
+TEST_F(FileActionsTest, ImportsAStatementThatIsDropped) {
+    writeOwnerOnly(test.files, statement, "/home/ann/March.csv");
+    ASSERT_TRUE(FileActions::canTakeDroppedFiles(*test));
+    FileActions::takeDroppedFiles(*test, {"/home/ann/March.csv"});
+    test.scheduler.runBackground();
+    ASSERT_NE(session(), nullptr);
+    EXPECT_EQ(session()->fileName, "March.csv");
+}
+
+TEST_F(FileActionsTest, SaysWhatCanBeImportedWhenSeveralFilesAreDropped) {
+    FileActions::takeDroppedFiles(*test, {"/home/ann/March.csv", "/home/ann/April.csv"});
+    EXPECT_EQ(test.appState->alertMessage(), "Choose a CSV, QIF, OFX or QFX file.");
+    EXPECT_FALSE(test.appState->busyMessage());
+}
+
+TEST_F(FileActionsTest, SaysWhatCanBeImportedWhenAnotherKindOfFileIsDropped) {
+    FileActions::takeDroppedFiles(*test, {"/home/ann/March.pdf"});
+    EXPECT_EQ(test.appState->alertMessage(), "Choose a CSV, QIF, OFX or QFX file.");
+    test.appState->setAlertMessage(std::nullopt);
+    // What is dropped from a web page has no path.
+    FileActions::takeDroppedFiles(*test, {""});
+    EXPECT_EQ(test.appState->alertMessage(), "Choose a CSV, QIF, OFX or QFX file.");
+}
+
+TEST_F(FileActionsTest, TakesNoDroppedFileWhileSomethingElseGoesOn) {
+    test.appState->setBusyMessage("Reading…");
+    EXPECT_FALSE(FileActions::canTakeDroppedFiles(*test));
+    test.appState->setBusyMessage(std::nullopt);
+    test.appState->setSheet(ActiveSheet{ActiveSheet::NewAccount{}});
+    EXPECT_FALSE(FileActions::canTakeDroppedFiles(*test));
+    test.appState->setSheet(std::nullopt);
+    test.defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    test.appState->setUnlocked(false);
+    EXPECT_FALSE(FileActions::canTakeDroppedFiles(*test));
+    FileActions::takeDroppedFiles(*test, {"/home/ann/March.pdf"});
+    EXPECT_FALSE(test.appState->alertMessage());
+}
+
+TEST(FileActionsWithoutAccounts, TakeNoDroppedFile) {
+    TestEnvironment test;
+    EXPECT_FALSE(FileActions::canTakeDroppedFiles(*test));
+}
+
 } // namespace
 } // namespace oakfen

@@ -5,11 +5,13 @@
 #include <algorithm>
 
 #include "OakfenCore/LibraryOperations/Accounts.h"
+#include "Tests/Support/LocaleForTest.h"
 #include "Tests/Support/TestEnvironment.h"
 
 namespace oakfen {
 namespace {
 
+using testing::LocaleForTest;
 using testing::amount;
 using testing::day;
 using testing::makeAccount;
@@ -99,6 +101,7 @@ TEST_F(SidebarViewTest, HasNoSectionForAGroupOfOnlyClosedAccounts) {
 }
 
 TEST_F(SidebarViewTest, ShowsTheBalanceOfAClosedAccountToo) {
+    const LocaleForTest locale("en_CA");
     Account account = makeAccount("Old Savings", AccountType::savings);
     account.isClosed = true;
     account.openingBalance = amount("12.5");
@@ -146,6 +149,7 @@ TEST_F(SidebarViewTest, ShowsNoUseThatNoIntegerHolds) {
 }
 
 TEST_F(SidebarViewTest, SumsUpInTheFooter) {
+    const LocaleForTest locale("en_CA");
     Account savings = makeAccount("Savings", AccountType::savings);
     savings.openingBalance = amount("1000");
     add(savings);

@@ -42,6 +42,25 @@ TEST_F(WelcomeViewTest, StartsFreshInTheChosenCurrency) {
     EXPECT_FALSE(test.undoManager->canUndo());
 }
 
+TEST_F(WelcomeViewTest, BeginsWithASampleHouseholdInTheChosenCurrency) {
+    view.setCurrency("EUR");
+    view.exploreSampleData();
+    EXPECT_EQ(test.library().currencyCode, "EUR");
+    EXPECT_FALSE(test.library().accounts.empty());
+    EXPECT_FALSE(test.library().transactions.empty());
+    EXPECT_TRUE(view.hasChosen());
+    EXPECT_FALSE(test.undoManager->canUndo());
+    EXPECT_FALSE(fileExists(test.files, TestEnvironment::dataFile));
+}
+
+TEST_F(WelcomeViewTest, KeepsNothingOfASampleThatWasTakenBack) {
+    view.exploreSampleData();
+    view.goBack();
+    view.startFresh();
+    EXPECT_TRUE(test.library().accounts.empty());
+    EXPECT_TRUE(test.library().transactions.empty());
+}
+
 TEST_F(WelcomeViewTest, KeepsNothingOfAFirstChoiceThatWasTakenBack) {
     view.setCurrency("EUR");
     view.startFresh();

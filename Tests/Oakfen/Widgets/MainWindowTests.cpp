@@ -6,15 +6,18 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPushButton>
 #include <QTest>
 #include <QToolButton>
 #include <QTreeWidget>
+#include <QUrl>
 #include <cerrno>
 
 #include "Oakfen/Widgets/Bridge.h"
@@ -286,6 +289,42 @@ TEST_F(MainWindowTest, ShowsAlertsOneAfterAnother) {
     EXPECT_EQ(shown<QMessageBox>(), nullptr);
 }
 
+TEST_F(MainWindowTest, TakesAStatementThatIsDroppedOnIt) {
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile(QStringLiteral("/home/ann/March.csv"))});
+    writeOwnerOnly(test->files, "Date,Payee,Amount\n2026-03-01,Grocer,-12.34\n",
+                   "/home/ann/March.csv");
+    const auto enter = [&] {
+        QDragEnterEvent event({10, 10}, Qt::MoveAction | Qt::CopyAction, &files, Qt::LeftButton,
+                              Qt::NoModifier);
+        QApplication::sendEvent(window.get(), &event);
+        // Never a move, after which the other program would delete its file.
+        return event.isAccepted() && event.dropAction() == Qt::CopyAction;
+    };
+    EXPECT_FALSE(enter());
+    addAccount("Everyday");
+    ASSERT_TRUE(enter());
+    QDropEvent drop({10, 10}, Qt::MoveAction | Qt::CopyAction, &files, Qt::LeftButton,
+                    Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &drop);
+    EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
+    test->scheduler.runBackground();
+    settle();
+    ASSERT_NE(shown<QDialog>(), nullptr);
+    EXPECT_EQ(shown<QDialog>()->windowTitle(), QStringLiteral("Import March.csv"));
+    EXPECT_FALSE(enter());
+}
+
+TEST_F(MainWindowTest, TakesNoTextThatIsDroppedOnIt) {
+    addAccount("Everyday");
+    QMimeData text;
+    text.setText(QStringLiteral("groceries"));
+    QDragEnterEvent event({10, 10}, Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+    event.ignore();
+    QApplication::sendEvent(window.get(), &event);
+    EXPECT_FALSE(event.isAccepted());
+}
+
 TEST_F(MainWindowTest, AsksForQuittingWhenItIsClosed) {
     window->close();
     EXPECT_EQ(quitRequests, 1);
@@ -312,7 +351,6 @@ TEST_F(FirstStartTest, CoversTheMainScreenUntilAChoiceIsMade) {
     auto* currency = shown<QComboBox>();
     ASSERT_NE(currency, nullptr);
     currency->setCurrentIndex(currency->findData(QStringLiteral("EUR")));
-    EXPECT_FALSE(button(QStringLiteral("Explore Sample Data"))->isEnabled());
     QTest::mouseClick(button(QStringLiteral("Start Fresh")), Qt::LeftButton);
     settle();
 
@@ -326,6 +364,18 @@ TEST_F(FirstStartTest, CoversTheMainScreenUntilAChoiceIsMade) {
     EXPECT_EQ(shown<GateWidget>(), nullptr);
     EXPECT_TRUE(sidebar()->isEnabled());
     EXPECT_TRUE(sidebar()->hasFocus() || !window->isActiveWindow());
+}
+
+TEST_F(FirstStartTest, ShowsASampleHousehold) {
+    QTest::mouseClick(button(QStringLiteral("Explore Sample Data")), Qt::LeftButton);
+    settle();
+    QPushButton* noPassword = button(QStringLiteral("Don’t Use a Password"));
+    ASSERT_NE(noPassword, nullptr);
+    QTest::mouseClick(noPassword, Qt::LeftButton);
+    settle();
+    EXPECT_TRUE(test->store->accessState().isOpen());
+    EXPECT_FALSE(test->library().accounts.empty());
+    EXPECT_NE(line(qt(test->library().accounts.front().name)), nullptr);
 }
 
 TEST_F(FirstStartTest, AnswersToReturnAndEscape) {

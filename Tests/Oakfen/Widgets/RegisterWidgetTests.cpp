@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QApplication>
+#include <QClipboard>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
@@ -11,6 +13,7 @@
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/EmptyStateWidget.h"
+#include "Oakfen/Widgets/RegisterSortButton.h"
 #include "OakfenCore/Support/Formatting.h"
 #include "Tests/Oakfen/Views/RegisterFixture.h"
 
@@ -195,6 +198,78 @@ TEST_F(RegisterWindow, OpensTheEditorWithReturnWhenThereIsOne) {
     click(2, RegisterColumn::payee);
     press(Qt::Key_Return);
     EXPECT_EQ(test.appState->sheet().has_value(), RegisterView::canEditTransaction());
+}
+
+TEST_F(RegisterWindow, CopiesTheSelectedRowsForASpreadsheet) {
+    QGuiApplication::clipboard()->setText(QStringLiteral("before"));
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("before"));
+    click(0, RegisterColumn::payee);
+    click(2, RegisterColumn::payee, Qt::ControlModifier);
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(utf8(QGuiApplication::clipboard()->text()),
+              "Uncleared\t2026-03-16\t\tRent\tUncategorized\t\t1200\t\t260\n"
+              "Cleared\t2026-02-14\t\tShop\tFood\t\t40\t\t460");
+}
+
+/// Typing that never counts as a pause, however slow the machine is.
+class PatientKeyboard {
+public:
+    PatientKeyboard() { QApplication::setKeyboardInputInterval(600'000); }
+    ~PatientKeyboard() { QApplication::setKeyboardInputInterval(usual_); }
+    PatientKeyboard(const PatientKeyboard&) = delete;
+    PatientKeyboard& operator=(const PatientKeyboard&) = delete;
+
+private:
+    int usual_ = QApplication::keyboardInputInterval();
+};
+
+TEST_F(RegisterWindow, FindsAPayeeAsOneTypesIntoTheTable) {
+    const PatientKeyboard patient;
+    QTest::keyClicks(widget->table(), QStringLiteral("sh"));
+    EXPECT_EQ(selection(), UUIDSet{shop.id});
+    EXPECT_EQ(widget->table()->currentIndex().row(), 2);
+}
+
+TEST_F(RegisterWindow, FindsTheFirstRowFirst) {
+    const PatientKeyboard patient;
+    QTest::keyClicks(widget->table(), QStringLiteral("r"));
+    EXPECT_EQ(selection(), UUIDSet{rent.id});
+}
+
+TEST_F(RegisterWindow, TakesABlankWhileOneTypesForAPartOfThePayee) {
+    const PatientKeyboard patient;
+    test.store->mutate("Mark", [this](Library& library) {
+        oakfen::setCleared(library, ClearedState::uncleared, {cardPayment.id});
+    });
+    QTest::keyClicks(widget->table(), QStringLiteral("card c"));
+    EXPECT_EQ(selection(), UUIDSet{cardPayment.id});
+    EXPECT_EQ(stored(cardPayment.id).cleared, ClearedState::uncleared);
+    EXPECT_EQ(stored(rent.id).cleared, ClearedState::uncleared);
+}
+
+TEST_F(RegisterWindow, SortsFromAMenuThatTheKeyboardReaches) {
+    RegisterSortButton* sort = widget->sortButton();
+    EXPECT_EQ(sort->text(), QStringLiteral("Sort: Date"));
+    EXPECT_TRUE((sort->focusPolicy() & Qt::TabFocus) != 0);
+    const auto choose = [&](const char* title) {
+        Q_EMIT sort->menu()->aboutToShow();
+        action(*sort->menu(), title)->trigger();
+    };
+    Q_EMIT sort->menu()->aboutToShow();
+    EXPECT_EQ(titles(*sort->menu()),
+              (std::vector<std::string>{"Cleared", "Date", "Num", "Payee", "Category", "Payment",
+                                        "Deposit", "Balance", "-", "Ascending", "Descending"}));
+    EXPECT_TRUE(action(*sort->menu(), "Date")->isChecked());
+    EXPECT_TRUE(action(*sort->menu(), "Descending")->isChecked());
+    EXPECT_FALSE(action(*sort->menu(), "Ascending")->isChecked());
+    choose("Payee");
+    EXPECT_EQ(payees(), "Shop|Rent|Pay|Card Company");
+    EXPECT_EQ(sort->text(), QStringLiteral("Sort: Payee"));
+    choose("Ascending");
+    EXPECT_EQ(payees(), "Card Company|Pay|Rent|Shop");
+    EXPECT_EQ(widget->table()->horizontalHeader()->sortIndicatorSection(),
+              static_cast<int>(RegisterColumn::payee));
 }
 
 TEST_F(RegisterWindow, SortsWithAClickOnAHeaderAndTurnsRoundWithTheNext) {

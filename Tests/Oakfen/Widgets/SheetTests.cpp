@@ -13,6 +13,7 @@
 #include "Oakfen/Widgets/Components/PickerBox.h"
 #include "Oakfen/Widgets/ImportReviewDialog.h"
 #include "OakfenCore/LibraryOperations/Transactions.h"
+#include "OakfenCore/Support/Formatting.h"
 #include "Tests/Support/TestEnvironment.h"
 
 namespace oakfen {
@@ -198,6 +199,18 @@ TEST_F(Sheets, AReviewIsTickedWithTheSpaceBar) {
     QTest::keyClick(dialog.table(), Qt::Key_Space);
     EXPECT_EQ(dialog.view().included.size(), 3U);
     EXPECT_TRUE(dialog.primaryButton()->isEnabled());
+}
+
+TEST_F(Sheets, AReviewSaysWhichEntryADuplicateMatches) {
+    ImportReviewDialog dialog(*test_, session());
+    show(dialog);
+    const auto hover = [&](int row) {
+        const QModelIndex mark = dialog.table()->model()->index(row, 5);
+        return utf8(mark.data(Qt::ToolTipRole).toString());
+    };
+    EXPECT_EQ(hover(1), "Already in this account: " +
+                            numericDateText(day(2026, 3, 4), Calendar::utc()) + ", Shop, -$40.00");
+    EXPECT_EQ(hover(0), "");
 }
 
 TEST_F(Sheets, AReviewMarksDuplicatesOfTheChosenAccount) {

@@ -1,0 +1,37 @@
+#include "Oakfen/BusyWork.h"
+
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace oakfen {
+
+void runBusy(AppEnvironment& environment, const std::string& message, std::function<void()> work,
+             std::function<void()> then) {
+    environment.appState.setBusyMessage(message);
+    auto failure = std::make_shared<std::optional<std::string>>();
+    // The work goes on for as long as its handle is held: until its result is taken.
+    auto handle = std::make_shared<ScheduledWork>();
+    *handle = environment.scheduler.background(
+        [work = std::move(work), failure] {
+            try {
+                work();
+            } catch (const std::exception& error) {
+                *failure = error.what();
+            }
+        },
+        [&state = environment.appState, message, then = std::move(then), failure, handle] {
+            // Another work may have begun meanwhile, whose message stays.
+            if (state.busyMessage() == message) {
+                state.setBusyMessage(std::nullopt);
+            }
+            if (*failure) {
+                state.setAlertMessage(*failure);
+            } else {
+                then();
+            }
+            handle->cancel();
+        });
+}
+
+} // namespace oakfen

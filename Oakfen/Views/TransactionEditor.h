@@ -1,0 +1,116 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Oakfen/AppEnvironment.h"
+#include "Oakfen/Views/Components.h"
+
+namespace oakfen {
+
+/// The sheet that enters a payment, a deposit or a transfer, or changes one. Works on a draft; the
+/// document changes only with `save` and `deleteTransaction`.
+class TransactionEditor {
+public:
+    enum class Kind { payment, deposit, transfer };
+
+    /// A line of a split. Its amount is positive in the direction of the entry's kind and negative
+    /// against it.
+    struct SplitDraft {
+        UUID id;
+        std::optional<UUID> categoryID = {};
+        std::string memo = {};
+        Decimal amount = {};
+
+        friend bool operator==(const SplitDraft&, const SplitDraft&) = default;
+    };
+
+    /// For a new entry of that account, or of the first one when none is named.
+    TransactionEditor(AppEnvironment& environment, const ActiveSheet::NewTransaction& sheet);
+    TransactionEditor(AppEnvironment& environment, const ActiveSheet::EditTransaction& sheet);
+
+    // The form.
+    Transaction draft;
+    std::optional<UUID> accountSelection;
+    /// The other account of a transfer.
+    std::optional<UUID> transferSelection;
+    /// Without a direction, which the kind gives.
+    Decimal amount;
+    bool useSplits = false;
+    std::vector<SplitDraft> splits;
+    /// The tags as they are typed, between commas.
+    std::string tagsText;
+    /// A transfer brings money into the selected account.
+    bool transferIn = false;
+
+    [[nodiscard]] Kind kind() const { return kind_; }
+    /// A transfer has no splits; what was split is kept in case the person comes back to it.
+    void setKind(Kind kind);
+
+    [[nodiscard]] bool isNew() const { return !transactionID_; }
+    [[nodiscard]] std::string_view title() const;
+    /// What the field of a transfer's other account is called.
+    [[nodiscard]] std::string_view transferTitle() const;
+
+    // What the pickers list. The draft's own choice is always among it, so that a closed account
+    // stays what it is until the person chooses another.
+    [[nodiscard]] std::vector<PickerRow> accountChoices() const;
+    [[nodiscard]] std::vector<PickerRow> transferChoices() const;
+    [[nodiscard]] std::vector<PickerRow> categoryChoices(const std::optional<UUID>& chosen) const;
+
+    /// At most eight known payees with the typed text in their name.
+    [[nodiscard]] std::vector<std::string> payeeSuggestions() const;
+    /// Fills a new entry in as the payee's latest one was. Whether there was one to follow.
+    bool applyMemorizedPayee();
+
+    void splitAcrossCategories();
+    void addSplitLine();
+    void removeSplitLine(const UUID& id);
+    void removeSplits();
+    /// The line of that id; null when there is none.
+    [[nodiscard]] SplitDraft* splitLine(const UUID& id);
+    [[nodiscard]] Decimal splitsTotal() const;
+    /// How far the lines are from the amount that is being split; empty when they meet it, or when
+    /// nobody named one.
+    [[nodiscard]] std::string remainderText() const;
+
+    /// Why the draft can't be saved yet; empty when it can.
+    [[nodiscard]] std::string_view obstacle() const;
+    [[nodiscard]] bool canSave() const { return obstacle().empty(); }
+    void save();
+    /// Empties the form for the next entry of the same account on the same day.
+    void startNext();
+    /// What the last `save` entered, for the person to see; empty before the first.
+    [[nodiscard]] const std::string& savedText() const { return savedText_; }
+
+    /// Absent for a new entry.
+    [[nodiscard]] std::optional<ConfirmationRequest> deleteConfirmation() const;
+    /// Deletes the entry, after the person confirmed.
+    void deleteTransaction();
+
+private:
+    void startEmpty(const std::optional<UUID>& accountID, Date date);
+    void load(const Transaction& entry);
+    [[nodiscard]] std::optional<UUID> firstAccount() const;
+    [[nodiscard]] std::vector<PickerRow> keepingAccount(std::vector<PickerRow> rows,
+                                                        const std::optional<UUID>& id) const;
+    [[nodiscard]] std::vector<std::string> tags() const;
+    [[nodiscard]] Transaction transactionToSave() const;
+
+    AppEnvironment& environment_;
+    std::optional<UUID> transactionID_;
+    Kind kind_ = Kind::payment;
+    std::string savedText_;
+};
+
+template <>
+inline constexpr auto allCases<TransactionEditor::Kind> =
+    std::array{TransactionEditor::Kind::payment, TransactionEditor::Kind::deposit,
+               TransactionEditor::Kind::transfer};
+
+[[nodiscard]] std::string_view rawValue(TransactionEditor::Kind value) noexcept;
+[[nodiscard]] std::string_view title(TransactionEditor::Kind value) noexcept;
+
+} // namespace oakfen

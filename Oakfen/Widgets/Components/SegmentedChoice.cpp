@@ -1,0 +1,42 @@
+#include "Oakfen/Widgets/Components/SegmentedChoice.h"
+
+#include <QButtonGroup>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QSignalBlocker>
+
+namespace oakfen {
+
+SegmentedChoice::SegmentedChoice(const QString& title, const QStringList& choices, QWidget* parent)
+    : QWidget(parent), buttons_(new QButtonGroup(this)) {
+    setAccessibleName(title);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(2);
+    for (const QString& choice : choices) {
+        auto* button = new QPushButton(choice);
+        button->setCheckable(true);
+        button->setAutoDefault(false);
+        button->setToolTip(title + QStringLiteral(": ") + choice);
+        row->addWidget(button);
+        buttons_->addButton(button, static_cast<int>(buttons_->buttons().size()));
+    }
+    row->addStretch(1);
+    // Whenever a button becomes the checked one: by a click, or by an arrow key.
+    connect(buttons_, &QButtonGroup::idToggled, this, [this](int, bool isChecked) {
+        if (isChecked) {
+            chosen();
+        }
+    });
+}
+
+int SegmentedChoice::choice() const {
+    return buttons_->checkedId();
+}
+
+void SegmentedChoice::choose(int choice) {
+    const QSignalBlocker blocker(buttons_);
+    buttons_->button(choice)->setChecked(true);
+}
+
+} // namespace oakfen

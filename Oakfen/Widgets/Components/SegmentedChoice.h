@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+class QButtonGroup;
+
+namespace oakfen {
+
+/// A choice among a few words that stand side by side. Tab comes to the chosen one; the arrow keys
+/// choose another.
+class SegmentedChoice final : public QWidget {
+public:
+    SegmentedChoice(const QString& title, const QStringList& choices, QWidget* parent = nullptr);
+
+    [[nodiscard]] int choice() const;
+    void choose(int choice);
+
+    /// Called when the person has chosen.
+    std::function<void()> chosen = [] {};
+
+private:
+    QButtonGroup* buttons_;
+};
+
+} // namespace oakfen

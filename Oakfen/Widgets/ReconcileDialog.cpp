@@ -1,0 +1,167 @@
+#include "Oakfen/Widgets/ReconcileDialog.h"
+
+#include <QFormLayout>
+#include <algorithm>
+
+#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/Components/AmountField.h"
+#include "Oakfen/Widgets/Components/DateField.h"
+#include "Oakfen/Widgets/Components/LedgerTable.h"
+#include "Oakfen/Widgets/Components/MoneyLabel.h"
+#include "Oakfen/Widgets/Components/RowTicker.h"
+#include "Oakfen/Widgets/ReconcileModel.h"
+#include "Oakfen/Widgets/SymbolLabel.h"
+
+namespace oakfen {
+
+namespace {
+
+constexpr QSize usualSize(720, 600);
+constexpr int fieldWidth = 160;
+const QList<int> usualColumnWidths{36, 104, 260, 130};
+
+QLabel* makeLabel(TextStyle style, ThemeColor color) {
+    auto* label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    Theme::setText(*label, style, color);
+    return label;
+}
+
+} // namespace
+
+ReconcileDialog::ReconcileDialog(AppEnvironment& environment, const Account& account,
+                                 QWidget* parent)
+    : SheetScaffold(environment.panels, qt(singleLine(ReconcileView::heading(account))), QString(),
+                    parent),
+      environment_(environment), view_(environment, account.id),
+      model_(new ReconcileModel(environment, view_, this)),
+      statementDate_(new DateField(tr("Statement Date"), environment.clock.calendar())),
+      endingBalance_(new AmountField(tr("Ending Balance"))), table_(new LedgerTable),
+      markAll_(new QPushButton(tr("Mark All"))),
+      mark_(new SymbolLabel("checkmark.circle.fill", 2 * Theme::grid, ThemeColor::positive)),
+      verdict_(makeLabel(TextStyle::caption, ThemeColor::secondaryText)) {
+    resize(usualSize);
+    setSubtitle(qt(ReconcileView::instructions()));
+    addFields();
+    setUpTable();
+    addFooter();
+    libraryChanged_ = environment.store.libraryChanged.observe([this] { reload(); });
+    showState();
+    endingBalance_->setFocus();
+}
+
+void ReconcileDialog::addFields() {
+    QFormLayout* form = addForm();
+    form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+    statementDate_->setMinimumWidth(fieldWidth);
+    statementDate_->setToolTip(tr("The last day that the statement covers"));
+    statementDate_->setValue(view_.statementDate);
+    statementDate_->edited = [this] {
+        view_.statementDate = statementDate_->value();
+        reload();
+    };
+    form->addRow(tr("Statement Date"), statementDate_);
+    endingBalance_->setMinimumWidth(fieldWidth);
+    endingBalance_->setValue(view_.statementBalance);
+    endingBalance_->edited = [this] {
+        view_.statementBalance = endingBalance_->value();
+        setProblem({});
+        showState();
+    };
+    form->addRow(tr("Ending Balance"), endingBalance_);
+}
+
+void ReconcileDialog::setUpTable() {
+    table_->setAccessibleName(tr("Transactions to tick"));
+    table_->setFrameShape(QFrame::StyledPanel);
+    table_->setModel(model_);
+    table_->setColumnWidths(QStringLiteral("Reconcile/Columns"), usualColumnWidths,
+                            ReconcileModel::Payee);
+    table_->setSearchColumn(ReconcileModel::Payee);
+    content()->addWidget(table_, 1);
+    new RowTicker(*table_, ReconcileModel::Ticked,
+                  [this](const std::vector<int>& rows, bool isChecked) {
+                      model_->setChecked(rows, isChecked);
+                  });
+    model_->checkedChanged = [this] { showState(); };
+    if (model_->rowCount() > 0) {
+        table_->setCurrentIndex(model_->index(0, ReconcileModel::Payee));
+    }
+}
+
+void ReconcileDialog::addFooter() {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(3 * Theme::grid);
+    content()->addLayout(row);
+    markAll_->setAutoDefault(false);
+    markAll_->setToolTip(tr("Tick every transaction in the list"));
+    connect(markAll_, &QPushButton::clicked, this, [this] { model_->markAll(); });
+    row->addWidget(markAll_, 0, Qt::AlignTop);
+    row->addStretch(1);
+    reconciled_ = addFigure(*row, tr("Last Reconciled"), false);
+    cleared_ = addFigure(*row, tr("Cleared"), false);
+    difference_ = addFigure(*row, tr("Difference"), true);
+
+    auto* verdictRow = new QHBoxLayout;
+    verdictRow->setSpacing(Theme::grid / 2);
+    content()->addLayout(verdictRow);
+    verdictRow->addStretch(1);
+    verdictRow->addWidget(mark_);
+    verdictRow->addWidget(verdict_);
+}
+
+ReconcileDialog::Figure ReconcileDialog::addFigure(QHBoxLayout& row, const QString& title,
+                                                   bool isProminent) {
+    const Figure figure{
+        makeLabel(TextStyle::caption, ThemeColor::secondaryText),
+        new MoneyLabel(isProminent ? TextStyle::largeFigure : TextStyle::bodyStrong)};
+    figure.label->setText(title);
+    figure.label->setAlignment(Qt::AlignRight);
+    figure.amount->setAlignment(Qt::AlignRight | Qt::AlignTop);
+    auto* column = new QVBoxLayout;
+    column->setSpacing(0);
+    column->addWidget(figure.label);
+    column->addWidget(figure.amount);
+    column->addStretch(1);
+    row.addLayout(column);
+    return figure;
+}
+
+void ReconcileDialog::reload() {
+    const QModelIndex current = table_->currentIndex();
+    model_->reload();
+    const int row = std::min(current.row(), model_->rowCount() - 1);
+    if (row >= 0) {
+        table_->setCurrentIndex(model_->index(row, ReconcileModel::Payee));
+    }
+    showState();
+}
+
+void ReconcileDialog::showState() {
+    const Decimal difference = view_.difference();
+    const bool isMatched = difference.isZero();
+    showFigure(reconciled_, view_.reconciled());
+    showFigure(cleared_, view_.clearedTotal());
+    showFigure(difference_, difference);
+    mark_->setVisible(isMatched);
+    verdict_->setText(isMatched ? tr("Your register matches the statement")
+                                : tr("Your register doesn’t match the statement yet"));
+    primaryButton()->setText(qt(view_.finishTitle()));
+    primaryButton()->setToolTip(qt(view_.finishHelp()));
+}
+
+void ReconcileDialog::showFigure(const Figure& figure, const Decimal& amount) const {
+    const MoneyText money = moneyText(amount, environment_.currencyCode());
+    figure.amount->setMoney(money);
+    // One sentence for those who listen; the amount by itself would say too little.
+    figure.label->setAccessibleName(figure.label->text() + QStringLiteral(", ") + qt(money.text));
+    figure.amount->setAccessibleName({});
+}
+
+void ReconcileDialog::save() {
+    // What follows is the closing of the sheet; its figures need not follow the edit.
+    libraryChanged_ = {};
+    view_.finish();
+}
+
+} // namespace oakfen

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "Oakfen/Views/ReconcileView.h"
+#include "Oakfen/Widgets/Components/SheetScaffold.h"
+
+namespace oakfen {
+
+class AmountField;
+class DateField;
+class LedgerTable;
+class MoneyLabel;
+class ReconcileModel;
+class SymbolLabel;
+
+/// Draws the matching of a register with a statement.
+class ReconcileDialog final : public SheetScaffold {
+    Q_OBJECT
+
+public:
+    ReconcileDialog(AppEnvironment& environment, const Account& account, QWidget* parent = nullptr);
+
+    [[nodiscard]] ReconcileView& view() { return view_; }
+    [[nodiscard]] LedgerTable* table() const { return table_; }
+    [[nodiscard]] AmountField* endingBalance() const { return endingBalance_; }
+    [[nodiscard]] DateField* statementDate() const { return statementDate_; }
+    [[nodiscard]] QPushButton* markAllButton() const { return markAll_; }
+    /// Says in words whether the statement is matched.
+    [[nodiscard]] QLabel* verdict() const { return verdict_; }
+
+protected:
+    void save() override;
+
+private:
+    struct Figure {
+        QLabel* label;
+        MoneyLabel* amount;
+    };
+
+    void addFields();
+    void setUpTable();
+    void addFooter();
+    Figure addFigure(QHBoxLayout& row, const QString& title, bool isProminent);
+    void reload();
+    void showState();
+    void showFigure(const Figure& figure, const Decimal& amount) const;
+
+    AppEnvironment& environment_;
+    ReconcileView view_;
+    ReconcileModel* model_;
+    DateField* statementDate_;
+    AmountField* endingBalance_;
+    LedgerTable* table_;
+    QPushButton* markAll_;
+    Figure reconciled_{};
+    Figure cleared_{};
+    Figure difference_{};
+    SymbolLabel* mark_;
+    QLabel* verdict_;
+    Subscription libraryChanged_;
+};
+
+} // namespace oakfen

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <functional>
+#include <vector>
+
+#include "Oakfen/Views/Components.h"
+#include "Oakfen/Views/ReconcileView.h"
+
+namespace oakfen {
+
+/// The entries that a statement may show, with their ticks, for a table.
+class ReconcileModel final : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    enum Column { Ticked, Day, Payee, Amount, ColumnCount };
+
+    ReconcileModel(AppEnvironment& environment, ReconcileView& view, QObject* parent);
+
+    /// Takes the view's present rows.
+    void reload();
+    void setChecked(const std::vector<int>& rows, bool isChecked);
+    void markAll();
+
+    /// Called after a tick was changed.
+    std::function<void()> checkedChanged = [] {};
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
+                                      int role) const override;
+
+private:
+    [[nodiscard]] QString text(const Transaction& entry, int column) const;
+    void updateTicks();
+
+    AppEnvironment& environment_;
+    ReconcileView& view_;
+    Calendar calendar_;
+    std::vector<const Transaction*> rows_;
+};
+
+} // namespace oakfen

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QToolButton>
+
+#include "Oakfen/Views/RegisterView.h"
+
+namespace oakfen {
+
+/// A button that names what a register is sorted by and offers the other orders in a menu, so that
+/// the keyboard can do what a click on a header does.
+class RegisterSortButton final : public QToolButton {
+public:
+    explicit RegisterSortButton(RegisterView& view, QWidget* parent = nullptr);
+
+    /// Names the view's present order.
+    void refresh();
+
+    /// Called after the person chose an order.
+    std::function<void()> chosen = [] {};
+
+private:
+    void fillMenu();
+
+    RegisterView& view_;
+};
+
+} // namespace oakfen

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <vector>
+
+#include "Oakfen/Views/TransactionEditor.h"
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QScrollArea;
+class QToolButton;
+class QVBoxLayout;
+
+namespace oakfen {
+
+class AmountField;
+class CategoryPicker;
+
+/// The lines of a split entry: a category, a memo and an amount each, and beneath them how much is
+/// left to assign.
+class SplitRowsWidget final : public QWidget {
+public:
+    explicit SplitRowsWidget(TransactionEditor& editor, QWidget* parent = nullptr);
+
+    /// Shows the editor's present lines.
+    void reload();
+    /// Goes to the first line.
+    void focusFirstLine();
+    /// Shows what the lines leave of the amount.
+    void showRemainder();
+
+    /// Called after each change of a line.
+    std::function<void()> edited = [] {};
+    /// Called when the person no longer wants the entry to be split.
+    std::function<void()> removed = [] {};
+
+private:
+    struct Row {
+        UUID id;
+        QWidget* frame;
+        CategoryPicker* category;
+        QLineEdit* memo;
+        AmountField* amount;
+        QToolButton* remove;
+    };
+
+    void addRow(const TransactionEditor::SplitDraft& line);
+    void connectRow(const Row& row);
+    void addLine();
+    void removeLine(const UUID& id);
+    void discard(const Row& row);
+    /// Fits the height to the lines, and lets Tab walk through them from top to bottom.
+    void arrange();
+
+    TransactionEditor& editor_;
+    QScrollArea* area_;
+    QVBoxLayout* lines_;
+    QPushButton* add_;
+    QPushButton* removeAll_;
+    QLabel* remainder_;
+    std::vector<Row> rows_;
+};
+
+} // namespace oakfen

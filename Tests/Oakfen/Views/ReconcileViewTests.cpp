@@ -1,0 +1,160 @@
+#include "Oakfen/Views/ReconcileView.h"
+
+#include <gtest/gtest.h>
+
+#include "Tests/Oakfen/Views/RegisterFixture.h"
+
+namespace oakfen {
+namespace {
+
+using testing::amount;
+using testing::day;
+using testing::RegisterFixture;
+
+/// Everyday begins with 1000; the card's payment of 500 is reconciled, the shop's 40 cleared, the
+/// pay of 1000 uncleared, and the rent is due tomorrow.
+class Reconciling : public RegisterFixture {
+protected:
+    Reconciling() { test.undoManager->removeAllActions(); }
+
+    [[nodiscard]] std::string shownRows() const {
+        std::string payees;
+        for (const Transaction* entry : sheet.rows()) {
+            payees += (payees.empty() ? "" : "|") + entry->payee;
+        }
+        return payees;
+    }
+
+    [[nodiscard]] ClearedState stateOf(const Transaction& entry) const {
+        return stored(entry.id).cleared;
+    }
+
+    ReconcileView sheet{*test, everyday.id};
+};
+
+TEST_F(Reconciling, BeginsWithWhatIsClearedAndItsBalance) {
+    EXPECT_EQ(ReconcileView::heading(everyday), "Reconcile Everyday");
+    EXPECT_EQ(sheet.statementDate, test.clock.now());
+    EXPECT_EQ(sheet.checked, UUIDSet{shop.id});
+    EXPECT_EQ(sheet.statementBalance, amount("460"));
+    EXPECT_EQ(sheet.reconciled(), amount("500"));
+    EXPECT_EQ(sheet.clearedTotal(), amount("460"));
+    EXPECT_TRUE(sheet.difference().isZero());
+}
+
+TEST_F(Reconciling, ShowsWhatIsNotReconciledUpToTheEndOfTheStatementsDay) {
+    EXPECT_EQ(shownRows(), "Shop|Pay");
+    sheet.statementDate = day(2026, 3, 16, 0);
+    EXPECT_EQ(shownRows(), "Shop|Pay|Rent");
+    sheet.statementDate = day(2026, 3, 9, 23);
+    EXPECT_EQ(shownRows(), "Shop");
+}
+
+TEST_F(Reconciling, FollowsAnEditOfTheLedger) {
+    ASSERT_EQ(shownRows(), "Shop|Pay");
+    test.store->mutate("Mark", [this](Library& library) {
+        setCleared(library, ClearedState::reconciled, {shop.id});
+    });
+    EXPECT_EQ(shownRows(), "Pay");
+    EXPECT_EQ(sheet.reconciled(), amount("460"));
+}
+
+TEST_F(Reconciling, CountsWhatIsTicked) {
+    sheet.statementBalance = amount("1460");
+    EXPECT_EQ(sheet.difference(), amount("1000"));
+    sheet.setChecked(pay.id, true);
+    EXPECT_TRUE(sheet.isChecked(pay.id));
+    EXPECT_EQ(sheet.clearedTotal(), amount("1460"));
+    EXPECT_TRUE(sheet.difference().isZero());
+    sheet.setChecked(shop.id, false);
+    EXPECT_EQ(sheet.difference(), amount("-40"));
+}
+
+TEST_F(Reconciling, MarksExactlyTheRowsThatAreShown) {
+    sheet.statementDate = day(2026, 3, 16);
+    sheet.setChecked(rent.id, true);
+    sheet.statementDate = day(2026, 3, 15);
+    sheet.markAll();
+    EXPECT_EQ(sheet.checked, (UUIDSet{shop.id, pay.id}));
+}
+
+TEST_F(Reconciling, NamesTheButtonByWhatItDoes) {
+    EXPECT_EQ(sheet.finishTitle(), "Finish");
+    EXPECT_EQ(sheet.finishHelp(), "Mark ticked transactions as reconciled");
+    sheet.statementBalance += amount("0.001");
+    EXPECT_EQ(sheet.finishTitle(), "Finish with Adjustment");
+    EXPECT_EQ(sheet.finishHelp(), "Adds a balance adjustment for the difference");
+}
+
+TEST_F(Reconciling, ReconcilesTheTickedEntriesInOneStep) {
+    sheet.markAll();
+    sheet.statementBalance = amount("1460");
+    sheet.finish();
+    EXPECT_EQ(stateOf(shop), ClearedState::reconciled);
+    EXPECT_EQ(stateOf(pay), ClearedState::reconciled);
+    EXPECT_EQ(stateOf(rent), ClearedState::uncleared);
+    EXPECT_EQ(test.index().reconciledBalance(everyday.id), amount("1460"));
+    EXPECT_EQ(undoName(), "Reconcile");
+    test.undoManager->undo();
+    EXPECT_EQ(stateOf(shop), ClearedState::cleared);
+    EXPECT_FALSE(test.undoManager->canUndo());
+}
+
+TEST_F(Reconciling, EntersWhatIsLeftAsAnAdjustment) {
+    sheet.statementBalance = amount("455.5");
+    sheet.finish();
+    const Transaction& adjustment = test.library().transactions.back();
+    EXPECT_EQ(adjustment.payee, "Balance Adjustment");
+    EXPECT_EQ(adjustment.amount, amount("-4.5"));
+    EXPECT_EQ(adjustment.date, sheet.statementDate);
+    EXPECT_EQ(adjustment.accountID, everyday.id);
+    EXPECT_EQ(adjustment.cleared, ClearedState::reconciled);
+    EXPECT_EQ(test.index().reconciledBalance(everyday.id), amount("455.5"));
+    EXPECT_EQ(test.index().categoryDescription(adjustment), "Uncategorized");
+}
+
+TEST_F(Reconciling, LeavesNoStepWhenNothingIsTickedAndNothingIsLeft) {
+    sheet.checked.clear();
+    sheet.statementBalance = sheet.reconciled();
+    sheet.finish();
+    EXPECT_FALSE(test.undoManager->canUndo());
+}
+
+TEST_F(Reconciling, KeepsATickThatTheDateHidesAndReconcilesItUncounted) {
+    sheet.statementBalance = amount("460");
+    sheet.setChecked(pay.id, true);
+    sheet.statementDate = day(2026, 2, 28);
+    EXPECT_EQ(shownRows(), "Shop");
+    EXPECT_EQ(sheet.clearedTotal(), amount("460"));
+    EXPECT_TRUE(sheet.difference().isZero());
+    sheet.finish();
+    EXPECT_EQ(stateOf(pay), ClearedState::reconciled);
+    EXPECT_EQ(test.library().transactions.size(), 5U);
+}
+
+TEST_F(Reconciling, LeavesTheOtherLegOfATransferAsItWas) {
+    ReconcileView ofCard(*test, card.id);
+    const Transaction& otherLeg = *test.index().transactions(card.id).front();
+    EXPECT_EQ(otherLeg.cleared, ClearedState::uncleared);
+    test.store->mutate("Mark", [this](Library& library) {
+        setCleared(library, ClearedState::uncleared, {cardPayment.id});
+    });
+    ofCard.markAll();
+    ofCard.statementBalance = amount("25");
+    ofCard.finish();
+    EXPECT_EQ(test.index().transactions(card.id).front()->cleared, ClearedState::reconciled);
+    EXPECT_EQ(stateOf(cardPayment), ClearedState::uncleared);
+}
+
+TEST_F(Reconciling, TicksAClearedEntryOfALaterDayToo) {
+    test.store->mutate("Mark", [this](Library& library) {
+        setCleared(library, ClearedState::cleared, {rent.id});
+    });
+    const ReconcileView later(*test, everyday.id);
+    EXPECT_EQ(later.checked, (UUIDSet{shop.id, rent.id}));
+    EXPECT_EQ(later.statementBalance, amount("-740"));
+    EXPECT_EQ(later.clearedTotal(), amount("460"));
+}
+
+} // namespace
+} // namespace oakfen

@@ -1,0 +1,260 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QTreeWidget>
+#include <algorithm>
+
+#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/Components/AmountField.h"
+#include "Oakfen/Widgets/Components/LedgerTable.h"
+#include "Oakfen/Widgets/MainWindow.h"
+#include "Oakfen/Widgets/RegisterWidget.h"
+#include "Oakfen/Widgets/SheetRouter.h"
+#include "OakfenCore/Models/LibraryCoding.h"
+#include "OakfenCore/SampleData/SampleData.h"
+#include "Tests/Oakfen/Widgets/AccessibleTree.h"
+#include "Tests/Support/TestEnvironment.h"
+
+namespace oakfen {
+
+using testing::AccessibleNode;
+using testing::accessibleNodes;
+using testing::amount;
+using testing::day;
+using testing::describeTree;
+using ::testing::IsEmpty;
+using testing::namelessNodes;
+using testing::stepsAgainstReadingOrder;
+using testing::tabOrder;
+using testing::TestEnvironment;
+
+namespace {
+
+void settle() {
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+}
+
+/// The window on a household, heard and not seen.
+class Accessibility : public ::testing::Test {
+protected:
+    Accessibility()
+        : test(SampleData::make(day(2026, 3, 15), "CAD", Calendar::utc())), window(*test, [] {}) {
+        window.show();
+        settle();
+    }
+
+    void expectGoodOrder(QWidget& root) {
+        EXPECT_THAT(namelessNodes(root), IsEmpty());
+        EXPECT_THAT(stepsAgainstReadingOrder(root), IsEmpty());
+    }
+    [[nodiscard]] const Account& account(AccountType type) const {
+        return *test.library().accounts.first(
+            [type](const Account& each) { return each.type == type; });
+    }
+    void select(const SidebarItem& item) {
+        test.appState->setSelection(item);
+        settle();
+    }
+    [[nodiscard]] bool reads(const QString& name) {
+        return std::ranges::any_of(accessibleNodes(window), [&](const AccessibleNode& node) {
+            return node.role == QAccessible::StaticText && node.name == name;
+        });
+    }
+    /// Where the first node of that name is read; -1 if it is not.
+    [[nodiscard]] std::ptrdiff_t placeOf(int role, const QString& name) {
+        const auto nodes = accessibleNodes(window);
+        const auto found = std::ranges::find_if(nodes, [&](const AccessibleNode& node) {
+            return node.role == role && node.name == name;
+        });
+        return found == nodes.end() ? -1 : found - nodes.begin();
+    }
+    [[nodiscard]] std::vector<ActiveSheet> everySheet() const {
+        const UUID id = account(AccountType::chequing).id;
+        const UUID entry = test.index().transactions(id).back()->id;
+        const auto session = std::make_shared<const ImportSession>(
+            ImportSession{.id = UUID::random(),
+                          .fileName = "march.csv",
+                          .items = {{.id = UUID::random(),
+                                     .date = day(2026, 3, 4),
+                                     .payee = "Bakery",
+                                     .amount = amount("-4.5")}},
+                          .accountID = id});
+        return {{ActiveSheet::NewAccount{}},
+                {ActiveSheet::EditAccount{id}},
+                {ActiveSheet::EditAccount{account(AccountType::creditCard).id}},
+                {ActiveSheet::NewTransaction{id}},
+                {ActiveSheet::EditTransaction{entry}},
+                {ActiveSheet::Reconcile{id}},
+                {ActiveSheet::ImportReview{session}},
+                {ActiveSheet::Scheduled{}},
+                {ActiveSheet::Category{}}};
+    }
+
+    TestEnvironment test;
+    MainWindow window;
+};
+
+TEST_F(Accessibility, NamesAndOrdersEveryOverviewScreen) {
+    for (const SidebarItem& item : overviewItems()) {
+        SCOPED_TRACE(std::string(title(item.kind)));
+        select(item);
+        expectGoodOrder(window);
+    }
+}
+
+TEST_F(Accessibility, NamesAndOrdersEveryAccountsScreen) {
+    for (const Account& each : test.library().accounts) {
+        SCOPED_TRACE(each.name);
+        select(SidebarItem::account(each.id));
+        expectGoodOrder(window);
+    }
+}
+
+TEST_F(Accessibility, NamesAndOrdersEverySheet) {
+    int sheets = 0;
+    for (const ActiveSheet& sheet : everySheet()) {
+        const std::unique_ptr<QDialog> dialog(makeSheet(*test, sheet, nullptr));
+        if (dialog == nullptr) {
+            continue;
+        }
+        SCOPED_TRACE(utf8(dialog->windowTitle()));
+        dialog->show();
+        settle();
+        ++sheets;
+        expectGoodOrder(*dialog);
+    }
+    EXPECT_GE(sheets, 4);
+}
+
+TEST_F(Accessibility, ReadsTheSidebarBeforeTheScreenBesideIt) {
+    select(SidebarItem::account(account(AccountType::chequing).id));
+    const auto sidebar = placeOf(QAccessible::Tree, QStringLiteral("Screens and accounts"));
+    const auto table = placeOf(QAccessible::Table, QStringLiteral("Transactions"));
+    EXPECT_GE(sidebar, 0);
+    EXPECT_GT(table, sidebar) << describeTree(window);
+    const auto order = tabOrder(window);
+    const auto indexOf = [&](const QWidget* widget) {
+        return std::ranges::find(order, widget) - order.begin();
+    };
+    EXPECT_LT(indexOf(window.findChild<QTreeWidget*>()), indexOf(window.findChild<LedgerTable*>()));
+}
+
+TEST_F(Accessibility, ReadsEachFigureWithItsLabel) {
+    const Account& chequing = account(AccountType::chequing);
+    select(SidebarItem::account(chequing.id));
+    const auto spoken = [](const char* label, const Decimal& value) {
+        return QString::fromLatin1(label) + QStringLiteral(", ") + qt(moneyText(value, "CAD").text);
+    };
+    EXPECT_TRUE(reads(spoken("Cleared", test.index().clearedBalance(chequing.id))));
+    EXPECT_TRUE(reads(spoken("Today", test.index().balance(chequing.id))));
+    EXPECT_TRUE(reads(spoken("Ending", test.index().endingBalance(chequing.id))));
+    EXPECT_TRUE(reads(spoken("Net Worth", test.index().netWorth()))) << describeTree(window);
+}
+
+TEST_F(Accessibility, ReadsTheSelectionAfterTheBalances) {
+    select(SidebarItem::account(account(AccountType::chequing).id));
+    auto* table = window.findChild<LedgerTable*>();
+    table->selectRow(0);
+    settle();
+    std::ptrdiff_t selected = -1;
+    std::ptrdiff_t ending = -1;
+    std::ptrdiff_t place = 0;
+    for (const AccessibleNode& node : accessibleNodes(window)) {
+        if (node.name.startsWith(QStringLiteral("1 selected, "))) {
+            selected = place;
+        } else if (node.name.startsWith(QStringLiteral("Ending, "))) {
+            ending = place;
+        }
+        ++place;
+    }
+    EXPECT_GT(ending, 0);
+    EXPECT_GT(selected, ending) << describeTree(window);
+}
+
+TEST_F(Accessibility, ReadsARowOfTheRegisterCellByCell) {
+    select(SidebarItem::account(account(AccountType::chequing).id));
+    QAccessibleInterface* table =
+        QAccessible::queryAccessibleInterface(window.findChild<LedgerTable*>());
+    ASSERT_NE(table->tableInterface(), nullptr);
+    const auto& rows = window.findChild<RegisterWidget*>()->view().filteredRows();
+    const auto cell = [&](int column) {
+        return utf8(table->tableInterface()->cellAt(0, column)->text(QAccessible::Name));
+    };
+    EXPECT_EQ(cell(0), std::string(clearedBadge(rows[0]->cleared).tooltip));
+    EXPECT_EQ(cell(3), rows[0]->payee);
+    EXPECT_EQ(cell(4), rows[0]->categoryName);
+    EXPECT_EQ(cell(8), moneyText(rows[0]->balance, "CAD").text);
+}
+
+TEST_F(Accessibility, TakesATextThatAnAssistantSetsInsteadOfTyping) {
+    const std::unique_ptr<QDialog> dialog(
+        makeSheet(*test, ActiveSheet{ActiveSheet::NewAccount{}}, nullptr));
+    dialog->show();
+    settle();
+    for (QLineEdit* field : dialog->findChildren<QLineEdit*>()) {
+        QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(field);
+        if (field->accessibleName() == QStringLiteral("Name")) {
+            heard->setText(QAccessible::Value, QStringLiteral("Holidays"));
+        } else if (field->accessibleName() == QStringLiteral("Opening Balance")) {
+            heard->setText(QAccessible::Value, QStringLiteral("1,250.50"));
+        }
+    }
+    for (QPushButton* button : dialog->findChildren<QPushButton*>()) {
+        if (button->isDefault()) {
+            EXPECT_TRUE(button->isEnabled());
+            button->click();
+        }
+    }
+    const Account& added = test.library().accounts.back();
+    EXPECT_EQ(added.name, "Holidays");
+    EXPECT_EQ(added.openingBalance, amount("1250.5"));
+}
+
+/// Each gate, by the file that leads to it.
+class AccessibilityOfGates : public ::testing::TestWithParam<std::string> {};
+
+TEST_P(AccessibilityOfGates, NamesAndOrdersTheGate) {
+    TestEnvironment test{TestEnvironment::Unopened{}};
+    if (!GetParam().empty()) {
+        test.files.addFile(TestEnvironment::dataFile, GetParam());
+        test.store->retryLoading();
+    }
+    ASSERT_FALSE(test.store->accessState().isOpen());
+    MainWindow window(*test, [] {});
+    window.show();
+    settle();
+    EXPECT_THAT(namelessNodes(window), IsEmpty());
+    EXPECT_THAT(stepsAgainstReadingOrder(window), IsEmpty());
+    EXPECT_FALSE(tabOrder(window).empty());
+}
+
+TEST(AccessibilityOfTheWelcome, NamesAndOrdersTheSecondStep) {
+    TestEnvironment test{TestEnvironment::Unopened{}};
+    MainWindow window(*test, [] {});
+    window.show();
+    settle();
+    for (QPushButton* button : window.findChildren<QPushButton*>()) {
+        if (button->text() == QStringLiteral("Start Fresh")) {
+            button->click();
+            break;
+        }
+    }
+    settle();
+    EXPECT_THAT(namelessNodes(window), IsEmpty());
+    EXPECT_THAT(stepsAgainstReadingOrder(window), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(All, AccessibilityOfGates,
+                         ::testing::Values("", encodeLibrary(emptyDocument("CAD")), "OAKFEN-ENC-3",
+                                           "TARNWICKENC1"));
+
+} // namespace
+} // namespace oakfen

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "OakfenCore/Support/Locale.h"
+
+namespace oakfen::testing {
+
+/// The user's locale for one test; whoever expects texts for people to the letter makes one. All
+/// other tests hold in every locale.
+class LocaleForTest {
+public:
+    explicit LocaleForTest(std::string_view name) { setUserLocale(name); }
+    ~LocaleForTest() { setUserLocale(before_); }
+    LocaleForTest(const LocaleForTest&) = delete;
+    LocaleForTest& operator=(const LocaleForTest&) = delete;
+
+private:
+    std::string before_ = userLocale();
+};
+
+} // namespace oakfen::testing
