@@ -17,6 +17,8 @@ struct Field {
     std::string_view key;
     Value Record::*member;
 };
+template <typename Record, typename Value>
+Field(std::string_view, Value Record::*) -> Field<Record, Value>; // not every compiler deduces it
 
 /// A record's fields in the order of their keys, in which they are written.
 template <typename Record>

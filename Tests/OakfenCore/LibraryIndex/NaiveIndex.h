@@ -11,6 +11,7 @@
 #include "OakfenCore/Models/Library.h"
 #include "OakfenCore/Support/Calendar.h"
 #include "OakfenCore/Support/Text.h"
+#include "Tests/OakfenCore/LibraryIndex/NaiveHoldings.h"
 
 namespace oakfen::testing {
 
@@ -85,6 +86,11 @@ struct NaiveIndex {
         for (const InvestmentTransaction& row : library.investmentTransactions) {
             if (isInvestment(account.type) && row.accountID == account.id && row.date <= asOf) {
                 total += cashEffect(row);
+            }
+        }
+        if (isInvestment(account.type)) {
+            for (const auto& [id, holding] : naiveHoldings(library, account.id, asOf)) {
+                total += holding.shares * holding.price;
             }
         }
         return total;

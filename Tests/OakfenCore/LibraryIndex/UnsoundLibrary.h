@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <random>
 #include <utility>
@@ -10,7 +11,8 @@
 namespace oakfen::testing {
 
 /// Makes documents from a seed with all that an index must bear: entries out of order and in ties,
-/// missing accounts, repeated ids, categories in circles, accounts of every type.
+/// missing accounts, categories and securities, repeated ids, categories in circles, accounts of
+/// every type, sales of more than is held, refunds.
 class UnsoundLibrary {
 public:
     explicit UnsoundLibrary(unsigned seed) : random_(seed) {}
@@ -19,6 +21,7 @@ public:
         Library library = emptyDocument("CAD");
         addAccounts(library);
         addCategories(library);
+        addSecurities(library);
         for (std::size_t index = 0; index < count; ++index) {
             library.transactions.push_back(entry());
         }
@@ -55,6 +58,7 @@ private:
     Date date() { return Date{static_cast<double>(790000000 + 30000 * below(400))}; }
     Decimal figure() { return Decimal::cents(static_cast<std::int64_t>(below(200)) * 25 - 2500); }
     UUID accountID() { return accountIDs_[below(accountIDs_.size())]; }
+    UUID categoryID() { return categoryIDs_[below(categoryIDs_.size())]; }
     UUID newID() {
         ids_.push_back(chance(50) && !ids_.empty() ? ids_[below(ids_.size())] : UUID::random());
         return ids_.back();
@@ -80,11 +84,28 @@ private:
         }
         for (const UUID& id : categoryIDs_) {
             Category category{.id = id, .name = "Category"};
+            category.kind = chance(3) ? CategoryKind::income : CategoryKind::expense;
             if (chance(2)) {
-                category.parentID = categoryIDs_[below(categoryIDs_.size())];
+                category.parentID = categoryID();
             }
             library.categories.push_back(category);
         }
+        categoryIDs_.push_back(UUID::random()); // names no category
+    }
+
+    void addSecurities(Library& library) {
+        for (int count = 0; count < 4; ++count) {
+            securityIDs_.push_back(UUID::random());
+            Security security{.id = securityIDs_.back(), .name = "Fund"};
+            security.price = figure().magnitude();
+            for (std::size_t points = below(5); points > 0; --points) {
+                security.priceHistory.push_back({date(), figure().magnitude()});
+            }
+            std::sort(security.priceHistory.begin(), security.priceHistory.end(),
+                      [](const PricePoint& a, const PricePoint& b) { return a.date < b.date; });
+            library.securities.push_back(security);
+        }
+        securityIDs_.push_back(UUID::random()); // names no security
     }
 
     Transaction entry() {
@@ -95,13 +116,18 @@ private:
         entry.amount = figure();
         entry.cleared = allCases<ClearedState>[below(3)];
         if (chance(3)) {
-            entry.categoryID = categoryIDs_[below(categoryIDs_.size())];
+            entry.categoryID = categoryID();
         }
         if (chance(10)) {
             entry.transferAccountID = accountID();
         }
         if (chance(10)) {
-            entry.splits.resize(1 + below(4));
+            for (std::size_t lines = 1 + below(4); lines > 0; --lines) {
+                entry.splits.push_back({.id = newID(), .amount = figure()});
+                if (chance(2)) {
+                    entry.splits.back().categoryID = categoryID();
+                }
+            }
         }
         if (chance(5)) {
             entry.tags = {payees[below(4)], payees[below(4)]};
@@ -112,6 +138,8 @@ private:
     InvestmentTransaction row() {
         return {.id = newID(),
                 .accountID = accountID(),
+                .securityID =
+                    chance(5) ? std::optional<UUID>() : securityIDs_[below(securityIDs_.size())],
                 .date = date(),
                 .action = allCases<InvestmentAction>[below(7)],
                 .shares = figure().magnitude(),
@@ -123,6 +151,7 @@ private:
     std::mt19937 random_;
     std::vector<UUID> accountIDs_;
     std::vector<UUID> categoryIDs_;
+    std::vector<UUID> securityIDs_;
     std::vector<UUID> ids_;
 };
 

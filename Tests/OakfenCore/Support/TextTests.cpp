@@ -3,26 +3,16 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
-#include "OakfenCore/Support/Locale.h"
+#include "Tests/Support/LocaleForTest.h"
 
 namespace oakfen {
 namespace {
 
+using testing::LocaleForTest;
+
 constexpr std::string_view composedE = "\u00E9";
 constexpr std::string_view decomposedE = "e\u0301";
 constexpr std::string_view brokenText = "a\xFF\xC3(\xE2\x82z\xF0\x9F";
-
-/// The user's locale for one test.
-class LocaleForTest {
-public:
-    explicit LocaleForTest(std::string_view name) { setUserLocale(name); }
-    ~LocaleForTest() { setUserLocale(before_); }
-    LocaleForTest(const LocaleForTest&) = delete;
-    LocaleForTest& operator=(const LocaleForTest&) = delete;
-
-private:
-    std::string before_ = userLocale();
-};
 
 std::vector<std::string> characters(std::string_view text) {
     std::vector<std::string> result;
