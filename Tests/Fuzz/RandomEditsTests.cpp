@@ -19,9 +19,9 @@ namespace {
 const int isConfigured = [] {
     const char* isLong = std::getenv("OAKFEN_LONG_TESTS");
     const bool wantsMany = isLong != nullptr && std::string_view(isLong) == "1";
-    return ::setenv(
-        "RC_PARAMS",
-        wantsMany ? "seed=20260101 max_success=20000" : "seed=20260101 max_success=1500", 0);
+    return ::setenv("RC_PARAMS",
+                    wantsMany ? "seed=20260101 max_success=20000" : "seed=20260101 max_success=800",
+                    0);
 }();
 
 std::string joined(const std::vector<std::string>& pieces) {

@@ -1,13 +1,15 @@
 #!/usr/bin/env python3
-"""Writes what local calendars make of instants around clock changes, worked out independently of the
-program with Python's zoneinfo. Usage: calendar-cases.py > ../OakfenCore/Support/calendar-cases.tsv
+"""Writes what local calendars make of instants around clock changes, worked out independently of
+the program with Python's zoneinfo. Usage: calendar-cases.py > TABLE, where TABLE is
+../OakfenCore/Support/calendar-cases.tsv.
 
-Instants are seconds since 1970-01-01T00:00:00Z. Lines: ZONE INSTANT YEAR-MONTH-DAYTHOUR:MINUTE:SECOND
-START-OF-DAY END-OF-DAY START-OF-MONTH END-OF-MONTH, then DAYS and the instant so many days on, MONTHS
-and the instant so many months on, and OTHER with the whole days and the whole months up to it.
+Instants are seconds since 1970-01-01T00:00:00Z. Lines: ZONE INSTANT LOCAL-TIME START-OF-DAY
+END-OF-DAY START-OF-MONTH END-OF-MONTH, then DAYS and the instant so many days on, MONTHS and the
+instant so many months on, and OTHER with the whole days and the whole months up to it.
 
 A local time that doesn't exist is the first instant after it, one that exists twice the earlier. A
-whole step doesn't pass the other instant, and there are no more of them than the dates differ by."""
+whole step doesn't pass the other instant, and there are no more of them than the dates
+differ by."""
 
 from calendar import monthrange
 from datetime import datetime, timedelta, timezone

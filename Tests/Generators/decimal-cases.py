@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
-"""Writes arithmetic on decimal numbers and its results, worked out independently of the program with
-Python's decimal numbers. Usage: decimal-cases.py > ../OakfenCore/Support/decimal-cases.tsv
+"""Writes arithmetic on decimal numbers and its results, worked out independently of the program
+with Python's decimal numbers. Usage: decimal-cases.py > ../OakfenCore/Support/decimal-cases.tsv
 
 Numbers are written as COEFFICIENTeEXPONENT, what is no number as NaN. Lines: + - * / A B RESULT;
-compare A B -1|0|1; round A SCALE then the results plain, down, up and bankers; parse TEXT RESULT and
-json TEXT RESULT, where a text that is refused has the result "none"; print A TEXT; double A HEX."""
+compare A B -1|0|1; round A SCALE then the results plain, down, up and bankers; parse TEXT RESULT
+and json TEXT RESULT, where a text that is refused has the result "none"; print A TEXT; double A
+HEX."""
 
 import decimal
 import re
