@@ -1,107 +1,21 @@
-#include "Oakfen/Views/TransactionEditor.h"
-
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-#include "OakfenCore/LibraryOperations/Transactions.h"
+#include "Tests/Oakfen/Views/TransactionFixture.h"
 #include "Tests/Support/LocaleForTest.h"
-#include "Tests/Support/TestEnvironment.h"
 
 namespace oakfen {
 
-using testing::LocaleForTest;
 using testing::amount;
 using testing::day;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using testing::makeAccount;
-using testing::makeCategory;
+using testing::LocaleForTest;
 using testing::makeTransaction;
 using testing::TestEnvironment;
 using Kind = TransactionEditor::Kind;
+using TransactionEditing = testing::TransactionFixture;
 
 namespace {
-
-class TransactionEditing : public ::testing::Test {
-protected:
-    TransactionEditing() {
-        test.store->mutate("Add", [this](Library& library) {
-            for (const Account& account : {savings, everyday, card}) {
-                library.accounts.push_back(account);
-            }
-            for (const Category& category : {food, home, salary}) {
-                library.categories.push_back(category);
-            }
-            upsert(library, shop);
-        });
-        test.undoManager->removeAllActions();
-    }
-
-    void enter(const Transaction& entry) {
-        test.store->mutate("Enter", [&](Library& library) { upsert(library, entry); });
-        test.undoManager->removeAllActions();
-    }
-
-    [[nodiscard]] TransactionEditor newEntry() {
-        return {*test, ActiveSheet::NewTransaction{everyday.id}};
-    }
-    [[nodiscard]] TransactionEditor newEntry(std::string payee) {
-        TransactionEditor editor = newEntry();
-        editor.draft.payee = std::move(payee);
-        return editor;
-    }
-    [[nodiscard]] TransactionEditor edit(const UUID& id) {
-        return {*test, ActiveSheet::EditTransaction{id}};
-    }
-
-    [[nodiscard]] const Transaction& stored(const UUID& id) const {
-        return *test.index().transaction(id);
-    }
-    [[nodiscard]] std::size_t entryCount() const { return test.library().transactions.size(); }
-
-    [[nodiscard]] Transaction splitEntry(std::string payee, std::string_view first,
-                                         std::string_view second) const {
-        Transaction entry = makeTransaction(everyday.id, day(2026, 3, 2), std::move(payee), "0");
-        entry.splits = {
-            {.id = UUID::random(), .categoryID = food.id, .memo = "a", .amount = amount(first)},
-            {.id = UUID::random(), .categoryID = home.id, .memo = "b", .amount = amount(second)}};
-        return entry;
-    }
-    [[nodiscard]] Transaction transfer(std::string_view value) const {
-        Transaction entry = makeTransaction(everyday.id, day(2026, 3, 3), "Moved", value);
-        entry.transferAccountID = savings.id;
-        return entry;
-    }
-
-    /// A transfer from the everyday account's side only, so that it is the one remembered.
-    void rememberLoneLeg(std::string_view value) {
-        test.store->mutate("Remember", [&](Library& library) {
-            Transaction leg = transfer(value);
-            leg.date = day(2026, 3, 4 + static_cast<int>(entryCount()));
-            library.transactions.push_back(leg);
-        });
-    }
-
-    Account everyday = makeAccount("Everyday");
-    Account savings = makeAccount("Savings", AccountType::savings);
-    Account card = makeAccount("Card", AccountType::creditCard);
-    Category food = makeCategory("Food");
-    Category home = makeCategory("Home");
-    Category salary = makeCategory("Salary", CategoryKind::income);
-    Transaction shop = shopEntry();
-    TestEnvironment test;
-
-private:
-    [[nodiscard]] Transaction shopEntry() const {
-        Transaction entry = makeTransaction(everyday.id, day(2026, 3, 1, 9), "Shop", "-40.25");
-        entry.categoryID = food.id;
-        entry.memo = "weekly";
-        entry.checkNumber = "12";
-        entry.tags = {"Tax", "Home"};
-        entry.importID = "bank-1";
-        return entry;
-    }
-};
 
 std::vector<std::string> titles(const std::vector<PickerRow>& rows) {
     std::vector<std::string> result;
@@ -196,23 +110,6 @@ TEST_F(TransactionEditing, LoadsEitherLegOfATransfer) {
     EXPECT_TRUE(arriving.transferIn);
     EXPECT_EQ(arriving.amount, amount("75"));
     EXPECT_EQ(arriving.transferTitle(), "From Account");
-}
-
-TEST_F(TransactionEditing, LoadsSplitLinesInTheDirectionOfTheirKind) {
-    const Transaction payment = splitEntry("Market", "-30", "5");
-    const Transaction deposit = splitEntry("Payroll", "1000", "-200");
-    enter(payment);
-    enter(deposit);
-    const TransactionEditor paid = edit(payment.id);
-    EXPECT_TRUE(paid.useSplits);
-    EXPECT_THAT(paid.splits, ElementsAre(TransactionEditor::SplitDraft{payment.splits[0].id,
-                                                                       food.id, "a", amount("30")},
-                                         TransactionEditor::SplitDraft{
-                                             payment.splits[1].id, home.id, "b", amount("-5")}));
-    const TransactionEditor received = edit(deposit.id);
-    EXPECT_EQ(received.kind(), Kind::deposit);
-    EXPECT_EQ(received.splits[0].amount, amount("1000"));
-    EXPECT_EQ(received.splitsTotal(), amount("800"));
 }
 
 TEST_F(TransactionEditing, AnEntryThatIsGoneIsEnteredAfreshButStillAsAnEdit) {
@@ -326,24 +223,6 @@ TEST_F(TransactionEditing, AMemorizedTransferToTheSelectedAccountCountsByItsCate
     EXPECT_FALSE(editor.draft.categoryID);
 }
 
-TEST_F(TransactionEditing, AMemorizedSplitComesWithNewLines) {
-    const Transaction market = splitEntry("Market", "-30", "5");
-    enter(market);
-    TransactionEditor editor = newEntry("market");
-    editor.applyMemorizedPayee();
-    EXPECT_TRUE(editor.useSplits);
-    EXPECT_EQ(editor.kind(), Kind::payment);
-    ASSERT_EQ(editor.splits.size(), 2U);
-    EXPECT_EQ(editor.splits[0].categoryID, food.id);
-    EXPECT_EQ(editor.splits[0].memo, "a");
-    EXPECT_EQ(editor.splits[0].amount, amount("30"));
-    EXPECT_EQ(editor.splits[1].amount, amount("-5"));
-    EXPECT_NE(editor.splits[0].id, market.splits[0].id);
-    editor.save();
-    EXPECT_EQ(stored(editor.draft.id).amount, amount("-25"));
-    EXPECT_EQ(stored(market.id).splits, market.splits);
-}
-
 TEST_F(TransactionEditing, EveryKindNeedsAPayee) {
     TransactionEditor editor = newEntry(" \t");
     editor.amount = amount("5");
@@ -384,19 +263,6 @@ TEST_F(TransactionEditing, ATransferCannotBeSavedOnceItsAccountBecomesTheOtherOn
     EXPECT_FALSE(editor.canSave());
     EXPECT_THAT(titles(editor.transferChoices()),
                 ElementsAre("Banking", "Everyday", "Credit", "Card"));
-}
-
-TEST_F(TransactionEditing, SplitLinesMustAddUpToAnAmount) {
-    TransactionEditor editor = newEntry("Market");
-    editor.splitAcrossCategories();
-    EXPECT_FALSE(editor.canSave());
-    editor.splits[0].amount = amount("10");
-    editor.splits[1].amount = amount("-10");
-    EXPECT_EQ(editor.obstacle(), "The split lines must add up to an amount.");
-    editor.splits[1].amount = amount("-3");
-    EXPECT_TRUE(editor.canSave());
-    editor.splits.clear();
-    EXPECT_EQ(editor.obstacle(), "Add a split line.");
 }
 
 TEST_F(TransactionEditing, SavesAPaymentInOneStep) {
@@ -473,109 +339,6 @@ TEST_F(TransactionEditing, ATransferTurnedIntoAPaymentLosesItsTwin) {
     EXPECT_EQ(stored(out.id).amount, amount("-75"));
     EXPECT_EQ(stored(out.id).categoryID, food.id);
     EXPECT_EQ(test.index().balance(savings.id), Decimal());
-}
-
-TEST_F(TransactionEditing, ATransferOfASplitEntryHasNoSplits) {
-    const Transaction market = splitEntry("Market", "-30", "5");
-    enter(market);
-    TransactionEditor editor = edit(market.id);
-    editor.setKind(Kind::transfer);
-    editor.transferSelection = savings.id;
-    EXPECT_FALSE(editor.useSplits);
-    editor.save();
-    EXPECT_FALSE(stored(market.id).isSplit());
-    EXPECT_EQ(stored(market.id).amount, amount("-25"));
-}
-
-TEST_F(TransactionEditing, ChangingToATransferAndBackKeepsTheLinesButShowsOneCategory) {
-    TransactionEditor editor = newEntry("Market");
-    editor.splitAcrossCategories();
-    editor.setKind(Kind::transfer);
-    editor.setKind(Kind::payment);
-    EXPECT_FALSE(editor.useSplits);
-    EXPECT_EQ(editor.splits.size(), 2U);
-}
-
-TEST_F(TransactionEditing, SplittingStartsWithTheWholeAmountInItsCategory) {
-    TransactionEditor editor = edit(shop.id);
-    editor.splits = {{.id = UUID::random(), .memo = "earlier"}};
-    editor.splitAcrossCategories();
-    EXPECT_TRUE(editor.useSplits);
-    ASSERT_EQ(editor.splits.size(), 2U);
-    EXPECT_EQ(editor.splits[0].categoryID, food.id);
-    EXPECT_EQ(editor.splits[0].amount, amount("40.25"));
-    EXPECT_EQ(editor.splits[0].memo, "");
-    EXPECT_FALSE(editor.splits[1].categoryID);
-    EXPECT_EQ(editor.splits[1].amount, Decimal());
-    EXPECT_NE(editor.splits[0].id, editor.splits[1].id);
-}
-
-TEST_F(TransactionEditing, SplitLinesAreAddedAndRemoved) {
-    TransactionEditor editor = edit(shop.id);
-    editor.splitAcrossCategories();
-    editor.addSplitLine();
-    ASSERT_EQ(editor.splits.size(), 3U);
-    EXPECT_EQ(editor.splits[2], (TransactionEditor::SplitDraft{.id = editor.splits[2].id}));
-    const UUID last = editor.splits[2].id;
-    editor.removeSplitLine(editor.splits[1].id);
-    ASSERT_EQ(editor.splits.size(), 2U);
-    EXPECT_EQ(editor.splits[1].id, last);
-    EXPECT_EQ(editor.splitLine(last), &editor.splits[1]);
-    EXPECT_EQ(editor.splitLine(UUID::random()), nullptr);
-}
-
-TEST_F(TransactionEditing, SavesSplitLinesWithTheSignOfTheKindAndWithoutEmptyOnes) {
-    TransactionEditor editor = edit(shop.id);
-    editor.splitAcrossCategories();
-    editor.addSplitLine();
-    editor.splits[0].amount = amount("50");
-    editor.splits[1].categoryID = home.id;
-    editor.splits[1].memo = "returned";
-    editor.splits[1].amount = amount("-8");
-    editor.save();
-    const Transaction& entry = stored(shop.id);
-    EXPECT_THAT(entry.splits,
-                ElementsAre(Split{editor.splits[0].id, food.id, "", amount("-50")},
-                            Split{editor.splits[1].id, home.id, "returned", amount("8")}));
-    EXPECT_EQ(entry.amount, amount("-42"));
-    EXPECT_FALSE(entry.categoryID);
-}
-
-TEST_F(TransactionEditing, RemovingSplitsKeepsTheirTotalAndTheFirstCategory) {
-    TransactionEditor editor = edit(shop.id);
-    editor.splitAcrossCategories();
-    editor.splits[0].categoryID = home.id;
-    editor.splits[1].amount = amount("-60.25");
-    editor.removeSplits();
-    EXPECT_FALSE(editor.useSplits);
-    EXPECT_EQ(editor.amount, amount("-20"));
-    EXPECT_EQ(editor.draft.categoryID, home.id);
-    editor.save();
-    EXPECT_EQ(stored(shop.id).amount, amount("-20"));
-    EXPECT_FALSE(stored(shop.id).isSplit());
-}
-
-TEST_F(TransactionEditing, RemovingSplitsWithoutLinesLeavesNoCategory) {
-    TransactionEditor editor = edit(shop.id);
-    editor.splitAcrossCategories();
-    editor.splits.clear();
-    editor.removeSplits();
-    EXPECT_EQ(editor.amount, Decimal());
-    EXPECT_FALSE(editor.draft.categoryID);
-}
-
-TEST_F(TransactionEditing, TellsWhatIsLeftToAssign) {
-    const LocaleForTest locale("en_CA");
-    TransactionEditor editor = edit(shop.id);
-    EXPECT_EQ(editor.remainderText(), "");
-    editor.splitAcrossCategories();
-    EXPECT_EQ(editor.remainderText(), "");
-    editor.splits[0].amount = amount("30");
-    EXPECT_EQ(editor.remainderText(), "$10.25 of $40.25 left to assign");
-    editor.splits[1].amount = amount("12");
-    EXPECT_EQ(editor.remainderText(), "$1.75 more than $40.25");
-    editor.amount = Decimal();
-    EXPECT_EQ(editor.remainderText(), "");
 }
 
 TEST_F(TransactionEditing, KeepsAClosedAccountAmongTheChoices) {
