@@ -196,8 +196,10 @@ TEST(ReadFile, RefusesAFileThatNoMemoryCouldHold) {
     InMemoryFileSystem memory;
     memory.addFile("/a", "hello");
     VastFiles files(memory);
+#ifndef __SANITIZE_ADDRESS__ // which ends the program at such a demand instead of refusing it
     files.size = std::uint64_t{1} << 60U;
     EXPECT_EQ(errorOf([&] { (void)readFile(files, "/a"); }), ENOMEM);
+#endif
     files.size = std::numeric_limits<std::uint64_t>::max() - 1;
     EXPECT_EQ(errorOf([&] { (void)readFile(files, "/a"); }), EFBIG);
     EXPECT_EQ(memory.openDescriptors(), 0U);
