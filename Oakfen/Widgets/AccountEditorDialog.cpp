@@ -65,6 +65,7 @@ void AccountEditorDialog::addTextFields() {
     form_->addRow(tr("Type"), type_);
 
     institution_->setText(qt(editor_.draft.institution));
+    institution_->setCursorPosition(0);
     institution_->setPlaceholderText(tr("Optional"));
     institution_->setAccessibleName(tr("Institution"));
     connect(institution_, &QLineEdit::textChanged, this,

@@ -14,6 +14,7 @@
 #include <QToolButton>
 
 #include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/Components/ElidedLabel.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/EmptyStateWidget.h"
 #include "Oakfen/Widgets/RegisterFooterWidget.h"
@@ -25,7 +26,7 @@ namespace oakfen {
 
 namespace {
 
-const QList<int> usualColumnWidths{34, 98, 60, 140, 180, 80, 108, 108, 116};
+const QList<int> usualColumnWidths{34, 98, 60, 140, 210, 80, 112, 112, 122};
 
 /// Words can be cut short where figures can't; those give away only their spare room.
 const QList<LedgerTable::YieldingColumn> yieldingColumns{
@@ -40,23 +41,15 @@ const QList<LedgerTable::YieldingColumn> yieldingColumns{
 // Wider than high, which sets the picture apart from the words.
 constexpr QSize toolIconSize(20, 15);
 
-QLabel* makeLabel(TextStyle style, ThemeColor color) {
-    auto* label = new QLabel;
-    label->setTextFormat(Qt::PlainText);
-    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    Theme::setText(*label, style, color);
-    return label;
-}
-
 } // namespace
 
 RegisterWidget::RegisterWidget(AppEnvironment& environment, const UUID& accountID, QWidget* parent)
     : QWidget(parent), environment_(environment), view_(environment, accountID),
       model_(new RegisterModel(environment, view_, this)),
-      title_(makeLabel(TextStyle::title, ThemeColor::text)),
-      subtitle_(makeLabel(TextStyle::body, ThemeColor::secondaryText)), filter_(new QComboBox),
-      search_(new QLineEdit), sort_(new RegisterSortButton(view_)), table_(new LedgerTable),
-      stack_(new QStackedLayout), footer_(new RegisterFooterWidget) {
+      title_(new ElidedLabel(TextStyle::title, ThemeColor::text)),
+      subtitle_(new ElidedLabel(TextStyle::body, ThemeColor::secondaryText)),
+      filter_(new QComboBox), search_(new QLineEdit), sort_(new RegisterSortButton(view_)),
+      table_(new LedgerTable), stack_(new QStackedLayout), footer_(new RegisterFooterWidget) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -215,8 +208,8 @@ void RegisterWidget::refresh() {
     const auto currentID =
         current.isValid() ? std::optional(model_->idAt(current.row())) : std::nullopt;
     const int scrolled = table_->verticalScrollBar()->value();
-    title_->setText(qt(singleLine(view_.title())));
-    subtitle_->setText(qt(singleLine(view_.subtitle())));
+    title_->showText(qt(singleLine(view_.title())));
+    subtitle_->showText(qt(singleLine(view_.subtitle())));
     model_->reload();
     view_.keepSelectionVisible(model_->shown());
     restoreSelection(currentID);

@@ -5,7 +5,6 @@
 #include "Oakfen/Views/RegisterView.h"
 
 class QComboBox;
-class QLabel;
 class QLineEdit;
 class QMenu;
 class QStackedLayout;
@@ -13,6 +12,7 @@ class QToolButton;
 
 namespace oakfen {
 
+class ElidedLabel;
 class EmptyStateWidget;
 class LedgerTable;
 class RegisterFooterWidget;
@@ -62,8 +62,8 @@ private:
     AppEnvironment& environment_;
     RegisterView view_;
     RegisterModel* model_;
-    QLabel* title_;
-    QLabel* subtitle_;
+    ElidedLabel* title_;
+    ElidedLabel* subtitle_;
     QComboBox* filter_;
     QLineEdit* search_;
     RegisterSortButton* sort_;

@@ -147,6 +147,25 @@ void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
                combo->state.testFlag(State_Enabled) ? QIcon::Normal : QIcon::Disabled);
 }
 
+void ThemeStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const {
+    const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (element != CE_ComboBoxLabel || combo == nullptr || combo->editable) {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        return;
+    }
+    QStyleOptionComboBox fitting = *combo;
+    int room = proxy()->subControlRect(CC_ComboBox, combo, SC_ComboBoxEditField, widget).width();
+    if (!combo->currentIcon.isNull()) {
+        constexpr int gap = 4;
+        room -= combo->iconSize.width() + gap;
+    }
+    constexpr int textMargin = 2;
+    fitting.currentText =
+        combo->fontMetrics.elidedText(combo->currentText, Qt::ElideRight, room - (2 * textMargin));
+    QProxyStyle::drawControl(element, &fitting, painter, widget);
+}
+
 int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                             const QWidget* widget) const {
     switch (metric) {
@@ -179,6 +198,14 @@ QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
     const QRect rect = QProxyStyle::subControlRect(control, option, subControl, widget);
     const bool isComboText = control == CC_ComboBox && subControl == SC_ComboBoxEditField;
     return isComboText ? rect.adjusted(comboPadding, 0, 0, 0) : rect;
+}
+
+void ThemeStyle::polish(QWidget* widget) {
+    QProxyStyle::polish(widget);
+    if (auto* combo = qobject_cast<QComboBox*>(widget)) {
+        // Wider than high: the picture stands in the middle.
+        combo->setIconSize({22, 16});
+    }
 }
 
 QIcon ThemeStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,

@@ -9,7 +9,7 @@ import subprocess
 import tempfile
 import time
 
-PATIENCE = 30  # seconds to wait for what must appear
+PATIENCE = 60  # seconds to wait for what must appear
 
 
 class Desktop:
@@ -39,6 +39,8 @@ class Desktop:
         os.environ["DISPLAY"] = self.environment["DISPLAY"]
         self.manager = subprocess.Popen(
             ["openbox", "--sm-disable"], env=self.environment, stderr=subprocess.DEVNULL)
+        # A window that is there before its manager would never get the keyboard.
+        eventually("the window manager", lambda: self._ask("get_num_desktops").returncode == 0)
         return self
 
     def __exit__(self, *_):
@@ -63,6 +65,15 @@ class Desktop:
             command = ["strace", "-D", "-f", "-A", "-o", self.network_log, "-e", "trace=network",
                        *command]
         return subprocess.Popen(command, env=self.environment)
+
+    def await_keyboard(self):
+        """Waits until the window manager sends the keys to the program's window."""
+        eventually("the keyboard",
+                   lambda: "Oakfen" in self._ask("getwindowfocus", "getwindowname").stdout)
+
+    def _ask(self, *questions):
+        return subprocess.run(["xdotool", *questions], env=self.environment, capture_output=True,
+                              text=True, check=False)
 
     def key(self, *keys):
         """Presses keys in the window that has the focus."""

@@ -48,6 +48,10 @@ void PickerBox::choose(const std::optional<UUID>& id) {
     const auto row = std::ranges::find_if(
         rows_, [&](const PickerRow& each) { return !each.isHeader && each.id == id; });
     setCurrentIndex(row == rows_.end() ? -1 : static_cast<int>(row - rows_.begin()));
+    if (lineEdit() != nullptr) {
+        // A long name shows its beginning.
+        lineEdit()->setCursorPosition(0);
+    }
 }
 
 CategoryPicker::CategoryPicker(const QString& title, QWidget* parent) : PickerBox(title, parent) {
