@@ -57,9 +57,8 @@ void fillSamplePortfolio(SampleBuilder& builder, const UUID& account) {
                                        SecurityKind::etf, 28.4, 0.0022, 0.012);
     const UUID vfv = builder.security("VFV", "Vanguard S&P 500 Index ETF", SecurityKind::etf, 118.2,
                                       0.0026, 0.015);
-    // Bonds have lost over these years: the one holding below its cost.
     const UUID xbb = builder.security("XBB", "iShares Core Canadian Universe Bond",
-                                      SecurityKind::etf, 28.1, -0.0012, 0.004);
+                                      SecurityKind::etf, 28.1, 0.0008, 0.004);
     const UUID shop =
         builder.security("SHOP", "Shopify Inc.", SecurityKind::stock, 96.5, 0.006, 0.05);
     const UUID ry =
@@ -85,6 +84,7 @@ void fillSamplePortfolio(SampleBuilder& builder, const UUID& account) {
         trades.trade(buy, xeqt, monthsAgo, 24, 14);
         trades.trade(reinvest, vfv, monthsAgo, 26, 1);
     }
+    // Bought dear: the one holding that stands below its cost.
     trades.trade(buy, ry, 16, 9, 8, commission);
     for (int monthsAgo = 15; monthsAgo >= 3; monthsAgo -= 3) {
         trades.cash(dividend, ry, monthsAgo, 24, cents(11.36));

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "OakfenCore/LibraryIndex/Holdings.h"
 #include "OakfenCore/SampleData/SampleData.h"
 #include "Tests/OakfenCore/LibraryStore/StoreFixture.h"
 
@@ -28,6 +29,25 @@ TEST_F(PreviewTest, LivesInMemoryOnly) {
     EXPECT_FALSE(store->hasUnsavedChanges());
     EXPECT_EQ(writeCount(), 0);
     EXPECT_TRUE(files.names("/home/user").empty());
+}
+
+TEST_F(PreviewTest, HoldsSecuritiesWithGainsAndOneLossAndCashThatWasThere) {
+    for (int month = 1; month <= 12; ++month) {
+        clock.set(clock.calendar().date({.year = 2026, .month = month, .day = 20, .hour = 9}));
+        const std::unique_ptr<LibraryStore> store = LibraryStore::preview(services());
+        const Account* tfsa = store->library().accounts.first(
+            [](const Account& each) { return each.type == AccountType::brokerage; });
+        ASSERT_NE(tfsa, nullptr);
+        int gains = 0;
+        int losses = 0;
+        for (const Holding& holding : store->index().holdings(tfsa->id)) {
+            gains += holding.gain().isPositive() ? 1 : 0;
+            losses += holding.gain().isNegative() ? 1 : 0;
+        }
+        EXPECT_GE(gains, 2) << month;
+        EXPECT_EQ(losses, 1) << month;
+        EXPECT_FALSE(store->index().currentCash(tfsa->id).isNegative()) << month;
+    }
 }
 
 class CatchUpTest : public StoreTest {
