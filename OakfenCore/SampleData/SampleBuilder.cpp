@@ -1,17 +1,18 @@
 #include "OakfenCore/SampleData/SampleBuilder.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <charconv>
 #include <utility>
 
 namespace oakfen {
 
 Decimal cents(double amount) {
-    // Through the text of two decimals, so that the amount holds exactly those.
+    // Through the text of two decimals, so that the amount holds exactly those. The text has a
+    // point in every locale.
     char text[64];
-    const int length = std::snprintf(text, sizeof text, "%.2f", amount);
-    return Decimal::parse(std::string_view(text, static_cast<std::size_t>(length)))
-        .value_or(Decimal());
+    const std::to_chars_result end =
+        std::to_chars(text, text + sizeof text, amount, std::chars_format::fixed, 2);
+    return Decimal::parse(std::string_view(text, end.ptr)).value();
 }
 
 SampleBuilder::SampleBuilder(Library library, Date now, const Calendar& calendar)

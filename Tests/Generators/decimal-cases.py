@@ -5,7 +5,7 @@ with Python's decimal numbers. Usage: decimal-cases.py > ../OakfenCore/Support/d
 Numbers are written as COEFFICIENTeEXPONENT, what is no number as NaN. Lines: + - * / A B RESULT;
 compare A B -1|0|1; round A SCALE then the results plain, down, up and bankers; parse TEXT RESULT
 and json TEXT RESULT, where a text that is refused has the result "none"; print A TEXT; double A
-HEX."""
+NEAREST, in the shortest digits that name it."""
 
 import decimal
 import re
@@ -163,7 +163,7 @@ def write_texts(count):
             write("json", text, read(text) if json_grammar.fullmatch(text) else "none")
         if len(plain(value)) < 180:
             write("print", written(value), plain(value))
-        write("double", written(value), float(value).hex())
+        write("double", written(value), repr(float(value)))
 
 
 def main():

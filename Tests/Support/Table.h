@@ -1,5 +1,6 @@
 #pragma once
 
+#include <charconv>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
@@ -39,6 +40,16 @@ inline std::vector<TableRow> readTable(const std::string& path) {
         rows.push_back({rows.size() + 1, {cells.begin(), cells.end()}});
     }
     return rows;
+}
+
+/// The number in a cell, which has a point in every locale.
+inline double doubleIn(const std::string& cell) {
+    double number = 0;
+    const char* const end = cell.data() + cell.size();
+    if (std::from_chars(cell.data(), end, number).ptr != end) {
+        throw std::runtime_error("no number: " + cell);
+    }
+    return number;
 }
 
 } // namespace oakfen::testing

@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "OakfenCore/Models/InvestmentAmounts.h"
+#include "Tests/Support/Table.h"
 
 namespace oakfen {
 namespace {
@@ -181,7 +182,7 @@ TEST(Holdings, AgreeWithAPortfolioThatWasWorkedOutElsewhere) {
         } else if (cells[0] == "row") {
             portfolio.row(fromRawValue<InvestmentAction>(cells[3]).value(), ids[cells[2]],
                           number(cells[4]), number(cells[5]), number(cells[6]),
-                          std::stod(cells[1]));
+                          testing::doubleIn(cells[1]));
             portfolio.rows.back().amount = number(cells[7]);
         } else if (cells[0] == "holding") {
             expected.push_back(cells);

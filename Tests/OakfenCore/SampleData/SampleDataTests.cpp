@@ -116,6 +116,13 @@ TEST(SampleData, PairsEveryTransfer) {
     EXPECT_GT(transfers, 100);
 }
 
+TEST(SampleData, HasNoEntryOfNothing) {
+    const Library sample = SampleData::make(at(2026, 10, 10), "CAD", toronto());
+    for (const Transaction& entry : sample.transactions) {
+        EXPECT_NE(entry.amount, Decimal()) << entry.payee;
+    }
+}
+
 TEST(SampleData, LeavesExactlyTwoEntriesUncategorised) {
     const Library library = SampleData::make(at(2026, 10, 10), "CAD", toronto());
     const auto unfiled = std::count_if(

@@ -24,7 +24,9 @@ struct Case {
           other(instantIn(row[11])), wholeDays(std::stoi(row[12])),
           wholeMonths(std::stoi(row[13])) {}
 
-    static Date instantIn(const std::string& cell) { return Date::since1970(std::stod(cell)); }
+    static Date instantIn(const std::string& cell) {
+        return Date::since1970(testing::doubleIn(cell));
+    }
 
     Calendar calendar;
     Date instant;
