@@ -1,9 +1,9 @@
 #include "Oakfen/Widgets/DesktopAppearance.h"
 
 #include <QDBusConnection>
-#include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDBusVariant>
 #include <QFile>
 
 namespace oakfen {
@@ -30,7 +30,7 @@ DesktopAppearance::DesktopAppearance(std::function<void(bool)> changed, QObject*
     if (hasSessionBus() && QDBusConnection::sessionBus().isConnected()) {
         QDBusConnection::sessionBus().connect(service, objectPath, interfaceName,
                                               QStringLiteral("SettingChanged"), this,
-                                              SLOT(settingChanged(QString, QString, QDBusVariant)));
+                                              SLOT(settingChanged(QDBusMessage)));
         ask();
     }
 }
@@ -50,10 +50,10 @@ void DesktopAppearance::ask() {
     });
 }
 
-void DesktopAppearance::settingChanged(const QString& group, const QString& key,
-                                       const QDBusVariant& value) {
-    if (group == appearanceGroup && key == colorSchemeKey) {
-        take(value.variant());
+void DesktopAppearance::settingChanged(const QDBusMessage& message) {
+    const QVariantList setting = message.arguments();
+    if (setting.value(0) == appearanceGroup && setting.value(1) == colorSchemeKey) {
+        take(setting.value(2));
     }
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDBusVariant>
+#include <QDBusMessage>
 #include <QObject>
 #include <functional>
 
@@ -15,7 +15,9 @@ public:
     explicit DesktopAppearance(std::function<void(bool dark)> changed, QObject* parent = nullptr);
 
 private Q_SLOTS:
-    void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+    /// The bus library connects to the whole message at once, but to its parts only after it has
+    /// met their types, which at start it has not.
+    void settingChanged(const QDBusMessage& message);
 
 private:
     void ask();

@@ -5,6 +5,7 @@ Run inside `dbus-run-session`; brings up its own X server and window manager."""
 import os
 import shutil
 import signal
+import struct
 import subprocess
 import tempfile
 import time
@@ -23,7 +24,7 @@ class Desktop:
         read_end, write_end = os.pipe()
         self.server = subprocess.Popen(
             ["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1400x900x24",
-             "-nolisten", "tcp"],
+             "-nolisten", "tcp", "-fbdir", self.home],
             pass_fds=[write_end], stderr=subprocess.DEVNULL)
         os.close(write_end)
         with os.fdopen(read_end) as display:
@@ -82,6 +83,21 @@ class Desktop:
 
     def type(self, text):
         subprocess.run(["xdotool", "type", "--delay", "5", text], env=self.environment, check=True)
+
+    def brightness(self):
+        """How bright the middle of the screen is, from 0 (black) to 1 (white)."""
+        with open(os.path.join(self.home, "Xvfb_screen0"), "rb") as file:
+            dump = file.read()
+        # The header of an X window dump, then its colours of twelve bytes, then the pixels.
+        fields = struct.unpack(">25I", dump[:100])
+        header, width, height, line, colours = (fields[index] for index in (0, 4, 5, 12, 19))
+        first = header + colours * 12
+        values = []
+        for row in range(height // 3, height * 2 // 3, 10):
+            start = first + row * line
+            values += dump[start + width // 3 * 4:start + width * 2 // 3 * 4]
+        del values[3::4]  # of each pixel's four bytes the last says nothing
+        return sum(values) / len(values) / 255
 
     def picture(self, path):
         """Takes a picture of the whole screen, for looking at a failure."""
