@@ -11,6 +11,7 @@
 #include "OakfenCore/Models/LibraryCoding.h"
 #include "OakfenCore/Support/InMemoryFileSystem.h"
 #include "Tests/OakfenCore/LibraryStore/StoreBench.h"
+#include "Tests/OakfenCore/Support/FileSystemFilter.h"
 
 namespace oakfen {
 namespace {
@@ -173,49 +174,16 @@ TEST_F(BackgroundSaving, EndsWithTheStore) {
 }
 
 /// Files whose writing waits until the test lets it go on.
-class GatedFiles final : public FileSystem {
+class GatedFiles final : public FileSystemFilter {
 public:
-    explicit GatedFiles(FileSystem& files) : files_(files) {}
+    using FileSystemFilter::FileSystemFilter;
 
-    Result open(const std::string& path, int flags, unsigned permissions) override {
-        return files_.open(path, flags, permissions);
-    }
-    Result read(int descriptor, char* into, std::size_t count) override {
-        return files_.read(descriptor, into, count);
-    }
     Result write(int descriptor, const char* from, std::size_t count) override {
         std::unique_lock lock(mutex_);
         hasArrived_ = true;
         changed_.notify_all();
         changed_.wait(lock, [this] { return isOpen_; });
-        return files_.write(descriptor, from, count);
-    }
-    Result sync(int descriptor) override { return files_.sync(descriptor); }
-    Result close(int descriptor) override { return files_.close(descriptor); }
-    Result rename(const std::string& from, const std::string& to) override {
-        return files_.rename(from, to);
-    }
-    Result renameWithoutReplacing(const std::string& from, const std::string& to) override {
-        return files_.renameWithoutReplacing(from, to);
-    }
-    Result unlink(const std::string& path) override { return files_.unlink(path); }
-    Result makeFolder(const std::string& path, unsigned permissions) override {
-        return files_.makeFolder(path, permissions);
-    }
-    Result setPermissions(const std::string& path, unsigned permissions) override {
-        return files_.setPermissions(path, permissions);
-    }
-    Result information(const std::string& path, FileInformation& into) override {
-        return files_.information(path, into);
-    }
-    Result descriptorInformation(int descriptor, FileInformation& into) override {
-        return files_.descriptorInformation(descriptor, into);
-    }
-    Result readLink(const std::string& path, std::string& into) override {
-        return files_.readLink(path, into);
-    }
-    Result list(const std::string& folder, std::vector<std::string>& names) override {
-        return files_.list(folder, names);
+        return FileSystemFilter::write(descriptor, from, count);
     }
 
     void waitForAWrite() {
@@ -229,7 +197,6 @@ public:
     }
 
 private:
-    FileSystem& files_;
     std::mutex mutex_;
     std::condition_variable changed_;
     bool hasArrived_ = false;
