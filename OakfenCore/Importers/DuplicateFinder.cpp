@@ -1,7 +1,10 @@
 #include "OakfenCore/Importers/Merging.h"
 
 #include <algorithm>
+#include <compare>
 #include <cstdlib>
+#include <iterator>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -23,39 +26,64 @@ bool hasImportID(const ImportedTransaction& item) {
     return item.importID && !item.importID->empty();
 }
 
+double distance(Date a, Date b) {
+    return std::abs(a.secondsSinceReference - b.secondsSinceReference);
+}
+
 bool areNear(Date existing, Date item, const Calendar& calendar) {
-    return std::abs(existing.secondsSinceReference - item.secondsSinceReference) <=
-               mostSecondsApart &&
+    return distance(existing, item) <= mostSecondsApart &&
            std::abs(calendar.wholeDays(existing, item)) <= mostDaysApart;
 }
 
-struct AmountAndPayee {
-    Decimal amount;
-    std::string payee; // folded
-
-    friend bool operator==(const AmountAndPayee&, const AmountAndPayee&) = default;
-};
-
-struct AmountAndPayeeHash {
-    std::size_t operator()(const AmountAndPayee& key) const noexcept {
-        return std::hash<Decimal>()(key.amount) * 31U + std::hash<std::string>()(key.payee);
+/// Numbers for payees: those that differ by case only share one.
+class PayeeNumbers {
+public:
+    /// The text must outlive the numbers.
+    std::size_t add(std::string_view payee) {
+        const auto [spelling, isNew] = bySpelling_.try_emplace(payee);
+        if (isNew) {
+            spelling->second =
+                byFoldedText_.try_emplace(caseFolded(payee), byFoldedText_.size()).first->second;
+        }
+        return spelling->second;
     }
+
+    [[nodiscard]] std::optional<std::size_t> find(std::string_view payee) const {
+        if (const auto spelling = bySpelling_.find(payee); spelling != bySpelling_.end()) {
+            return spelling->second;
+        }
+        const auto folded = byFoldedText_.find(caseFolded(payee));
+        return folded == byFoldedText_.end() ? std::nullopt : std::optional(folded->second);
+    }
+
+private:
+    // Folding costs more than all the rest, so each spelling is folded but once.
+    std::unordered_map<std::string_view, std::size_t> bySpelling_;
+    std::unordered_map<std::string, std::size_t> byFoldedText_;
 };
 
-/// The first entry of one instant, by its place among all entries.
-struct DatedEntry {
+/// What makes an entry like another, and its place among all entries.
+struct Trait {
+    std::size_t payee = 0;
+    Decimal amount;
     Date date;
     std::size_t position = 0;
 
-    friend auto operator<=>(const DatedEntry&, const DatedEntry&) = default;
+    friend auto operator<=>(const Trait&, const Trait&) = default;
+
+    [[nodiscard]] bool hasPayeeAndAmountOf(const Trait& other) const {
+        return payee == other.payee && amount == other.amount;
+    }
 };
 
-/// Ordered by date, and of the entries of one instant only the first: the others match the same
-/// lines, and a payee with the same amount thousands of times over would make the search slow.
-void arrange(std::vector<DatedEntry>& entries) {
-    std::sort(entries.begin(), entries.end());
-    const auto sameDate = [](const DatedEntry& a, const DatedEntry& b) { return a.date == b.date; };
-    entries.erase(std::unique(entries.begin(), entries.end(), sameDate), entries.end());
+/// Puts like entries side by side in the order of their dates; keeps only the first of one instant,
+/// since the others match the same lines.
+void arrange(std::vector<Trait>& traits) {
+    std::sort(traits.begin(), traits.end());
+    const auto areOne = [](const Trait& a, const Trait& b) {
+        return a.hasPayeeAndAmountOf(b) && a.date == b.date;
+    };
+    traits.erase(std::unique(traits.begin(), traits.end(), areOne), traits.end());
 }
 
 } // namespace
@@ -75,26 +103,35 @@ bool isDuplicate(const ImportedTransaction& item, std::span<const Transaction* c
 struct DuplicateFinder::Tables {
     std::vector<const Transaction*> entries;
     Calendar calendar;
-    std::unordered_map<std::string_view, std::size_t> byImportID; // the first with that id
-    std::unordered_map<AmountAndPayee, std::vector<DatedEntry>, AmountAndPayeeHash> byContent;
+    std::unordered_map<std::string_view, const Transaction*> byImportID; // the first with that id
+    PayeeNumbers payees;
+    std::vector<Trait> traits;
 
-    /// The place of the first entry with that amount and payee near that date, or the count of all.
-    [[nodiscard]] std::size_t firstAlike(const ImportedTransaction& item) const {
-        std::size_t first = entries.size();
-        const auto found = byContent.find({item.amount, caseFolded(item.payee)});
-        if (found == byContent.end()) {
-            return first;
+    /// The entry nearest in time with that amount and payee, or null when there is none near
+    /// enough.
+    [[nodiscard]] const Transaction* nearestAlike(const ImportedTransaction& item) const {
+        const std::optional<std::size_t> payee = payees.find(item.payee);
+        if (!payee) {
+            return nullptr;
         }
-        const std::vector<DatedEntry>& alike = found->second;
-        const DatedEntry earliest{item.date.adding(-mostSecondsApart), 0};
-        const Date latest = item.date.adding(mostSecondsApart);
-        for (auto entry = std::lower_bound(alike.begin(), alike.end(), earliest);
-             entry != alike.end() && entry->date <= latest; ++entry) {
-            if (areNear(entry->date, item.date, calendar)) {
-                first = std::min(first, entry->position);
+        const Trait wanted{.payee = *payee, .amount = item.amount, .date = item.date};
+        const auto later = std::lower_bound(traits.begin(), traits.end(), wanted);
+        // Where the nearest of one side is too far away, the others of that side are all the more.
+        const Trait* nearest = nullptr;
+        const auto consider = [&](const Trait& trait) {
+            if (trait.hasPayeeAndAmountOf(wanted) && areNear(trait.date, item.date, calendar) &&
+                (nearest == nullptr ||
+                 distance(trait.date, item.date) < distance(nearest->date, item.date))) {
+                nearest = &trait;
             }
+        };
+        if (later != traits.begin()) {
+            consider(*std::prev(later));
         }
-        return first;
+        if (later != traits.end()) {
+            consider(*later);
+        }
+        return nearest == nullptr ? nullptr : entries[nearest->position];
     }
 };
 
@@ -102,31 +139,29 @@ DuplicateFinder::DuplicateFinder(std::span<const Transaction* const> existing,
                                  const Calendar& calendar) {
     auto tables = std::make_unique<Tables>(
         Tables{.entries = {existing.begin(), existing.end()}, .calendar = calendar});
+    tables->traits.reserve(existing.size());
     for (std::size_t position = 0; position < existing.size(); ++position) {
         const Transaction& entry = *existing[position];
         if (entry.importID && !entry.importID->empty()) {
-            tables->byImportID.try_emplace(*entry.importID, position);
+            tables->byImportID.try_emplace(*entry.importID, &entry);
         }
-        tables->byContent[{entry.amount, caseFolded(entry.payee)}].push_back(
-            {entry.date, position});
+        tables->traits.push_back(
+            {tables->payees.add(entry.payee), entry.amount, entry.date, position});
     }
-    for (auto& [key, entries] : tables->byContent) {
-        arrange(entries);
-    }
+    arrange(tables->traits);
     tables_ = std::move(tables);
 }
 
 DuplicateFinder::~DuplicateFinder() = default;
 
 const Transaction* DuplicateFinder::match(const ImportedTransaction& item) const {
-    std::size_t first = tables_->firstAlike(item);
     if (hasImportID(item)) {
         const auto found = tables_->byImportID.find(*item.importID);
         if (found != tables_->byImportID.end()) {
-            first = std::min(first, found->second);
+            return found->second;
         }
     }
-    return first < tables_->entries.size() ? tables_->entries[first] : nullptr;
+    return tables_->nearestAlike(item);
 }
 
 } // namespace oakfen

@@ -17,8 +17,9 @@ namespace oakfen {
                                std::span<const Transaction* const> existing,
                                const Calendar& calendar);
 
-/// Answers `isDuplicate` for many lines against the same entries, through tables. Gives the first
-/// of the given entries that the line matches, or null. The entries must outlive it.
+/// Answers `isDuplicate` for many lines against the same entries, through tables. Gives the entry
+/// that the line repeats: that of the same bank id, else the nearest in time; null for a new line.
+/// The entries must outlive it.
 class DuplicateFinder {
 public:
     DuplicateFinder(std::span<const Transaction* const> existing, const Calendar& calendar);
