@@ -121,9 +121,23 @@ public:
 
     /// The account's register in ledger order, oldest first.
     [[nodiscard]] std::vector<RegisterRow> registerRows(const UUID& accountID) const;
+    /// Turns the rows that an earlier index gave for the account into those of this one. What both
+    /// documents share stays as it is, so that few rows are made after an edit.
+    void updateRegisterRows(std::vector<RegisterRow>& rows, const UUID& accountID,
+                            const LibraryIndex& earlier) const;
 
 private:
     struct Tables;
+
+    /// All of a row but its balance.
+    [[nodiscard]] RegisterRow registerRow(const Transaction& entry) const;
+    /// Turns the rows of some entries into those of others, but for the balances; which row is the
+    /// first that is new or has another before it.
+    std::size_t renewRows(std::vector<RegisterRow>& rows,
+                          std::span<const Transaction* const> before,
+                          std::span<const Transaction* const> after) const;
+    void fillBalances(std::vector<RegisterRow>& rows, const UUID& accountID) const;
+
     std::unique_ptr<const Tables> tables_;
 };
 

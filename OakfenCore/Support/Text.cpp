@@ -151,21 +151,26 @@ bool equalsCaseInsensitively(std::string_view a, std::string_view b) {
 }
 
 bool localizedCaseInsensitiveContains(std::string_view text, std::string_view term) {
-    if (term.empty()) {
+    return CaseInsensitiveTerm(term).isIn(text);
+}
+
+CaseInsensitiveTerm::CaseInsensitiveTerm(std::string_view term) : folded_(caseFolded(term)) {}
+
+bool CaseInsensitiveTerm::isIn(std::string_view text) const {
+    if (folded_.empty()) {
         return true;
     }
     if (isASCII(text)) {
-        return isASCII(term) ? containsASCII(text, term) : containsASCII(text, caseFolded(term));
+        return containsASCII(text, folded_);
     }
     const std::string foldedText = caseFolded(text);
-    const std::string foldedTerm = caseFolded(term);
     const std::string_view whole = foldedText;
-    std::size_t found = whole.find(foldedTerm);
+    std::size_t found = whole.find(folded_);
     while (found != std::string_view::npos) {
-        if (!startsWithMark(whole.substr(found + foldedTerm.size()))) {
+        if (!startsWithMark(whole.substr(found + folded_.size()))) {
             return true;
         }
-        found = whole.find(foldedTerm, found + 1);
+        found = whole.find(folded_, found + 1);
     }
     return false;
 }

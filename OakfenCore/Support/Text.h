@@ -39,6 +39,17 @@ namespace oakfen {
 /// text holds the empty one.
 [[nodiscard]] bool localizedCaseInsensitiveContains(std::string_view text, std::string_view term);
 
+/// A term that many texts are asked for, with the answers of `localizedCaseInsensitiveContains`.
+class CaseInsensitiveTerm {
+public:
+    explicit CaseInsensitiveTerm(std::string_view term);
+
+    [[nodiscard]] bool isIn(std::string_view text) const;
+
+private:
+    std::string folded_;
+};
+
 /// Calls `visit` with each user-perceived character in turn; CR LF is one of them.
 void forEachCharacter(std::string_view text, const std::function<void(std::string_view)>& visit);
 
