@@ -99,6 +99,11 @@ void LibraryStore::replaceLibrary(Library library, const std::optional<std::stri
     state_->apply(std::move(library), actionName);
 }
 
+void LibraryStore::refreshIndex() {
+    state_->setLibrary(state_->library);
+    libraryChanged.notify();
+}
+
 void LibraryStore::saveNow() {
     state_->saveWork.cancel();
     if (!state_->isSaved()) {

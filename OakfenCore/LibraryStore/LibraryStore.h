@@ -90,6 +90,10 @@ public:
     /// Swaps the whole document; can be undone only when a name is given.
     void replaceLibrary(Library library, const std::optional<std::string>& actionName);
 
+    /// Builds the index of the same document again, for the present moment: which entries are
+    /// current depends on the day.
+    void refreshIndex();
+
     /// Writes at once if the document is open; a failure is told in `lastError`.
     void saveNow();
 
@@ -102,7 +106,7 @@ public:
     /// changed.
     void useNoPassword();
 
-    /// Told after `library` and `index` changed.
+    /// Told after `library` and `index` changed, or `index` alone.
     Observers<> libraryChanged;
     /// Told after `lastError`, `accessState`, `isNewLibrary` or a password field changed.
     Observers<> statusChanged;

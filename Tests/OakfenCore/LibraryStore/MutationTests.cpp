@@ -31,6 +31,21 @@ TEST_F(MutationTest, BuildsTheIndexForThePresentMoment) {
     EXPECT_EQ(store.index().now(), clock.now());
 }
 
+TEST_F(MutationTest, RefreshesTheIndexAloneForAnotherMoment) {
+    LibraryStore& store = openPlain();
+    int notices = 0;
+    const Subscription subscription = store.libraryChanged.observe([&] {
+        ++notices;
+        EXPECT_EQ(store.index().now(), clock.now());
+    });
+    clock.advance(86'400);
+    store.refreshIndex();
+    EXPECT_EQ(notices, 1);
+    EXPECT_EQ(store.index().library(), store.library());
+    EXPECT_FALSE(undo->canUndo());
+    EXPECT_FALSE(store.hasUnsavedChanges());
+}
+
 TEST_F(MutationTest, LeavesAnEarlierIndexToWhoeverHoldsIt) {
     LibraryStore& store = openPlain(withAccount("Chequing"));
     const std::shared_ptr<const LibraryIndex> before = store.sharedIndex();
