@@ -4,10 +4,14 @@
 #include <optional>
 #include <utility>
 
+#include "Oakfen/WaitUntil.h"
+
 namespace oakfen {
 
-void runBusy(AppEnvironment& environment, const std::string& message, std::function<void()> work,
-             std::function<void()> then) {
+namespace {
+
+void start(AppEnvironment& environment, const std::string& message, std::function<void()> work,
+           std::function<void()> then) {
     environment.appState.setBusyMessage(message);
     auto failure = std::make_shared<std::optional<std::string>>();
     // The work goes on for as long as its handle is held: until its result is taken.
@@ -20,17 +24,25 @@ void runBusy(AppEnvironment& environment, const std::string& message, std::funct
                 *failure = error.what();
             }
         },
-        [&state = environment.appState, message, then = std::move(then), failure, handle] {
-            // Another work may have begun meanwhile, whose message stays.
-            if (state.busyMessage() == message) {
-                state.setBusyMessage(std::nullopt);
-            }
+        [&state = environment.appState, then = std::move(then), failure, handle] {
+            state.setBusyMessage(std::nullopt);
             if (*failure) {
                 state.setAlertMessage(*failure);
             } else {
                 then();
             }
             handle->cancel();
+        });
+}
+
+} // namespace
+
+void runBusy(AppEnvironment& environment, const std::string& message, std::function<void()> work,
+             std::function<void()> then) {
+    waitUntil(
+        environment.scheduler, [&environment] { return !environment.appState.busyMessage(); },
+        [&environment, message, work = std::move(work), then = std::move(then)] {
+            start(environment, message, work, then);
         });
 }
 

@@ -7,6 +7,7 @@
 
 #include "Oakfen/BusyWork.h"
 #include "Oakfen/Views/ContentView.h"
+#include "Oakfen/WaitUntil.h"
 #include "OakfenCore/Importers/StatementImporter.h"
 #include "OakfenCore/Support/FileCalls.h"
 
@@ -27,6 +28,12 @@ ImportFormat formatOf(const std::string& path) {
         return *format;
     }
     throw ImportError(ImportError::Kind::unsupportedFormat);
+}
+
+/// Whether a sheet can open without putting another one away, or showing the ledger to somebody who
+/// finds the window locked.
+bool isMainScreenFree(AppEnvironment& environment) {
+    return !ContentView(environment).isObscured() && !environment.appState.sheet();
 }
 
 /// Refuses before a byte is read what could never be taken in: a folder, a pipe, a huge file.
@@ -89,15 +96,11 @@ void importTransactions(AppEnvironment& environment) {
 }
 
 void importStatement(AppEnvironment& environment, const std::string& path) {
-    // Statements are read one at a time: two would compete for the one sheet.
-    if (environment.appState.busyMessage()) {
-        return;
-    }
     std::optional<ImportFormat> format;
     try {
         format = formatOf(path);
         checkReadable(environment.files, path);
-    } catch (const LocalizedError& error) {
+    } catch (const ImportError& error) {
         environment.appState.setAlertMessage(error.localizedDescription());
         return;
     }
@@ -107,14 +110,17 @@ void importStatement(AppEnvironment& environment, const std::string& path) {
         [&files = environment.files, path, format = *format,
          calendar = environment.clock.calendar(),
          items] { *items = StatementImporter::parse(contents(files, path), format, calendar); },
-        [&environment, path, items] { review(environment, path, std::move(*items)); });
+        [&environment, path, items] {
+            // The person may have gone on meanwhile, and begun to edit.
+            waitUntil(
+                environment.scheduler, [&environment] { return isMainScreenFree(environment); },
+                [&environment, path, items] { review(environment, path, std::move(*items)); });
+        });
 }
 
 bool canTakeDroppedFiles(AppEnvironment& environment) {
-    const AppState& state = environment.appState;
-    return !ContentView(environment).isObscured() &&
-           !environment.store.index().openAccounts().empty() && !state.sheet() &&
-           !state.busyMessage();
+    return isMainScreenFree(environment) && !environment.appState.busyMessage() &&
+           !environment.store.index().openAccounts().empty();
 }
 
 void takeDroppedFiles(AppEnvironment& environment, const std::vector<std::string>& paths) {

@@ -13,7 +13,8 @@ namespace oakfen::FileActions {
 /// Asks for a bank's statement, reads it on a worker and opens the review sheet with its lines.
 void importTransactions(AppEnvironment& environment);
 
-/// The same for a file that is known already.
+/// The same for a file that is known already. The sheet waits until no other one is open and the
+/// window is not locked.
 void importStatement(AppEnvironment& environment, const std::string& path);
 
 /// Whether files may be dropped onto the main screen: while statements can be imported and nothing

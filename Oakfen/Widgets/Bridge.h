@@ -16,4 +16,14 @@ namespace oakfen {
     return text.toStdString();
 }
 
+/// A tooltip that shows a text of the person or of a bank as it stands. Escaped and marked as rich
+/// text, since the toolkit guesses otherwise: "<b>" would be taken for markup, and "&amp;" not.
+[[nodiscard]] inline QString plainToolTip(const QString& text) {
+    if (text.isEmpty()) {
+        return {};
+    }
+    const QString lines = text.toHtmlEscaped().replace(QLatin1Char('\n'), QStringLiteral("<br>"));
+    return QStringLiteral("<qt>") + lines + QStringLiteral("</qt>");
+}
+
 } // namespace oakfen

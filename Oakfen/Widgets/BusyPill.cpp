@@ -10,6 +10,8 @@ namespace oakfen {
 
 namespace {
 
+constexpr int greatestTextWidth = 480;
+
 /// Eight fading strokes that turn.
 class Spinner final : public QWidget {
 public:
@@ -68,10 +70,7 @@ BusyPill::BusyPill(QWidget* parent)
 
     delay_->setSingleShot(true);
     delay_->setInterval(std::chrono::milliseconds(150));
-    connect(delay_, &QTimer::timeout, this, [this] {
-        show();
-        raise();
-    });
+    connect(delay_, &QTimer::timeout, this, &QWidget::show);
     hide();
 }
 
@@ -81,7 +80,9 @@ void BusyPill::setMessage(const std::optional<std::string>& message) {
         hide();
         return;
     }
-    label_->setText(qt(*message));
+    // As wide as the text is, the pill would widen the window with it.
+    label_->setText(
+        label_->fontMetrics().elidedText(qt(*message), Qt::ElideMiddle, greatestTextWidth));
     setAccessibleName(qt(*message));
     if (!isVisible()) {
         delay_->start();

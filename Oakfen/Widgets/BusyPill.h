@@ -3,6 +3,7 @@
 #include <QFrame>
 #include <optional>
 
+class QLabel;
 class QTimer;
 
 namespace oakfen {

@@ -24,9 +24,9 @@ void ElidedLabel::elide() {
     const QString fitting = fontMetrics().elidedText(whole_, Qt::ElideRight, width());
     setText(fitting);
     // Marked as rich text, so that the text is escaped and not read as markup.
-    setToolTip(fitting == whole_ ? QString()
-                                 : QStringLiteral("<qt>") + whole_.toHtmlEscaped() +
-                                       QStringLiteral("</qt>"));
+    setToolTip(fitting == whole_
+                   ? QString()
+                   : QStringLiteral("<qt>") + whole_.toHtmlEscaped() + QStringLiteral("</qt>"));
 }
 
 } // namespace oakfen

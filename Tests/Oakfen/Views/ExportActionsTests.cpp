@@ -65,6 +65,20 @@ TEST_F(ExportActions, ShowThePillWhileTheFileIsWritten) {
     EXPECT_FALSE(test.appState->alertMessage());
 }
 
+TEST_F(ExportActions, WriteOneFileAtATime) {
+    test.panels.path = "/home/ann/all.csv";
+    FileActions::exportCSV(*test);
+    test.panels.path = "/home/ann/everyday.qif";
+    FileActions::exportQIF(*test);
+    EXPECT_EQ(test.appState->busyMessage(), "Saving all.csv…");
+    test.scheduler.runBackground();
+    EXPECT_TRUE(fileExists(test.files, "/home/ann/all.csv"));
+    EXPECT_FALSE(fileExists(test.files, "/home/ann/everyday.qif"));
+    test.scheduler.advance(1);
+    EXPECT_TRUE(fileExists(test.files, "/home/ann/everyday.qif"));
+    EXPECT_FALSE(test.appState->busyMessage());
+}
+
 TEST_F(ExportActions, WriteNothingWhenThePanelIsDismissed) {
     FileActions::exportCSV(*test);
     EXPECT_FALSE(test.appState->busyMessage());
@@ -88,6 +102,13 @@ TEST_F(ExportActions, SayWhyAFileCouldNotBeSaved) {
     EXPECT_NE(test.appState->alertMessage()->find("all.csv"), std::string::npos);
     EXPECT_NE(test.appState->alertMessage()->find("No space left on device"), std::string::npos);
     EXPECT_FALSE(test.appState->busyMessage());
+}
+
+TEST_F(ExportActions, SayWhenTheFolderMayNotBeWritten) {
+    test.files.addFolder("/usr/share", 0500);
+    exportCSVTo("/usr/share/all.csv");
+    ASSERT_TRUE(test.appState->alertMessage());
+    EXPECT_NE(test.appState->alertMessage()->find("Permission denied"), std::string::npos);
 }
 
 TEST_F(ExportActions, LeaveAnEarlierFileWholeWhenTheyFail) {

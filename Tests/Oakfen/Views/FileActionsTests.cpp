@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+
 #include "OakfenCore/LibraryOperations/Accounts.h"
 #include "Tests/Support/TestEnvironment.h"
 
@@ -12,6 +14,8 @@ using testing::amount;
 using testing::makeAccount;
 using testing::TestEnvironment;
 
+/// Long enough for whatever waits to look around once.
+constexpr double lookingTime = 1;
 constexpr const char* statement = "Date,Payee,Amount\n2026-03-01,Grocer,-12.34\n";
 
 class FileActionsTest : public ::testing::Test {
@@ -125,11 +129,57 @@ TEST_F(FileActionsTest, TellsWhenNothingWasFound) {
     EXPECT_FALSE(test.appState->sheet());
 }
 
-TEST_F(FileActionsTest, ReadsOneStatementAtATime) {
+TEST_F(FileActionsTest, RefusesAFileThatVanishesBeforeItIsRead) {
     importFile("/home/ann/March.csv", statement);
-    FileActions::importStatement(*test, "/home/ann/gone.csv");
-    EXPECT_FALSE(test.appState->alertMessage());
+    test.files.remove("/home/ann/March.csv");
     test.scheduler.runBackground();
+    EXPECT_EQ(test.appState->alertMessage(), "The file couldn’t be read as text.");
+    EXPECT_FALSE(test.appState->sheet());
+}
+
+TEST_F(FileActionsTest, RefusesAFileThatMayNotBeRead) {
+    importFile("/home/ann/March.csv", statement);
+    test.files.failAll(InMemoryFileSystem::Call::open, EACCES);
+    test.scheduler.runBackground();
+    EXPECT_EQ(test.appState->alertMessage(), "The file couldn’t be read as text.");
+    EXPECT_FALSE(test.appState->busyMessage());
+}
+
+TEST_F(FileActionsTest, ReadsOneStatementAtATimeAndTheNextOneInItsTurn) {
+    importFile("/home/ann/March.csv", statement);
+    importFile("/home/ann/April.csv", statement);
+    test.scheduler.runBackground();
+    ASSERT_NE(session(), nullptr);
+    EXPECT_EQ(session()->fileName, "March.csv");
+    test.scheduler.advance(lookingTime);
+    EXPECT_EQ(session()->fileName, "March.csv");
+    test.appState->setSheet(std::nullopt);
+    test.scheduler.advance(lookingTime);
+    ASSERT_NE(session(), nullptr);
+    EXPECT_EQ(session()->fileName, "April.csv");
+}
+
+TEST_F(FileActionsTest, NeverPutsAnEditorAwayThatWasOpenedMeanwhile) {
+    importFile("/home/ann/March.csv", statement);
+    const ActiveSheet editor{ActiveSheet::EditAccount{first.id}};
+    test.appState->setSheet(editor);
+    test.scheduler.advance(lookingTime);
+    EXPECT_EQ(test.appState->sheet(), editor);
+    EXPECT_FALSE(test.appState->busyMessage());
+    test.appState->setSheet(std::nullopt);
+    test.scheduler.advance(lookingTime);
+    ASSERT_NE(session(), nullptr);
+    EXPECT_EQ(session()->fileName, "March.csv");
+}
+
+TEST_F(FileActionsTest, ShowsNoReviewOverTheLockedScreen) {
+    test.defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    importFile("/home/ann/March.csv", statement);
+    test.appState->setUnlocked(false);
+    test.scheduler.advance(lookingTime);
+    EXPECT_FALSE(test.appState->sheet());
+    test.appState->setUnlocked(true);
+    test.scheduler.advance(lookingTime);
     EXPECT_NE(session(), nullptr);
 }
 

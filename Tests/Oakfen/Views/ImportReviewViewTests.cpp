@@ -3,12 +3,15 @@
 #include <gtest/gtest.h>
 
 #include "OakfenCore/LibraryOperations/Transactions.h"
+#include "OakfenCore/Support/Formatting.h"
+#include "Tests/Support/LocaleForTest.h"
 #include "Tests/Support/TestEnvironment.h"
 
 namespace oakfen {
 
 using testing::amount;
 using testing::day;
+using testing::LocaleForTest;
 using testing::makeAccount;
 using testing::makeTransaction;
 using testing::TestEnvironment;
@@ -117,6 +120,46 @@ TEST_F(ImportReview, AddsTheTickedLinesInOneStepAndSkipsATickedDuplicate) {
     EXPECT_EQ(added.accountID, everyday_.id);
     test_.undoManager->undo();
     EXPECT_EQ(test_.library().transactions.size(), 1U);
+}
+
+TEST_F(ImportReview, LeavesNothingBehindWhenItIsTakenBack) {
+    const Library before = test_.library();
+    review(everyday_.id).importLines();
+    const Library after = test_.library();
+    EXPECT_NE(after, before);
+    test_.undoManager->undo();
+    EXPECT_EQ(test_.library(), before);
+    test_.undoManager->redo();
+    EXPECT_EQ(test_.library(), after);
+}
+
+TEST_F(ImportReview, MarksEveryLineOfAFileThatComesAgainAndAddsNone) {
+    review(everyday_.id).importLines();
+    test_.undoManager->removeAllActions();
+    ImportReviewView again = review(everyday_.id);
+    EXPECT_EQ(again.summary(), "3 transactions found · 3 already in this account");
+    again.importLines();
+    EXPECT_EQ(test_.library().transactions.size(), 3U);
+    EXPECT_FALSE(test_.undoManager->canUndo());
+}
+
+TEST_F(ImportReview, SaysWhichEntryALineRepeats) {
+    const LocaleForTest locale("en_CA");
+    test_.store->mutate("Add", [this](Library& library) {
+        upsert(library, makeTransaction(everyday_.id, day(2026, 3, 7), "pay", "1000"));
+        upsert(library, makeTransaction(savings_.id, day(2026, 3, 3), "Bakery", "-4.50"));
+    });
+    ImportReviewView view = review(everyday_.id);
+    const auto described = [&](int dayOfMonth, const std::string& rest) {
+        return "Already in this account: " +
+               numericDateText(day(2026, 3, dayOfMonth), Calendar::utc()) + ", " + rest;
+    };
+    EXPECT_EQ(view.duplicateDescription(0), "");
+    EXPECT_EQ(view.duplicateDescription(1), described(4, "Shop, -$40.00"));
+    EXPECT_EQ(view.duplicateDescription(2), described(7, "pay, $1,000.00"));
+    view.setAccountID(savings_.id);
+    EXPECT_EQ(view.duplicateDescription(0), described(3, "Bakery, -$4.50"));
+    EXPECT_EQ(view.duplicateDescription(1), "");
 }
 
 TEST_F(ImportReview, AddsToTheChosenAccount) {

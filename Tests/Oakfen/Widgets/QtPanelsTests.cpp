@@ -4,13 +4,26 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "Oakfen/Widgets/Bridge.h"
 
 namespace oakfen {
 namespace {
+
+/// Lets a dialog that was closed go.
+void settle() {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+}
 
 /// File panels over a window, in the empty home folder of the tests.
 class QtPanelsWindow : public ::testing::Test {
@@ -26,12 +39,25 @@ protected:
         return window.findChild<QFileDialog*>();
     }
     void openFile() {
-        panels.openFile({.title = "Import", .extensions = {"csv"}, .extensionsName = "Statements"},
-                        [](const std::optional<std::string>&) {});
+        panels.openFile(
+            {.title = "Import",
+             .message = "Choose a <statement>.",
+             .extensions = {"csv", "qif"},
+             .extensionsName = "Statements"},
+            [this](const std::optional<std::string>& path) { answers.push_back(path); });
+    }
+    void saveFile() {
+        panels.saveFile(
+            {.title = "Export",
+             .suggestedName = "Oakfen Transactions.csv",
+             .extension = "csv",
+             .extensionName = "Comma-separated text"},
+            [this](const std::optional<std::string>& path) { answers.push_back(path); });
     }
 
     QWidget window;
     QtPanels panels;
+    std::vector<std::optional<std::string>> answers;
 };
 
 TEST_F(QtPanelsWindow, BeginInTheHomeFolderWithoutAFolderForDownloads) {
@@ -49,15 +75,60 @@ TEST_F(QtPanelsWindow, BeginWhereDownloadsAreKept) {
 }
 
 TEST_F(QtPanelsWindow, SuggestANameInThatFolder) {
-    panels.saveFile({.title = "Export",
-                     .suggestedName = "Oakfen Transactions.csv",
-                     .extension = "csv",
-                     .extensionName = "Comma-separated text"},
-                    [](const std::optional<std::string>&) {});
+    saveFile();
     ASSERT_NE(shown(), nullptr);
     EXPECT_EQ(shown()->directory().absolutePath(), QDir::homePath());
     EXPECT_EQ(shown()->selectedFiles().value(0),
               QDir::home().filePath(QStringLiteral("Oakfen Transactions.csv")));
+}
+
+TEST_F(QtPanelsWindow, SayWhatToChooseAndOfferItsKindsAndAllFiles) {
+    openFile();
+    ASSERT_NE(shown(), nullptr);
+    EXPECT_EQ(shown()->windowTitle(), QStringLiteral("Import"));
+    EXPECT_EQ(shown()->nameFilters(),
+              (QStringList{QStringLiteral("Statements (*.csv *.CSV *.qif *.QIF)"),
+                           QStringLiteral("All Files (*)")}));
+    const auto labels = shown()->findChildren<QLabel*>();
+    EXPECT_TRUE(std::ranges::any_of(labels, [](const QLabel* label) {
+        return label->text() == QStringLiteral("Choose a <statement>.") &&
+               label->textFormat() == Qt::PlainText;
+    }));
+}
+
+TEST_F(QtPanelsWindow, AnswerWithTheChosenFileAndBeginThereNextTime) {
+    QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("März & Co.csv"));
+    QFile(file).open(QIODevice::WriteOnly);
+    openFile();
+    ASSERT_NE(shown(), nullptr);
+    shown()->setDirectory(folder.path());
+    shown()->selectFile(file);
+    shown()->findChild<QLineEdit*>()->setText(file);
+    static_cast<QDialog*>(shown())->done(QDialog::Accepted);
+    EXPECT_EQ(answers, (std::vector<std::optional<std::string>>{utf8(file)}));
+    settle();
+    openFile();
+    ASSERT_NE(shown(), nullptr);
+    EXPECT_EQ(shown()->directory().absolutePath(), folder.path());
+}
+
+TEST_F(QtPanelsWindow, AnswerWithNothingWhenTheyAreDismissed) {
+    openFile();
+    ASSERT_NE(shown(), nullptr);
+    shown()->reject();
+    settle();
+    saveFile();
+    ASSERT_NE(shown(), nullptr);
+    shown()->reject();
+    EXPECT_EQ(answers, (std::vector<std::optional<std::string>>{std::nullopt, std::nullopt}));
+}
+
+TEST_F(QtPanelsWindow, AddTheExtensionToANameWithoutOne) {
+    saveFile();
+    ASSERT_NE(shown(), nullptr);
+    shown()->findChild<QLineEdit*>()->setText(QStringLiteral("all"));
+    EXPECT_EQ(shown()->selectedFiles().value(0), QDir::home().filePath(QStringLiteral("all.csv")));
 }
 
 } // namespace
