@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "OakfenCore/Support/Formatting.h"
+#include "OakfenCore/Support/Text.h"
 
 namespace oakfen {
 
@@ -16,6 +18,17 @@ MoneyText moneyText(const Decimal& amount, std::string_view currencyCode, MoneyS
         money.tone = TextTone::negative;
     }
     return money;
+}
+
+Metric metric(std::string_view title, const Decimal& amount, std::string_view currencyCode,
+              TextTone tint, bool isLarge) {
+    std::string figure = currencyText(amount, currencyCode);
+    std::string accessibilityText = std::string(title) + ", " + figure;
+    return {.caption = uppercased(title),
+            .figure = std::move(figure),
+            .tint = tint,
+            .isLarge = isLarge,
+            .accessibilityText = std::move(accessibilityText)};
 }
 
 ClearedBadge clearedBadge(ClearedState state) noexcept {

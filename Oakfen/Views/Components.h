@@ -24,13 +24,32 @@ struct MoneyText {
     friend bool operator==(const MoneyText&, const MoneyText&) = default;
 };
 
+/// How an amount is set off.
 struct MoneyStyle {
     bool colorsNegative = true;
     bool showsPositiveSign = false;
 };
 
+/// The amount in its currency; a positive one with a plus on request.
 [[nodiscard]] MoneyText moneyText(const Decimal& amount, std::string_view currencyCode,
                                   MoneyStyle style = {});
+
+/// A figure beneath its caption.
+struct Metric {
+    /// In capitals.
+    std::string caption;
+    std::string figure;
+    TextTone tint = TextTone::primary;
+    bool isLarge = false;
+    /// For those who listen: capitals may be spelt out.
+    std::string accessibilityText;
+
+    friend bool operator==(const Metric&, const Metric&) = default;
+};
+
+[[nodiscard]] Metric metric(std::string_view title, const Decimal& amount,
+                            std::string_view currencyCode, TextTone tint = TextTone::primary,
+                            bool isLarge = false);
 
 /// The mark of an entry's state.
 struct ClearedBadge {
@@ -41,6 +60,7 @@ struct ClearedBadge {
     friend bool operator==(const ClearedBadge&, const ClearedBadge&) = default;
 };
 
+/// An empty circle, one with a tick, or a full one.
 [[nodiscard]] ClearedBadge clearedBadge(ClearedState state) noexcept;
 
 /// A bar that fills as a budget is used up.
@@ -54,6 +74,7 @@ struct BudgetBar {
     friend bool operator==(const BudgetBar&, const BudgetBar&) = default;
 };
 
+/// Green below 0.85, orange from there, red from 1 on; never fuller than full.
 [[nodiscard]] BudgetBar budgetBar(double fraction);
 
 /// How far a day is from today: "Tomorrow", "3 days overdue", "Mar 5".
@@ -75,8 +96,10 @@ struct PickerRow {
 /// "Uncategorized", then the categories of each kind by their full path.
 [[nodiscard]] std::vector<PickerRow> categoryPickerRows(const LibraryIndex& index);
 
+/// Which accounts a picker lists.
 struct AccountPickerOptions {
     std::optional<UUID> excluding = {};
+    /// Begins with "None".
     bool includeNone = false;
     bool investmentOnly = false;
 };

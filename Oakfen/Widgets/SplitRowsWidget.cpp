@@ -19,7 +19,6 @@ namespace oakfen {
 
 namespace {
 
-constexpr int amountWidth = 110;
 /// More lines than these scroll, so that the sheet's buttons stay on the screen.
 constexpr std::size_t mostLinesShown = 6;
 
@@ -101,8 +100,8 @@ void SplitRowsWidget::addRow(const TransactionEditor::SplitDraft& line) {
     row.memo->setCursorPosition(0); // a long memo shows its beginning
     row.memo->setPlaceholderText(tr("Memo"));
     row.memo->setAccessibleName(tr("Memo"));
+    row.memo->setMinimumWidth(1); // gives way before the amount does
     row.amount->setValue(line.amount);
-    row.amount->setFixedWidth(amountWidth);
     row.remove->setIcon(symbolIcon("minus.circle.fill", ThemeColor::secondaryText));
     row.remove->setAutoRaise(true);
     row.remove->setToolTip(tr("Remove split line"));
@@ -126,6 +125,7 @@ void SplitRowsWidget::connectRow(const Row& row) {
         if (TransactionEditor::SplitDraft* line = editor_.splitLine(id)) {
             apply(*line);
             showRemainder();
+            alignAmounts();
             edited();
         }
     };
@@ -137,6 +137,7 @@ void SplitRowsWidget::connectRow(const Row& row) {
     row.amount->edited = [change, amount = row.amount] {
         change([&](auto& line) { line.amount = amount->value(); });
     };
+    connect(row.amount, &QLineEdit::editingFinished, this, [this] { alignAmounts(); });
     connect(row.remove, &QToolButton::clicked, this, [this, id = row.id] { removeLine(id); });
 }
 
@@ -174,7 +175,18 @@ void SplitRowsWidget::discard(const Row& row) {
     row.frame->deleteLater();
 }
 
+void SplitRowsWidget::alignAmounts() {
+    int widest = 0;
+    for (const Row& row : rows_) {
+        widest = std::max(widest, row.amount->neededWidth());
+    }
+    for (const Row& row : rows_) {
+        row.amount->setFixedWidth(widest);
+    }
+}
+
 void SplitRowsWidget::arrange() {
+    alignAmounts();
     const int rowHeight = rows_.empty() ? 0 : rows_.front().frame->sizeHint().height();
     const int shown = static_cast<int>(std::min(rows_.size(), mostLinesShown));
     area_->setFixedHeight((shown * rowHeight) + (std::max(shown - 1, 0) * lines_->spacing()));

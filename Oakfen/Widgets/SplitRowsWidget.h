@@ -51,6 +51,8 @@ private:
     void addLine();
     void removeLine(const UUID& id);
     void discard(const Row& row);
+    /// Gives all amounts the width that the longest one needs.
+    void alignAmounts();
     /// Fits the height to the lines, and lets Tab walk through them from top to bottom.
     void arrange();
 

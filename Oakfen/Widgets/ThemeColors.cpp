@@ -148,6 +148,10 @@ QHeaderView::section:hover { color: @text; background: @window; }
 QTableView { background: @surface; border: none; gridline-color: transparent; outline: none; }
 QTableView::item { border: none; padding: 0px 8px; }
 
+QListView { background: @surface; border: 1px solid @border; outline: none; }
+QListView::item { min-height: 18px; padding: 3px 6px; border-radius: 4px; }
+QListView::item:selected { background: @selection; color: @onSelection; }
+
 QSplitter::handle { background: @border; }
 QScrollBar { background: transparent; border: none; }
 QScrollBar:vertical { width: 11px; }

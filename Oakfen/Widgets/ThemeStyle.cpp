@@ -238,6 +238,8 @@ int ThemeStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
     switch (hint) {
     case SH_DialogButtonBox_ButtonsHaveIcons:
     case SH_EtchDisabledText:
+    // Turning the wheel scrolls; it must not change what happens to lie beneath the pointer.
+    case SH_ComboBox_AllowWheelScrolling:
         return 0;
     default:
         return QProxyStyle::styleHint(hint, option, widget, returnData);

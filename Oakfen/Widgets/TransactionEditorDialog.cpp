@@ -11,6 +11,7 @@
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/AmountField.h"
 #include "Oakfen/Widgets/Components/DateField.h"
+#include "Oakfen/Widgets/Components/Figures.h"
 #include "Oakfen/Widgets/Components/MoneyLabel.h"
 #include "Oakfen/Widgets/Components/PickerBox.h"
 #include "Oakfen/Widgets/Components/SegmentedChoice.h"
@@ -79,7 +80,6 @@ void TransactionEditorDialog::addFirstFields() {
     };
     form_->addRow(tr("Type"), kind_);
 
-    account_->setPlaceholderText(tr("Choose an account"));
     account_->setToolTip(tr("The account whose register holds the entry"));
     account_->chosen = [this] {
         editor_.accountSelection = account_->chosenID();
@@ -128,7 +128,6 @@ void TransactionEditorDialog::addTransferFields() {
         showFieldsOfKind();
     };
     form_->addRow(tr("Direction"), direction_);
-    transfer_->setPlaceholderText(tr("Choose an account"));
     transfer_->setToolTip(tr("The other account of the transfer"));
     transfer_->chosen = [this] {
         editor_.transferSelection = transfer_->chosenID();
@@ -159,7 +158,9 @@ void TransactionEditorDialog::addLastFields() {
     checkNumber_->setMaximumWidth(shortWidth);
     tags_ = addText(tr("Tags"), editor_.tagsText, tr("Comma separated, e.g. Vacation, Tax"));
     for (const ClearedState state : allCases<ClearedState>) {
-        cleared_->addItem(symbolIcon(clearedBadge(state).symbolName), qt(oakfen::title(state)));
+        const ClearedBadge badge = clearedBadge(state);
+        cleared_->addItem(symbolIcon(badge.symbolName, themeColor(badge.tone)),
+                          qt(oakfen::title(state)));
     }
     cleared_->setAccessibleName(tr("Status"));
     cleared_->setToolTip(tr("Whether the bank shows the entry too"));
@@ -246,7 +247,7 @@ bool TransactionEditorDialog::applyMemorizedPayee() {
 }
 
 void TransactionEditorDialog::startSplitting() {
-    if (!checkAmounts()) {
+    if (!finishFields()) {
         return;
     }
     editor_.splitAcrossCategories();
@@ -278,15 +279,15 @@ void TransactionEditorDialog::keyPressEvent(QKeyEvent* event) {
 }
 
 void TransactionEditorDialog::saveAndStartNext() {
+    if (!finishFields()) {
+        return;
+    }
     if (!editor_.canSave()) {
         setProblem(qt(editor_.obstacle()));
         return;
     }
     if (!editor_.isNew()) {
         primaryButton()->click();
-        return;
-    }
-    if (!checkAmounts()) {
         return;
     }
     editor_.save();

@@ -1,39 +1,28 @@
 #pragma once
 
-#include <QLineEdit>
-#include <functional>
-
 #include "Oakfen/Views/AmountEntry.h"
+#include "Oakfen/Widgets/Components/EntryField.h"
 
 namespace oakfen {
 
-/// A field for an amount: shows two decimals, reads what people type or paste, and says why it
-/// can't when it can't.
-class AmountField final : public QLineEdit {
+/// A field for an amount: shows two decimals, and reads what people type or paste.
+class AmountField final : public EntryField {
 public:
     explicit AmountField(const QString& title, QWidget* parent = nullptr);
 
     [[nodiscard]] const Decimal& value() const { return entry_.value(); }
     void setValue(const Decimal& value);
-
-    /// Whether the text stands for an amount.
-    [[nodiscard]] bool isReadable() const { return entry_.explanation().empty(); }
-    /// Why not; empty while it does.
-    [[nodiscard]] QString explanation() const;
-
-    /// Called after each change by the person.
-    std::function<void()> edited = [] {};
+    /// The width in which all of a usual amount, or of the present one if that is longer, is seen.
+    [[nodiscard]] int neededWidth() const;
 
 protected:
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
+    [[nodiscard]] const TypedEntry& entry() const override { return entry_; }
+    [[nodiscard]] TypedEntry& entry() override { return entry_; }
+    /// Widens the field for a long amount: without its first digits, or its minus, it would look
+    /// like another.
+    void textShown() override;
 
 private:
-    void readText(const QString& text);
-    /// Puts the entry's text into the field, which nobody takes for typing.
-    void showText();
-    void showState();
-
     AmountEntry entry_;
 };
 

@@ -1,50 +1,132 @@
 #include "Oakfen/Widgets/Components/DateField.h"
 
+#include <QAction>
 #include <QCalendarWidget>
-#include <QSignalBlocker>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QTextCharFormat>
+#include <QToolButton>
+#include <utility>
 
-#include "Oakfen/Widgets/Bridge.h"
-#include "OakfenCore/Support/Formatting.h"
+#include "Oakfen/Widgets/Theme.h"
 
 namespace oakfen {
 
-namespace {
-
-/// The locale's order of year, month and day, as a pattern of the toolkit.
-QString dayPattern() {
-    const Calendar utc = Calendar::utc();
-    QString pattern =
-        qt(numericDateText(utc.date({.year = 2035, .month = 11, .day = 24, .hour = 12}), utc));
-    pattern.replace(QStringLiteral("2035"), QStringLiteral("yyyy"));
-    pattern.replace(QStringLiteral("11"), QStringLiteral("MM"));
-    pattern.replace(QStringLiteral("24"), QStringLiteral("dd"));
-    return pattern;
-}
-
-} // namespace
-
 DateField::DateField(const QString& title, const Calendar& calendar, QWidget* parent)
-    : QDateEdit(parent), calendar_(calendar) {
-    setAccessibleName(title);
-    setDisplayFormat(dayPattern());
-    setCalendarPopup(true);
-    setMinimumDate(QDate(1, 1, 1));
-    setMaximumDate(QDate(4000, 12, 31));
-    connect(this, &QDateEdit::dateChanged, this, [this](QDate day) {
-        CivilTime civil = calendar_.civil(value_);
-        civil.year = day.year();
-        civil.month = day.month();
-        civil.day = day.day();
-        value_ = calendar_.date(civil);
-        edited();
-    });
+    : EntryField(title, tr("Up and down change the day; Alt+Down opens a calendar"), parent),
+      entry_(calendar) {
+    QAction* open = addAction(symbolIcon("calendar.badge.clock", ThemeColor::secondaryText),
+                              QLineEdit::TrailingPosition);
+    open->setText(tr("Choose in a Calendar"));
+    open->setToolTip(tr("Choose in a calendar (Alt+Down)"));
+    connect(open, &QAction::triggered, this, [this] { openCalendar(); });
+    showEntry();
 }
 
 void DateField::setValue(oakfen::Date value) {
-    const QSignalBlocker blocker(this);
-    value_ = value;
-    const CivilTime civil = calendar_.civil(value);
-    setDate(QDate(civil.year, civil.month, civil.day));
+    entry_.setValue(value);
+    showEntry();
+}
+
+void DateField::keyPressEvent(QKeyEvent* event) {
+    const bool opens = event->key() == Qt::Key_F4 ||
+                       (event->key() == Qt::Key_Down && event->modifiers() == Qt::AltModifier);
+    if (opens) {
+        openCalendar();
+    } else if (!moveByKey(*event)) {
+        EntryField::keyPressEvent(event);
+    }
+}
+
+bool DateField::moveByKey(const QKeyEvent& event) {
+    const bool isFresh = selectedText() == text();
+    switch (event.key()) {
+    case Qt::Key_Up:
+        entry_.moveDays(1);
+        break;
+    case Qt::Key_Down:
+        entry_.moveDays(-1);
+        break;
+    case Qt::Key_PageUp:
+        entry_.moveMonths(1);
+        break;
+    case Qt::Key_PageDown:
+        entry_.moveMonths(-1);
+        break;
+    case Qt::Key_Plus:
+    case Qt::Key_Minus:
+        // Within a date that is being typed they stand between its parts.
+        if (!isFresh) {
+            return false;
+        }
+        entry_.moveDays(event.key() == Qt::Key_Plus ? 1 : -1);
+        break;
+    default:
+        return false;
+    }
+    showMove();
+    return true;
+}
+
+void DateField::showMove() {
+    showEntry();
+    selectAll();
+    edited();
+}
+
+void DateField::openCalendar() {
+    if (sheet_ == nullptr) {
+        makeCalendarSheet();
+    }
+    dressCalendarSheet();
+    const CivilTime day = entry_.day();
+    sheet_->setSelectedDate(QDate(day.year, day.month, day.day));
+    QRect place(mapToGlobal(QPoint(0, height())),
+                sheet_->sizeHint().expandedTo(sheet_->minimumSize()));
+    if (place.bottom() > screen()->availableGeometry().bottom()) {
+        place.moveBottom(mapToGlobal(QPoint(0, 0)).y());
+    }
+    sheet_->setGeometry(place);
+    sheet_->show();
+    sheet_->setFocus(Qt::PopupFocusReason);
+}
+
+void DateField::makeCalendarSheet() {
+    sheet_ = new QCalendarWidget(this);
+    sheet_->setWindowFlag(Qt::Popup);
+    sheet_->setAccessibleName(accessibleName());
+    sheet_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    sheet_->setDateRange(QDate(1, 1, 1), QDate(4001, 1, 1));
+    sheet_->setDateEditEnabled(false);
+    for (const auto& [name, symbol] : {std::pair("qt_calendar_prevmonth", "arrow.left"),
+                                       std::pair("qt_calendar_nextmonth", "arrow.right")}) {
+        if (auto* button = sheet_->findChild<QToolButton*>(QString::fromLatin1(name))) {
+            button->setIcon(symbolIcon(symbol));
+        }
+    }
+    const auto take = [this](QDate day) {
+        sheet_->hide();
+        entry_.setDay(day.year(), day.month(), day.day());
+        showMove();
+    };
+    connect(sheet_, &QCalendarWidget::clicked, this, take);
+    connect(sheet_, &QCalendarWidget::activated, this, take);
+}
+
+void DateField::dressCalendarSheet() {
+    // Each time, since the theme may have changed meanwhile.
+    QTextCharFormat plain;
+    plain.setForeground(Theme::color(ThemeColor::text));
+    QTextCharFormat quiet;
+    quiet.setForeground(Theme::color(ThemeColor::secondaryText));
+    sheet_->setHeaderTextFormat(quiet);
+    for (const Qt::DayOfWeek weekendDay : {Qt::Saturday, Qt::Sunday}) {
+        sheet_->setWeekdayTextFormat(weekendDay, plain);
+    }
+    // Wide enough for the names of the weekdays.
+    constexpr int days = 7;
+    const int dayWidth = sheet_->fontMetrics().horizontalAdvance(QStringLiteral("Wwwww"));
+    sheet_->setMinimumWidth(days * dayWidth);
 }
 
 } // namespace oakfen

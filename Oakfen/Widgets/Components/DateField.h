@@ -1,27 +1,42 @@
 #pragma once
 
-#include <QDateEdit>
-#include <functional>
+#include "Oakfen/Views/DateEntry.h"
+#include "Oakfen/Widgets/Components/EntryField.h"
 
-#include "OakfenCore/Support/Calendar.h"
+class QCalendarWidget;
 
 namespace oakfen {
 
-/// A field for a day. Keeps the time of day, and the whole instant until the person changes the
-/// day.
-class DateField final : public QDateEdit {
+/// A field for a day, typed in the locale's order. The up and down keys, and a plus or minus before
+/// anything is typed, go to the next and the previous day; page up and down go by months; Alt+Down
+/// opens a calendar. Keeps the record's time of day.
+class DateField final : public EntryField {
 public:
     DateField(const QString& title, const Calendar& calendar, QWidget* parent = nullptr);
 
-    [[nodiscard]] oakfen::Date value() const { return value_; }
+    [[nodiscard]] oakfen::Date value() const { return entry_.value(); }
     void setValue(oakfen::Date value);
 
-    /// Called after each change by the person.
-    std::function<void()> edited = [] {};
+    /// Lets the person choose the day in a month's sheet beneath the field.
+    void openCalendar();
+    /// That sheet; null before it was opened.
+    [[nodiscard]] QCalendarWidget* calendarSheet() const { return sheet_; }
+
+protected:
+    [[nodiscard]] const TypedEntry& entry() const override { return entry_; }
+    [[nodiscard]] TypedEntry& entry() override { return entry_; }
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    Calendar calendar_;
-    oakfen::Date value_;
+    /// Whether the key was one that moves the day.
+    bool moveByKey(const QKeyEvent& event);
+    /// Shows the day that the entry moved to.
+    void showMove();
+    void makeCalendarSheet();
+    void dressCalendarSheet();
+
+    DateEntry entry_;
+    QCalendarWidget* sheet_ = nullptr;
 };
 
 } // namespace oakfen

@@ -21,6 +21,12 @@ void MoneyLabel::setMoney(const MoneyText& money) {
     update();
 }
 
+void MoneyLabel::setStyle(TextStyle style) {
+    style_ = style;
+    updateGeometry();
+    update();
+}
+
 void MoneyLabel::setAlignment(Qt::Alignment alignment) {
     alignment_ = alignment;
     update();

@@ -14,6 +14,7 @@ public:
 
     void setMoney(const MoneyText& money);
     [[nodiscard]] const MoneyText& money() const { return money_; }
+    void setStyle(TextStyle style);
     void setAlignment(Qt::Alignment alignment);
 
     [[nodiscard]] QSize sizeHint() const override;

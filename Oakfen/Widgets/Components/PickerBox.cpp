@@ -1,8 +1,12 @@
 #include "Oakfen/Widgets/Components/PickerBox.h"
 
+#include <QAbstractItemView>
+#include <QApplication>
 #include <QCompleter>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QStandardItemModel>
+#include <QWheelEvent>
 #include <algorithm>
 
 #include "Oakfen/Widgets/Bridge.h"
@@ -17,7 +21,18 @@ PickerBox::PickerBox(const QString& title, QWidget* parent) : QComboBox(parent) 
     setMaxVisibleItems(20);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(18);
-    connect(this, &QComboBox::activated, this, [this] { chosen(); });
+    setEditable(true);
+    setInsertPolicy(NoInsert);
+    completer()->setCompletionMode(QCompleter::PopupCompletion);
+    completer()->setFilterMode(Qt::MatchContains);
+    completer()->setCaseSensitivity(Qt::CaseInsensitive);
+    completer()->popup()->installEventFilter(this);
+    lineEdit()->setAccessibleName(title);
+    connect(lineEdit(), &QLineEdit::editingFinished, this, [this] { takeTypedText(); });
+    connect(this, &QComboBox::activated, this, [this] {
+        showBeginning();
+        chosen();
+    });
 }
 
 void PickerBox::setRows(const std::vector<PickerRow>& rows) {
@@ -48,48 +63,105 @@ void PickerBox::choose(const std::optional<UUID>& id) {
     const auto row = std::ranges::find_if(
         rows_, [&](const PickerRow& each) { return !each.isHeader && each.id == id; });
     setCurrentIndex(row == rows_.end() ? -1 : static_cast<int>(row - rows_.begin()));
-    if (lineEdit() != nullptr) {
-        // A long name shows its beginning.
-        lineEdit()->setCursorPosition(0);
-    }
+    showBeginning();
 }
 
-CategoryPicker::CategoryPicker(const QString& title, QWidget* parent) : PickerBox(title, parent) {
-    setEditable(true);
-    setInsertPolicy(NoInsert);
-    completer()->setCompletionMode(QCompleter::PopupCompletion);
-    completer()->setFilterMode(Qt::MatchContains);
-    completer()->setCaseSensitivity(Qt::CaseInsensitive);
-    lineEdit()->setAccessibleName(title);
-    connect(lineEdit(), &QLineEdit::editingFinished, this, [this] { takeTypedText(); });
-}
-
-void CategoryPicker::focusOutEvent(QFocusEvent* event) {
-    takeTypedText();
-    PickerBox::focusOutEvent(event);
-}
-
-/// Takes the one category that the text means, else goes back to the choice that was.
-void CategoryPicker::takeTypedText() {
+void PickerBox::takeTypedText() {
     if (currentText() == itemText(currentIndex())) {
         return;
     }
-    const auto* items = qobject_cast<const QStandardItemModel*>(model());
-    int match = findText(currentText(), Qt::MatchFixedString);
-    for (int index = 0; match < 0 && index < count(); ++index) {
-        const bool isChoice = items->item(index)->isEnabled();
-        if (isChoice && !currentText().trimmed().isEmpty() &&
-            itemText(index).contains(currentText().trimmed(), Qt::CaseInsensitive)) {
-            match = index;
+    const int row = rowOf(currentText().trimmed());
+    const bool isChange = row >= 0 && row != currentIndex();
+    if (isChange) {
+        setCurrentIndex(row);
+    }
+    setEditText(itemText(currentIndex()));
+    showBeginning();
+    if (isChange) {
+        chosen();
+    }
+}
+
+void PickerBox::setPrompt(const QString& prompt) {
+    lineEdit()->setPlaceholderText(prompt);
+}
+
+bool PickerBox::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == completer()->popup() && event->type() == QEvent::KeyPress &&
+        leaveListByKey(*static_cast<QKeyEvent*>(event))) {
+        return true;
+    }
+    return QComboBox::eventFilter(watched, event);
+}
+
+bool PickerBox::leaveListByKey(QKeyEvent& event) {
+    switch (event.key()) {
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        takeMatch();
+        focusNextPrevChild(event.key() == Qt::Key_Tab);
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if ((event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
+            return false;
         }
+        // The list has the keyboard, so the key would not reach the sheet by itself.
+        takeMatch();
+        QApplication::sendEvent(window(), &event);
+        return true;
+    default:
+        return false;
     }
-    if (match < 0 || !items->item(match)->isEnabled()) {
-        setEditText(itemText(currentIndex()));
-        return;
+}
+
+void PickerBox::takeMatch() {
+    const QModelIndex match = completer()->popup()->currentIndex();
+    completer()->popup()->hide();
+    if (match.isValid()) {
+        Q_EMIT completer()->activated(match);
+    } else {
+        takeTypedText();
     }
-    setCurrentIndex(match);
-    setEditText(itemText(match));
-    chosen();
+}
+
+void PickerBox::focusOutEvent(QFocusEvent* event) {
+    if (event->reason() != Qt::PopupFocusReason) {
+        takeTypedText();
+    }
+    QComboBox::focusOutEvent(event);
+}
+
+void PickerBox::wheelEvent(QWheelEvent* event) {
+    // For what scrolls beneath the picker.
+    event->ignore();
+}
+
+int PickerBox::rowOf(const QString& text) const {
+    const auto first = [this](auto&& fits) {
+        const auto row = std::ranges::find_if(rows_, [&](const PickerRow& each) {
+            return !each.isHeader && fits(each, qt(singleLine(each.title)));
+        });
+        return row == rows_.end() ? -1 : static_cast<int>(row - rows_.begin());
+    };
+    if (text.isEmpty()) {
+        return first([](const PickerRow& row, const QString&) { return !row.id; });
+    }
+    const int exact = first([&](const PickerRow&, const QString& title) {
+        return title.compare(text, Qt::CaseInsensitive) == 0;
+    });
+    return exact >= 0 ? exact : first([&](const PickerRow&, const QString& title) {
+        return title.contains(text, Qt::CaseInsensitive);
+    });
+}
+
+void PickerBox::showBeginning() {
+    // A long name shows its beginning.
+    lineEdit()->setCursorPosition(0);
+}
+
+AccountPicker::AccountPicker(const QString& title, QWidget* parent) : PickerBox(title, parent) {
+    setPrompt(tr("Choose an account"));
 }
 
 } // namespace oakfen

@@ -9,7 +9,8 @@
 
 namespace oakfen {
 
-/// A choice among the rows of a picker, with headers that can't be chosen.
+/// A choice among the rows of a picker, with headers that can't be chosen. The person may type any
+/// part of a row's title.
 class PickerBox : public QComboBox {
 public:
     explicit PickerBox(const QString& title, QWidget* parent = nullptr);
@@ -21,29 +22,44 @@ public:
     /// Chooses the row of that id, or no row when there is none.
     void choose(const std::optional<UUID>& id);
 
+    /// Takes the row that the typed text means, if any; else goes back to the choice that was.
+    void takeTypedText();
+
     /// Called when the person has chosen.
     std::function<void()> chosen = [] {};
 
+protected:
+    /// What the field says while nothing is chosen.
+    void setPrompt(const QString& prompt);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
 private:
+    /// Whether the key was one that leaves the list of matches, and not only closes it.
+    bool leaveListByKey(QKeyEvent& event);
+    /// Takes the match that the person went to in the list, else what the typed text means.
+    void takeMatch();
+
+    /// The row of that title, else the first one with the text in its title; -1 for none. An
+    /// emptied field means no choice, where that is one.
+    [[nodiscard]] int rowOf(const QString& text) const;
+    void showBeginning();
+
     std::vector<PickerRow> rows_;
 };
 
 /// A choice of an account.
 class AccountPicker final : public PickerBox {
 public:
-    using PickerBox::PickerBox;
+    explicit AccountPicker(const QString& title, QWidget* parent = nullptr);
 };
 
-/// A choice of a category. The person may type any part of its path.
+/// A choice of a category.
 class CategoryPicker final : public PickerBox {
 public:
-    explicit CategoryPicker(const QString& title, QWidget* parent = nullptr);
-
-protected:
-    void focusOutEvent(QFocusEvent* event) override;
-
-private:
-    void takeTypedText();
+    using PickerBox::PickerBox;
 };
 
 } // namespace oakfen

@@ -4,7 +4,8 @@
 #include <QPointer>
 
 #include "Oakfen/Widgets/Bridge.h"
-#include "Oakfen/Widgets/Components/AmountField.h"
+#include "Oakfen/Widgets/Components/EntryField.h"
+#include "Oakfen/Widgets/Components/PickerBox.h"
 #include "Oakfen/Widgets/Theme.h"
 
 namespace oakfen {
@@ -30,6 +31,8 @@ SheetScaffold::SheetScaffold(Panels& panels, const QString& title, const QString
     setWindowModality(Qt::WindowModal);
     setWindowTitle(title);
     title_->setText(title);
+    // The name of a file may be one word that is wider than the screen.
+    title_->setMinimumWidth(1);
     subtitle_->hide();
     problem_->hide();
     problem_->setContentsMargins(0, 0, 0, Theme::grid);
@@ -106,8 +109,13 @@ void SheetScaffold::putButtonsLast() {
     }
 }
 
-bool SheetScaffold::checkAmounts() {
-    AmountField* field = unreadableField();
+bool SheetScaffold::finishFields() {
+    for (QComboBox* box : findChildren<QComboBox*>()) {
+        if (auto* picker = dynamic_cast<PickerBox*>(box)) {
+            picker->takeTypedText();
+        }
+    }
+    EntryField* field = unreadableField();
     if (field == nullptr) {
         return true;
     }
@@ -118,7 +126,7 @@ bool SheetScaffold::checkAmounts() {
 }
 
 void SheetScaffold::savePressed() {
-    if (checkAmounts()) {
+    if (finishFields()) {
         save();
         accept();
     }
@@ -133,9 +141,9 @@ void SheetScaffold::confirmDestructiveAction(const ConfirmationRequest& confirma
     });
 }
 
-AmountField* SheetScaffold::unreadableField() const {
+EntryField* SheetScaffold::unreadableField() const {
     for (QLineEdit* edit : findChildren<QLineEdit*>()) {
-        auto* field = dynamic_cast<AmountField*>(edit);
+        auto* field = dynamic_cast<EntryField*>(edit);
         if (field != nullptr && field->isVisibleTo(this) && !field->isReadable()) {
             return field;
         }

@@ -12,7 +12,7 @@ class QVBoxLayout;
 
 namespace oakfen {
 
-class AmountField;
+class EntryField;
 
 /// The frame of every editor sheet: a title, what the sheet edits, and a row of buttons with one
 /// default; Escape cancels. A window-modal dialog that closes by accepting or rejecting.
@@ -47,17 +47,18 @@ protected:
 
     /// Empty, or what keeps the sheet from being saved, told beside the buttons.
     void setProblem(const QString& text);
-    /// Whether each field shows an amount; says which doesn't, and goes there. Saving would quietly
-    /// keep the earlier amount, which is not what the person sees.
-    bool checkAmounts();
+    /// Takes what was typed and not left yet. Whether each field can be read; else says which one
+    /// can't, and goes there: saving would quietly keep the earlier value, which is not what the
+    /// person sees.
+    bool finishFields();
 
 private:
     /// Lets screen readers come to the buttons after the content.
     void putButtonsLast();
     void savePressed();
     void confirmDestructiveAction(const ConfirmationRequest& confirmation);
-    /// The first field whose text is no amount, if any.
-    [[nodiscard]] AmountField* unreadableField() const;
+    /// The first field whose text can't be read, if any.
+    [[nodiscard]] EntryField* unreadableField() const;
 
     Panels& panels_;
     QLabel* title_;

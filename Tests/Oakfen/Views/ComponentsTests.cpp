@@ -9,9 +9,9 @@
 
 namespace oakfen {
 
-using testing::LocaleForTest;
 using testing::amount;
 using testing::day;
+using testing::LocaleForTest;
 using testing::makeAccount;
 using testing::makeCategory;
 
@@ -61,6 +61,22 @@ TEST(MoneyText, HasNoPlusForZero) {
     EXPECT_EQ(moneyText(Decimal(), "CAD", {.showsPositiveSign = true}).text, "$0.00");
 }
 
+TEST(Metric, PutsTheTitleInCapitalsAboveTheAmountInItsCurrency) {
+    const LocaleForTest locale("en_CA");
+    EXPECT_EQ(metric("Net Worth", amount("-1234.5"), "CAD", TextTone::negative, true),
+              (Metric{.caption = "NET WORTH",
+                      .figure = "-$1,234.50",
+                      .tint = TextTone::negative,
+                      .isLarge = true,
+                      .accessibilityText = "Net Worth, -$1,234.50"}));
+}
+
+TEST(Metric, IsOfUsualSizeAndInTheTextsColourUnlessToldOtherwise) {
+    const Metric figure = metric("Cleared", amount("5"), "CAD");
+    EXPECT_EQ(figure.tint, TextTone::primary);
+    EXPECT_FALSE(figure.isLarge);
+}
+
 TEST(ClearedBadge, HasAnIconAToneAndATooltipForEachState) {
     EXPECT_EQ(clearedBadge(ClearedState::uncleared),
               (ClearedBadge{"circle", TextTone::secondary, "Uncleared"}));
@@ -75,7 +91,7 @@ TEST(BudgetBar, IsGreenBelowEightyFivePercent) {
 }
 
 TEST(BudgetBar, IsOrangeFromExactlyEightyFivePercent) {
-    EXPECT_EQ(budgetBar(0.85).tone, TextTone::warning);
+    EXPECT_EQ(budgetBar(0.85), (BudgetBar{0.85, TextTone::warning, "85 percent used"}));
     EXPECT_EQ(budgetBar(0.999).tone, TextTone::warning);
 }
 
@@ -94,6 +110,11 @@ TEST(BudgetBar, LeavesOutAShareThatIsTooLargeToTell) {
     EXPECT_EQ(budgetBar(std::numeric_limits<double>::quiet_NaN()), BudgetBar());
 }
 
+TEST(BudgetBar, TellsTheWholePartOfItsPercentage) {
+    EXPECT_EQ(budgetBar(0.999).accessibilityText, "99 percent used");
+    EXPECT_EQ(budgetBar(0).accessibilityText, "0 percent used");
+}
+
 TEST(RelativeDay, NamesTheDaysAroundToday) {
     EXPECT_EQ(relative(day(2026, 3, 15, 0)), "Today");
     EXPECT_EQ(relative(day(2026, 3, 15, 23)), "Today");
@@ -109,6 +130,17 @@ TEST(RelativeDay, CountsTheDaysOfTheComingWeek) {
 TEST(RelativeDay, SpeaksOfOverdueDaysFromTheSecondOn) {
     EXPECT_EQ(relative(day(2026, 3, 13)), "2 days overdue");
     EXPECT_EQ(relative(day(2026, 2, 15)), "28 days overdue");
+}
+
+TEST(RelativeDay, CountsADayWhoseClockChangesAsOne) {
+    const Calendar toronto = *Calendar::inZone("America/Toronto");
+    const auto noon = [&](int dayOfMonth) {
+        return toronto.date({.year = 2026, .month = 3, .day = dayOfMonth, .hour = 12});
+    };
+    // The 8th has 23 hours.
+    EXPECT_EQ(relativeDayDescription(noon(8), noon(7), toronto), "Tomorrow");
+    EXPECT_EQ(relativeDayDescription(noon(9), noon(7), toronto), "In 2 days");
+    EXPECT_EQ(relativeDayDescription(noon(7), noon(9), toronto), "2 days overdue");
 }
 
 TEST(RelativeDay, GivesTheDateFromAWeekOn) {
@@ -129,6 +161,19 @@ TEST(CategoryPicker, ListsUncategorizedThenExpensesThenIncomeByPath) {
                                                       "Food: Groceries", "# Income", "Salary"}));
     EXPECT_FALSE(rows[0].id);
     EXPECT_EQ(rows[2].id, food.id);
+}
+
+TEST(CategoryPicker, HasNoSectionForAKindWithoutCategories) {
+    EXPECT_EQ(titles(categoryPickerRows(indexOf(emptyDocument("CAD")))),
+              (std::vector<std::string>{"Uncategorized"}));
+}
+
+TEST(KeepingChoice, AddsAChoiceThatTheRowsLeaveOut) {
+    const UUID closed = UUID::random();
+    const PickerRow row{.title = "Old", .id = closed};
+    const std::vector<PickerRow> rows = keepingChoice({{.title = "None"}}, row);
+    EXPECT_EQ(rows, (std::vector<PickerRow>{{.title = "None"}, row}));
+    EXPECT_EQ(keepingChoice(rows, row), rows);
 }
 
 class AccountPicker : public ::testing::Test {

@@ -8,24 +8,11 @@ namespace oakfen {
 using testing::amount;
 using testing::day;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using testing::LocaleForTest;
 using testing::makeTransaction;
 using testing::TestEnvironment;
 using Kind = TransactionEditor::Kind;
 using TransactionEditing = testing::TransactionFixture;
-
-namespace {
-
-std::vector<std::string> titles(const std::vector<PickerRow>& rows) {
-    std::vector<std::string> result;
-    for (const PickerRow& row : rows) {
-        result.push_back(row.title);
-    }
-    return result;
-}
-
-} // namespace
 
 TEST(TransactionEditorKinds, HaveNamesForTheDocumentAndForPeople) {
     std::string names;
@@ -136,93 +123,6 @@ TEST_F(TransactionEditing, OpeningAndSavingChangesNothing) {
     EXPECT_FALSE(test.undoManager->canUndo());
 }
 
-TEST_F(TransactionEditing, SuggestsPayeesThatHoldTheTermInAnyCase) {
-    enter(makeTransaction(everyday.id, day(2026, 3, 2), "Corner Shop", "-1"));
-    enter(makeTransaction(everyday.id, day(2026, 3, 2), "Bakery", "-1"));
-    EXPECT_THAT(newEntry(" SHOP\t").payeeSuggestions(), ElementsAre("Corner Shop", "Shop"));
-    EXPECT_THAT(newEntry("Shop").payeeSuggestions(), ElementsAre("Corner Shop"));
-    EXPECT_THAT(newEntry(" ").payeeSuggestions(), IsEmpty());
-    EXPECT_THAT(newEntry("Grocer").payeeSuggestions(), IsEmpty());
-}
-
-TEST_F(TransactionEditing, SuggestsTheFirstEightPayeesOnly) {
-    for (char letter = 'a'; letter <= 'j'; ++letter) {
-        enter(makeTransaction(everyday.id, day(2026, 3, 2), std::string("Store ") + letter, "-1"));
-    }
-    const auto suggestions = newEntry("store").payeeSuggestions();
-    ASSERT_EQ(suggestions.size(), 8U);
-    EXPECT_EQ(suggestions.front(), "Store a");
-    EXPECT_EQ(suggestions.back(), "Store h");
-}
-
-TEST_F(TransactionEditing, AMemorizedPayeeFillsInANewEntry) {
-    TransactionEditor editor = newEntry(" shop ");
-    EXPECT_TRUE(editor.applyMemorizedPayee());
-    EXPECT_EQ(editor.draft.payee, "Shop");
-    EXPECT_EQ(editor.amount, amount("40.25"));
-    EXPECT_EQ(editor.draft.categoryID, food.id);
-    EXPECT_EQ(editor.kind(), Kind::payment);
-    EXPECT_EQ(editor.draft.memo, "");
-}
-
-TEST_F(TransactionEditing, AMemorizedPayeeLeavesATypedAmount) {
-    TransactionEditor editor = newEntry("Shop");
-    editor.amount = amount("7");
-    editor.applyMemorizedPayee();
-    EXPECT_EQ(editor.amount, amount("7"));
-    EXPECT_EQ(editor.draft.categoryID, food.id);
-}
-
-TEST_F(TransactionEditing, AnUnknownPayeeFillsInNothing) {
-    TransactionEditor editor = newEntry("Somebody");
-    EXPECT_FALSE(editor.applyMemorizedPayee());
-    EXPECT_EQ(editor.draft.payee, "Somebody");
-    EXPECT_EQ(editor.amount, Decimal());
-}
-
-TEST_F(TransactionEditing, AMemorizedPayeeNeverChangesAnExistingEntry) {
-    enter(makeTransaction(everyday.id, day(2026, 3, 9), "Bakery", "-5"));
-    TransactionEditor editor = edit(shop.id);
-    editor.draft.payee = "bakery";
-    EXPECT_FALSE(editor.applyMemorizedPayee());
-    EXPECT_EQ(editor.draft.payee, "bakery");
-    EXPECT_EQ(editor.amount, amount("40.25"));
-    EXPECT_EQ(editor.draft.categoryID, food.id);
-}
-
-TEST_F(TransactionEditing, AMemorizedDepositBecomesADeposit) {
-    enter(makeTransaction(everyday.id, day(2026, 3, 9), "Payroll", "900"));
-    TransactionEditor editor = newEntry("Payroll");
-    editor.applyMemorizedPayee();
-    EXPECT_EQ(editor.kind(), Kind::deposit);
-    EXPECT_EQ(editor.amount, amount("900"));
-}
-
-TEST_F(TransactionEditing, AMemorizedTransferGoesTheSameWay) {
-    rememberLoneLeg("75");
-    TransactionEditor editor = newEntry("moved");
-    EXPECT_TRUE(editor.applyMemorizedPayee());
-    EXPECT_EQ(editor.kind(), Kind::transfer);
-    EXPECT_EQ(editor.transferSelection, savings.id);
-    EXPECT_TRUE(editor.transferIn);
-    EXPECT_EQ(editor.amount, amount("75"));
-    rememberLoneLeg("-60");
-    editor.applyMemorizedPayee();
-    EXPECT_FALSE(editor.transferIn);
-    EXPECT_TRUE(editor.canSave());
-}
-
-TEST_F(TransactionEditing, AMemorizedTransferToTheSelectedAccountCountsByItsCategory) {
-    rememberLoneLeg("75");
-    TransactionEditor editor(*test, ActiveSheet::NewTransaction{savings.id});
-    editor.draft.payee = "Moved";
-    editor.draft.categoryID = food.id;
-    EXPECT_TRUE(editor.applyMemorizedPayee());
-    EXPECT_EQ(editor.kind(), Kind::deposit);
-    EXPECT_FALSE(editor.transferSelection);
-    EXPECT_FALSE(editor.draft.categoryID);
-}
-
 TEST_F(TransactionEditing, EveryKindNeedsAPayee) {
     TransactionEditor editor = newEntry(" \t");
     editor.amount = amount("5");
@@ -253,16 +153,6 @@ TEST_F(TransactionEditing, ATransferNeedsAnotherAccountAndAnAmount) {
     EXPECT_TRUE(editor.canSave());
     editor.amount = Decimal();
     EXPECT_EQ(editor.obstacle(), "Enter the amount of the transfer.");
-}
-
-TEST_F(TransactionEditing, ATransferCannotBeSavedOnceItsAccountBecomesTheOtherOne) {
-    const Transaction out = transfer("-75");
-    enter(out);
-    TransactionEditor editor = edit(out.id);
-    editor.accountSelection = savings.id;
-    EXPECT_FALSE(editor.canSave());
-    EXPECT_THAT(titles(editor.transferChoices()),
-                ElementsAre("Banking", "Everyday", "Credit", "Card"));
 }
 
 TEST_F(TransactionEditing, SavesAPaymentInOneStep) {
@@ -339,38 +229,6 @@ TEST_F(TransactionEditing, ATransferTurnedIntoAPaymentLosesItsTwin) {
     EXPECT_EQ(stored(out.id).amount, amount("-75"));
     EXPECT_EQ(stored(out.id).categoryID, food.id);
     EXPECT_EQ(test.index().balance(savings.id), Decimal());
-}
-
-TEST_F(TransactionEditing, KeepsAClosedAccountAmongTheChoices) {
-    const Transaction out = transfer("-75");
-    enter(out);
-    test.store->mutate("Close", [](Library& library) {
-        library.accounts.edit(0).isClosed = true;
-        library.accounts.edit(1).isClosed = true;
-    });
-    TransactionEditor editor = edit(out.id);
-    EXPECT_THAT(titles(editor.accountChoices()), ElementsAre("Credit", "Card", "Everyday"));
-    EXPECT_THAT(titles(editor.transferChoices()), ElementsAre("Credit", "Card", "Savings"));
-    const Library before = test.library();
-    editor.save();
-    EXPECT_EQ(test.library(), before);
-}
-
-TEST_F(TransactionEditing, KeepsWhatItHasNoNameFor) {
-    TransactionEditor editor = edit(shop.id);
-    editor.transferSelection = UUID::random();
-    EXPECT_EQ(editor.transferChoices().back(),
-              (PickerRow{.title = "Unknown Account", .id = editor.transferSelection}));
-    const UUID lost = UUID::random();
-    EXPECT_EQ(editor.categoryChoices(lost).back(),
-              (PickerRow{.title = "Unknown Category", .id = lost}));
-}
-
-TEST_F(TransactionEditing, ListsEachChoiceOnce) {
-    const TransactionEditor editor = edit(shop.id);
-    EXPECT_EQ(editor.accountChoices(), accountPickerRows(test.index()));
-    EXPECT_EQ(editor.categoryChoices(food.id), categoryPickerRows(test.index()));
-    EXPECT_EQ(editor.categoryChoices(std::nullopt), categoryPickerRows(test.index()));
 }
 
 TEST_F(TransactionEditing, TheNextEntryKeepsTheAccountAndTheDay) {

@@ -45,6 +45,16 @@ TEST(AmountFieldWidget, StartsAtZeroAndSaysWhatItIsFor) {
     EXPECT_TRUE(field.isReadable());
 }
 
+TEST(AmountFieldWidget, GrowsWithALongAmountAndShrinksAgain) {
+    AmountField field(qs("Amount"));
+    const int usual = field.minimumWidth();
+    field.setValue(amount("-12345678901234.56"));
+    EXPECT_GT(field.minimumWidth(), field.fontMetrics().horizontalAdvance(field.text()));
+    EXPECT_GT(field.minimumWidth(), usual);
+    field.setValue(amount("12.5"));
+    EXPECT_EQ(field.minimumWidth(), usual);
+}
+
 TEST(AmountFieldWidget, TakesWhatIsTypedAndShowsTwoDecimalsAfterwards) {
     Form form;
     form.type("1234.5");
@@ -85,6 +95,41 @@ TEST(AmountFieldWidget, KeepsDigitsThatItDoesNotShow) {
 TEST(AmountFieldWidget, SelectsItsTextWhenItIsEntered) {
     Form form;
     EXPECT_EQ(form.field->selectedText(), qs("0.00"));
+}
+
+TEST(AmountFieldWidget, MarksATextThatIsNoAmountAndNoOther) {
+    Form form;
+    EXPECT_FALSE(form.field->property("invalid").toBool());
+    form.type("abc");
+    EXPECT_TRUE(form.field->property("invalid").toBool());
+    EXPECT_EQ(form.field->accessibleDescription(), form.field->explanation());
+    form.type("3");
+    EXPECT_FALSE(form.field->property("invalid").toBool());
+    EXPECT_EQ(form.field->toolTip(), qs("An amount, or a sum such as 12.50+3*2"));
+}
+
+TEST(AmountFieldWidget, StaysAsItIsTypedBeneathAMenuOrAnotherWindow) {
+    Form form;
+    form.type("12.5");
+    for (const Qt::FocusReason reason : {Qt::PopupFocusReason, Qt::ActiveWindowFocusReason}) {
+        QFocusEvent leave(QEvent::FocusOut, reason);
+        QApplication::sendEvent(form.field, &leave);
+        EXPECT_EQ(form.field->text(), qs("12.5"));
+        QFocusEvent comeBack(QEvent::FocusIn, reason);
+        QApplication::sendEvent(form.field, &comeBack);
+        QApplication::processEvents();
+        EXPECT_EQ(form.field->selectedText(), QString());
+    }
+    QTest::keyClicks(form.field, qs("0"));
+    EXPECT_EQ(form.field->text(), qs("12.50"));
+}
+
+TEST(AmountFieldWidget, ShowsTheLongestAmountWhole) {
+    AmountField field(qs("Amount"));
+    const Decimal longest = amount("9" + std::string(100, '0'));
+    field.setValue(longest);
+    EXPECT_EQ(field.text().size(), 101 + 33 + 3);
+    EXPECT_EQ(field.value(), longest);
 }
 
 } // namespace oakfen

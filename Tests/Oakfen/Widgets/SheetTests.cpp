@@ -2,18 +2,13 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
 
 #include "Oakfen/Widgets/AccountEditorDialog.h"
-#include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/AmountField.h"
-#include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/Components/PickerBox.h"
-#include "Oakfen/Widgets/ImportReviewDialog.h"
 #include "OakfenCore/LibraryOperations/Transactions.h"
-#include "OakfenCore/Support/Formatting.h"
 #include "Tests/Support/TestEnvironment.h"
 
 namespace oakfen {
@@ -28,8 +23,6 @@ protected:
     Sheets() {
         test_.store->mutate("Add", [this](Library& library) {
             library.accounts.push_back(everyday_);
-            library.accounts.push_back(savings_);
-            library.accounts.push_back(card_);
             upsert(library, testing::makeTransaction(everyday_.id, day(2026, 3, 4), "Shop", "-40"));
         });
         test_.undoManager->removeAllActions();
@@ -51,24 +44,7 @@ protected:
         return nullptr;
     }
 
-    [[nodiscard]] std::shared_ptr<const ImportSession> session() const {
-        const auto line = [](std::string payee, std::string_view value, int dayOfMonth) {
-            return ImportedTransaction{.id = UUID::random(),
-                                       .date = day(2026, 3, dayOfMonth, 0),
-                                       .payee = std::move(payee),
-                                       .amount = amount(value)};
-        };
-        return std::make_shared<const ImportSession>(
-            ImportSession{.id = UUID::random(),
-                          .fileName = "march.csv",
-                          .items = {line("Bakery", "-4.50", 3), line("Shop", "-40", 5),
-                                    line("Pay\r\nday", "1000", 6)},
-                          .accountID = everyday_.id});
-    }
-
     Account everyday_ = makeAccount("Everyday");
-    Account savings_ = makeAccount("Savings", AccountType::savings);
-    Account card_ = makeAccount("Card", AccountType::creditCard);
     TestEnvironment test_;
 };
 
@@ -165,70 +141,6 @@ TEST_F(Sheets, HaveOneDefaultButton) {
     EXPECT_TRUE(dialog.primaryButton()->isDefault());
     EXPECT_FALSE(dialog.cancelButton()->isDefault());
     EXPECT_FALSE(dialog.destructiveButton()->isDefault());
-}
-
-TEST_F(Sheets, AReviewIsTickedWithTheMouseAndImported) {
-    ImportReviewDialog dialog(*test_, session());
-    show(dialog);
-    const auto cell = [&](int row, int column) {
-        return utf8(dialog.table()->model()->index(row, column).data().toString());
-    };
-    EXPECT_EQ(cell(1, 5), "Duplicate");
-    EXPECT_EQ(cell(0, 5), "");
-    EXPECT_EQ(cell(2, 2), "Pay day");
-    EXPECT_EQ(cell(0, 4), "-$4.50");
-    QTest::mouseClick(dialog.table()->viewport(), Qt::LeftButton, {},
-                      dialog.table()->visualRect(dialog.table()->model()->index(0, 0)).center());
-    EXPECT_FALSE(dialog.view().isIncluded(0));
-    QTest::mouseClick(dialog.primaryButton(), Qt::LeftButton);
-    EXPECT_FALSE(dialog.isVisible());
-    ASSERT_EQ(test_.index().transactions(everyday_.id).size(), 2U);
-    EXPECT_EQ(test_.library().transactions.back().payee, "Pay\r\nday");
-    EXPECT_EQ(test_.undoManager->undoActionName(), "Import Transactions");
-}
-
-TEST_F(Sheets, AReviewIsTickedWithTheSpaceBar) {
-    ImportReviewDialog dialog(*test_, session());
-    show(dialog);
-    dialog.table()->selectAll();
-    dialog.table()->selectionModel()->setCurrentIndex(dialog.table()->model()->index(1, 2),
-                                                      QItemSelectionModel::NoUpdate);
-    QTest::keyClick(dialog.table(), Qt::Key_Space);
-    EXPECT_TRUE(dialog.view().included.empty());
-    EXPECT_FALSE(dialog.primaryButton()->isEnabled());
-    QTest::keyClick(dialog.table(), Qt::Key_Space);
-    EXPECT_EQ(dialog.view().included.size(), 3U);
-    EXPECT_TRUE(dialog.primaryButton()->isEnabled());
-}
-
-TEST_F(Sheets, AReviewSaysWhichEntryADuplicateMatches) {
-    ImportReviewDialog dialog(*test_, session());
-    show(dialog);
-    const auto hover = [&](int row) {
-        const QModelIndex mark = dialog.table()->model()->index(row, 5);
-        return utf8(mark.data(Qt::ToolTipRole).toString());
-    };
-    EXPECT_EQ(hover(1), "Already in this account: " +
-                            numericDateText(day(2026, 3, 4), Calendar::utc()) + ", Shop, -$40.00");
-    EXPECT_EQ(hover(0), "");
-}
-
-TEST_F(Sheets, AReviewMarksDuplicatesOfTheChosenAccount) {
-    ImportReviewDialog dialog(*test_, session());
-    show(dialog);
-    const auto mark = [&] { return utf8(dialog.table()->model()->index(1, 5).data().toString()); };
-    EXPECT_EQ(mark(), "Duplicate");
-    dialog.accountPicker()->choose(savings_.id);
-    dialog.accountPicker()->chosen();
-    EXPECT_EQ(mark(), "");
-    EXPECT_EQ(dialog.view().accountID(), savings_.id);
-}
-
-TEST_F(Sheets, AReviewOfAClosedAccountStillNamesIt) {
-    test_.store->mutate("Edit",
-                        [this](Library& library) { library.accounts.edit(0).isClosed = true; });
-    const ImportReviewDialog dialog(*test_, session());
-    EXPECT_EQ(dialog.accountPicker()->currentText(), QStringLiteral("Everyday"));
 }
 
 TEST_F(Sheets, ACategoryIsFoundByAnyPartOfItsPath) {

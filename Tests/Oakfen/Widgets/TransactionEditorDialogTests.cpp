@@ -1,137 +1,17 @@
-#include <gtest/gtest.h>
+#include "Oakfen/Widgets/TransactionEditorDialog.h"
 
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QCompleter>
-#include <QLabel>
-#include <QPushButton>
-#include <QTest>
-
-#include "Oakfen/Widgets/Bridge.h"
-#include "Oakfen/Widgets/Components/AmountField.h"
-#include "Oakfen/Widgets/Components/DateField.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
-#include "Oakfen/Widgets/Components/PickerBox.h"
-#include "Oakfen/Widgets/PayeeField.h"
 #include "Oakfen/Widgets/RegisterModel.h"
 #include "Oakfen/Widgets/RegisterWidget.h"
-#include "Oakfen/Widgets/TransactionEditorDialog.h"
-#include "OakfenCore/LibraryOperations/Transactions.h"
-#include "Tests/Support/TestEnvironment.h"
+#include "Tests/Oakfen/Widgets/TransactionSheetFixture.h"
 
 namespace oakfen {
 
 using testing::amount;
 using testing::day;
-using testing::makeAccount;
-using testing::makeCategory;
 using testing::makeTransaction;
-using testing::TestEnvironment;
+using TransactionSheet = testing::TransactionSheetFixture;
 using Kind = TransactionEditor::Kind;
-
-namespace {
-
-/// The sheet over an everyday account, worked by the keyboard alone.
-class TransactionSheet : public ::testing::Test {
-protected:
-    TransactionSheet() {
-        shop.categoryID = food.id;
-        test.store->mutate("Add", [this](Library& library) {
-            for (const Account& account : {everyday, savings}) {
-                library.accounts.push_back(account);
-            }
-            for (const Category& category : {food, home}) {
-                library.categories.push_back(category);
-            }
-            upsert(library, shop);
-        });
-        test.undoManager->removeAllActions();
-    }
-
-    template <typename Sheet>
-    void open(const Sheet& sheet) {
-        dialog = std::make_unique<TransactionEditorDialog>(*test, TransactionEditor(*test, sheet));
-        dialog->show();
-        dialog->activateWindow();
-        QApplication::processEvents();
-    }
-    void openNew() { open(ActiveSheet::NewTransaction{everyday.id}); }
-    void openEdit(const UUID& id) { open(ActiveSheet::EditTransaction{id}); }
-
-    /// The headless platform activates a list as it opens, but nothing once it has closed.
-    void settle() {
-        QApplication::processEvents();
-        if (dialog->isVisible() && QApplication::activePopupWidget() == nullptr &&
-            !dialog->isActiveWindow()) {
-            dialog->activateWindow();
-            QApplication::processEvents();
-        }
-    }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-        QWidget* focus = QApplication::activePopupWidget() != nullptr
-                             ? QApplication::activePopupWidget()
-                             : QApplication::focusWidget();
-        ASSERT_NE(focus, nullptr);
-        QTest::keyClick(focus, key, modifiers);
-        settle();
-    }
-    void type(const char* text) {
-        QTest::keyClicks(QApplication::focusWidget(), QString::fromUtf8(text));
-        settle();
-    }
-    /// Tabs to the field of that name.
-    void tabTo(const char* name) {
-        for (int step = 0; step < 40 && focusName() != name; ++step) {
-            press(Qt::Key_Tab);
-        }
-        ASSERT_EQ(focusName(), name);
-    }
-    static std::string focusName() {
-        const QWidget* focus = QApplication::focusWidget();
-        if (focus == nullptr) {
-            return {};
-        }
-        const auto* button = qobject_cast<const QAbstractButton*>(focus);
-        return utf8(focus->accessibleName().isEmpty() && button != nullptr
-                        ? button->text()
-                        : focus->accessibleName());
-    }
-
-    template <typename Widget>
-    Widget* named(const char* name) {
-        for (Widget* each : dialog->findChildren<Widget*>()) {
-            if (each->accessibleName() == QString::fromUtf8(name) && each->isVisible()) {
-                return each;
-            }
-        }
-        return nullptr;
-    }
-    [[nodiscard]] bool tells(const char* text) const {
-        for (const QLabel* label : dialog->findChildren<QLabel*>()) {
-            if (label->isVisible() && label->text().contains(QString::fromUtf8(text))) {
-                return true;
-            }
-        }
-        return false;
-    }
-    QAbstractItemView* payeeList() { return named<PayeeField>("Payee")->completer()->popup(); }
-
-    [[nodiscard]] const Transaction& last() const { return test.library().transactions.back(); }
-    [[nodiscard]] const Transaction& stored(const UUID& id) const {
-        return *test.index().transaction(id);
-    }
-    [[nodiscard]] std::size_t entryCount() const { return test.library().transactions.size(); }
-
-    Account everyday = makeAccount("Everyday");
-    Account savings = makeAccount("Savings", AccountType::savings);
-    Category food = makeCategory("Food");
-    Category home = makeCategory("Home");
-    Transaction shop = makeTransaction(everyday.id, day(2026, 3, 1, 9), "Corner Shop", "-40.25");
-    TestEnvironment test;
-    std::unique_ptr<TransactionEditorDialog> dialog;
-};
-
-} // namespace
 
 TEST_F(TransactionSheet, APaymentIsTypedAndSavedWithReturn) {
     openNew();
@@ -158,14 +38,14 @@ TEST_F(TransactionSheet, APaymentIsTypedAndSavedWithReturn) {
 TEST_F(TransactionSheet, TabFollowsTheReadingOrder) {
     openNew();
     std::string order = focusName();
-    for (int step = 0; step < 14; ++step) {
+    for (int step = 0; step < 12; ++step) {
         press(Qt::Key_Tab);
         order += "|" + focusName();
     }
-    // Save has nothing to do yet and is passed over; a date has three parts to walk through.
+    // Save has nothing to do yet and is passed over.
     EXPECT_EQ(order, "Payee|Amount|Category|Split Across Categories…|Memo|Cheque #|Tags|Status|"
-                     "Cancel|Payment|Account|Date|Date|Date|Payee");
-    for (int step = 0; step < 5; ++step) {
+                     "Cancel|Payment|Account|Date|Payee");
+    for (int step = 0; step < 3; ++step) {
         press(Qt::Key_Backtab);
     }
     EXPECT_EQ(focusName(), "Payment");
@@ -203,7 +83,9 @@ TEST_F(TransactionSheet, ATransferIsEnteredInEitherDirection) {
             press(Qt::Key_Right);
         }
         tabTo(isIn ? "From Account" : "To Account");
-        type("Sav");
+        type("avin");
+        press(Qt::Key_Return);
+        EXPECT_TRUE(dialog->isVisible());
         EXPECT_TRUE(dialog->primaryButton()->isEnabled());
         press(Qt::Key_Return);
         EXPECT_FALSE(dialog->isVisible());
@@ -212,219 +94,6 @@ TEST_F(TransactionSheet, ATransferIsEnteredInEitherDirection) {
         EXPECT_EQ(stored(id).transferAccountID, savings.id);
         EXPECT_EQ(stored(*stored(id).transferID).amount, amount(isIn ? "-60" : "60"));
     }
-}
-
-TEST_F(TransactionSheet, AnEntryIsSplitAndSaved) {
-    openEdit(shop.id);
-    tabTo("Split Across Categories…");
-    press(Qt::Key_Space);
-    EXPECT_TRUE(dialog->editor().useSplits);
-    EXPECT_EQ(focusName(), "Category");
-    tabTo("Amount");
-    type("30");
-    EXPECT_TRUE(tells("$10.25 of $40.25 left to assign"));
-    press(Qt::Key_Tab);
-    EXPECT_EQ(focusName(), "Remove split line");
-    press(Qt::Key_Tab);
-    EXPECT_EQ(focusName(), "Category");
-    type("home");
-    press(Qt::Key_Tab);
-    if (focusName() == "Category") { // the list of matches takes the first one
-        press(Qt::Key_Tab);
-    }
-    EXPECT_EQ(focusName(), "Memo");
-    type("lamp");
-    press(Qt::Key_Tab);
-    type("10.25");
-    EXPECT_FALSE(tells("left to assign"));
-    press(Qt::Key_Return);
-    EXPECT_FALSE(dialog->isVisible());
-    ASSERT_EQ(stored(shop.id).splits.size(), 2U);
-    EXPECT_EQ(stored(shop.id).amount, amount("-40.25"));
-    EXPECT_EQ(stored(shop.id).splits[0].categoryID, food.id);
-    EXPECT_EQ(stored(shop.id).splits[1].categoryID, home.id);
-    EXPECT_EQ(stored(shop.id).splits[1].memo, "lamp");
-    EXPECT_EQ(stored(shop.id).splits[1].amount, amount("-10.25"));
-}
-
-TEST_F(TransactionSheet, SplitLinesAreAddedAndRemovedWithTheKeyboard) {
-    openEdit(shop.id);
-    tabTo("Split Across Categories…");
-    press(Qt::Key_Space);
-    tabTo("Add Split Line");
-    press(Qt::Key_Space);
-    EXPECT_EQ(dialog->editor().splits.size(), 3U);
-    EXPECT_EQ(focusName(), "Category");
-    std::string order;
-    for (int step = 0; step < 6; ++step) {
-        press(Qt::Key_Tab);
-        order += focusName() + "|";
-    }
-    EXPECT_EQ(order, "Memo|Amount|Remove split line|Add Split Line|Remove Splits|Memo|");
-    tabTo("Remove split line");
-    press(Qt::Key_Space);
-    EXPECT_EQ(dialog->editor().splits.size(), 2U);
-    EXPECT_EQ(focusName(), "Remove split line");
-    tabTo("Remove Splits");
-    press(Qt::Key_Space);
-    EXPECT_FALSE(dialog->editor().useSplits);
-    EXPECT_EQ(focusName(), "Category");
-    EXPECT_NE(named<AmountField>("Amount"), nullptr);
-}
-
-TEST_F(TransactionSheet, ManySplitLinesKeepTheButtonsInSight) {
-    openEdit(shop.id);
-    dialog->editor().splitAcrossCategories();
-    const int height = dialog->height();
-    tabTo("Split Across Categories…");
-    press(Qt::Key_Space);
-    for (int line = 0; line < 20; ++line) {
-        tabTo("Add Split Line");
-        press(Qt::Key_Space);
-    }
-    EXPECT_EQ(dialog->editor().splits.size(), 22U);
-    EXPECT_LT(dialog->sizeHint().height(), height + 300);
-}
-
-TEST_F(TransactionSheet, TenEntriesInARowNeedNoMouse) {
-    openNew();
-    tabTo("Date");
-    const UUID firstID = dialog->editor().draft.id;
-    named<DateField>("Date")->setSelectedSection(QDateTimeEdit::DaySection);
-    press(Qt::Key_Down);
-    tabTo("Payee");
-    for (int number = 1; number <= 10; ++number) {
-        ASSERT_EQ(focusName(), "Payee");
-        type(("Payee " + std::to_string(number)).c_str());
-        tabTo("Amount");
-        type(std::to_string(number).c_str());
-        press(Qt::Key_Return, Qt::ControlModifier);
-        ASSERT_TRUE(dialog->isVisible());
-        EXPECT_EQ(named<PayeeField>("Payee")->text(), QString());
-        EXPECT_EQ(named<AmountField>("Amount")->text(), QStringLiteral("0.00"));
-    }
-    EXPECT_EQ(entryCount(), 11U);
-    EXPECT_EQ(stored(firstID).payee, "Payee 1");
-    for (const Transaction* entry : test.index().transactions(everyday.id)) {
-        EXPECT_EQ(entry->date, entry->id == shop.id ? shop.date : day(2026, 3, 14));
-    }
-    EXPECT_EQ(test.index().balance(everyday.id), amount("-95.25"));
-    EXPECT_TRUE(tells("Saved Payee 10, -$10.00."));
-    press(Qt::Key_Escape);
-    EXPECT_FALSE(dialog->isVisible());
-    EXPECT_EQ(entryCount(), 11U);
-}
-
-TEST_F(TransactionSheet, CtrlReturnSaysWhatIsMissing) {
-    openNew();
-    press(Qt::Key_Return, Qt::ControlModifier);
-    EXPECT_TRUE(dialog->isVisible());
-    EXPECT_TRUE(tells("Enter a payee."));
-    type("x");
-    EXPECT_FALSE(tells("Enter a payee."));
-}
-
-TEST_F(TransactionSheet, CtrlReturnInAnExistingEntrySavesAndCloses) {
-    openEdit(shop.id);
-    tabTo("Memo");
-    type("milk");
-    press(Qt::Key_Return, Qt::ControlModifier);
-    EXPECT_FALSE(dialog->isVisible());
-    EXPECT_EQ(stored(shop.id).memo, "milk");
-    EXPECT_EQ(entryCount(), 1U);
-}
-
-TEST_F(TransactionSheet, ReturnFillsInAKnownPayeeAndThenSaves) {
-    openNew();
-    type("corner shop");
-    press(Qt::Key_Return);
-    EXPECT_TRUE(dialog->isVisible());
-    EXPECT_EQ(named<PayeeField>("Payee")->text(), QStringLiteral("Corner Shop"));
-    EXPECT_EQ(named<AmountField>("Amount")->value(), amount("40.25"));
-    EXPECT_EQ(named<CategoryPicker>("Category")->chosenID(), food.id);
-    EXPECT_EQ(focusName(), "Amount");
-    type("12");
-    press(Qt::Key_Return);
-    EXPECT_FALSE(dialog->isVisible());
-    EXPECT_EQ(last().amount, amount("-12"));
-    EXPECT_EQ(last().categoryID, food.id);
-}
-
-TEST_F(TransactionSheet, ReturnInAFilledInPayeeSaves) {
-    openNew();
-    type("corner shop");
-    press(Qt::Key_Return);
-    press(Qt::Key_Backtab);
-    EXPECT_EQ(focusName(), "Payee");
-    press(Qt::Key_Return);
-    EXPECT_FALSE(dialog->isVisible());
-}
-
-TEST_F(TransactionSheet, ReturnInAnUnknownPayeeSaves) {
-    openNew();
-    type("Bakery");
-    press(Qt::Key_Return);
-    EXPECT_FALSE(dialog->isVisible());
-    EXPECT_EQ(last().payee, "Bakery");
-}
-
-TEST_F(TransactionSheet, ACompletionIsTakenWithTheKeyboard) {
-    openNew();
-    type("shop");
-    ASSERT_TRUE(payeeList()->isVisible());
-    press(Qt::Key_Down);
-    press(Qt::Key_Return);
-    EXPECT_TRUE(dialog->isVisible());
-    EXPECT_FALSE(payeeList()->isVisible());
-    EXPECT_EQ(dialog->editor().draft.payee, "Corner Shop");
-    EXPECT_EQ(dialog->editor().amount, amount("40.25"));
-    EXPECT_EQ(focusName(), "Amount");
-}
-
-TEST_F(TransactionSheet, ReturnWhileOnlyOfferingClosesTheList) {
-    openNew();
-    type("shop");
-    press(Qt::Key_Return);
-    EXPECT_TRUE(dialog->isVisible());
-    EXPECT_FALSE(payeeList()->isVisible());
-    EXPECT_EQ(dialog->editor().draft.payee, "shop");
-    EXPECT_EQ(entryCount(), 1U);
-}
-
-TEST_F(TransactionSheet, EscapeClosesTheListBeforeTheSheet) {
-    openNew();
-    type("shop");
-    press(Qt::Key_Escape);
-    EXPECT_TRUE(dialog->isVisible());
-    EXPECT_FALSE(payeeList()->isVisible());
-    press(Qt::Key_Escape);
-    EXPECT_FALSE(dialog->isVisible());
-}
-
-TEST_F(TransactionSheet, CtrlReturnSavesWithTheListOpen) {
-    openNew();
-    type("shop");
-    ASSERT_TRUE(payeeList()->isVisible());
-    press(Qt::Key_Return, Qt::ControlModifier);
-    EXPECT_EQ(entryCount(), 2U);
-    EXPECT_EQ(last().payee, "shop");
-    EXPECT_TRUE(dialog->isVisible());
-}
-
-TEST_F(TransactionSheet, ACompletionOnAnExistingEntryChangesOnlyThePayee) {
-    test.store->mutate("Add", [this](Library& library) {
-        upsert(library, makeTransaction(everyday.id, day(2026, 3, 5), "Bakery", "-5"));
-    });
-    openEdit(shop.id);
-    type("bak");
-    press(Qt::Key_Down);
-    press(Qt::Key_Return);
-    EXPECT_TRUE(dialog->isVisible());
-    press(Qt::Key_Return);
-    EXPECT_FALSE(dialog->isVisible());
-    EXPECT_EQ(stored(shop.id).payee, "Bakery");
-    EXPECT_EQ(stored(shop.id).amount, amount("-40.25"));
-    EXPECT_EQ(stored(shop.id).categoryID, food.id);
 }
 
 TEST_F(TransactionSheet, AnAmountThatCannotBeReadHoldsTheSaveAndSaysWhy) {
@@ -440,27 +109,6 @@ TEST_F(TransactionSheet, AnAmountThatCannotBeReadHoldsTheSaveAndSaysWhy) {
     type("12+3");
     press(Qt::Key_Return);
     EXPECT_EQ(stored(shop.id).amount, amount("-15"));
-}
-
-TEST_F(TransactionSheet, AnAmountThatCannotBeReadIsNotSplit) {
-    openEdit(shop.id);
-    tabTo("Amount");
-    type("12+");
-    tabTo("Split Across Categories…");
-    press(Qt::Key_Space);
-    EXPECT_FALSE(dialog->editor().useSplits);
-    EXPECT_EQ(focusName(), "Amount");
-}
-
-TEST_F(TransactionSheet, AnUnreadableSplitAmountHoldsTheSave) {
-    openEdit(shop.id);
-    tabTo("Split Across Categories…");
-    press(Qt::Key_Space);
-    tabTo("Amount");
-    type("x");
-    press(Qt::Key_Return);
-    EXPECT_TRUE(dialog->isVisible());
-    EXPECT_TRUE(tells("“x” isn’t an amount."));
 }
 
 TEST_F(TransactionSheet, SavingAnUntouchedEntryOfAClosedAccountMovesNothing) {
@@ -484,10 +132,45 @@ TEST_F(TransactionSheet, SavingAnUntouchedEntryOfAClosedAccountMovesNothing) {
 TEST_F(TransactionSheet, AnotherDayKeepsTheTimeOfDay) {
     openEdit(shop.id);
     tabTo("Date");
-    named<DateField>("Date")->setSelectedSection(QDateTimeEdit::DaySection);
     press(Qt::Key_Up);
     press(Qt::Key_Return);
     EXPECT_EQ(stored(shop.id).date, day(2026, 3, 2, 9));
+}
+
+TEST_F(TransactionSheet, TabTakesTheTypedCategoryAndGoesOnAtOnce) {
+    openNew();
+    tabTo("Category");
+    type("foo");
+    ASSERT_TRUE(named<CategoryPicker>("Category")->completer()->popup()->isVisible());
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focusName(), "Split Across Categories…");
+    EXPECT_EQ(dialog->editor().draft.categoryID, food.id);
+    EXPECT_EQ(named<CategoryPicker>("Category")->currentText(), QStringLiteral("Food"));
+}
+
+TEST_F(TransactionSheet, AMatchFromTheListIsTakenWithTheKeyboard) {
+    openNew();
+    tabTo("Category");
+    type("o");
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focusName(), "Split Across Categories…");
+    EXPECT_EQ(dialog->editor().draft.categoryID, home.id);
+}
+
+TEST_F(TransactionSheet, ADateThatCannotBeReadHoldsTheSave) {
+    openEdit(shop.id);
+    tabTo("Date");
+    type("2/30");
+    press(Qt::Key_Return);
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_TRUE(tells("Date: “2/30” isn’t a date."));
+    EXPECT_EQ(focusName(), "Date");
+    type("2/28");
+    press(Qt::Key_Return);
+    EXPECT_EQ(stored(shop.id).date, day(2026, 2, 28, 9));
 }
 
 TEST_F(TransactionSheet, TheStateIsChosenWithTheKeyboard) {

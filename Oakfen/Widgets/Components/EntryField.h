@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QLineEdit>
+#include <functional>
+
+#include "Oakfen/Views/TypedEntry.h"
+
+namespace oakfen {
+
+/// A field for a value that is typed as text: shows it in its usual form, selects it all when it
+/// is entered, and marks a text that can't be read and says why.
+class EntryField : public QLineEdit {
+public:
+    /// Whether the text stands for a value.
+    [[nodiscard]] bool isReadable() const { return entry().explanation().empty(); }
+    /// Why not; empty while it does.
+    [[nodiscard]] QString explanation() const;
+
+    /// Called after each change by the person.
+    std::function<void()> edited = [] {};
+
+protected:
+    /// `help` is what the tooltip says while all is well.
+    EntryField(const QString& title, QString help, QWidget* parent);
+
+    [[nodiscard]] virtual const TypedEntry& entry() const = 0;
+    [[nodiscard]] virtual TypedEntry& entry() = 0;
+
+    /// Puts the entry's text into the field, which nobody takes for typing.
+    void showEntry();
+    /// Called whenever the text may be another.
+    virtual void textShown() {}
+
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    void readText(const QString& text);
+    void showState();
+
+    QString help_;
+    /// Since the person came to the field, whichever windows and menus came before it meanwhile.
+    bool isEntered_ = false;
+};
+
+} // namespace oakfen
