@@ -14,7 +14,7 @@ ReconcileView::ReconcileView(AppEnvironment& environment, const UUID& accountID)
       environment_(environment), accountID_(accountID) {
     for (const Transaction* entry : environment.store.index().transactions(accountID)) {
         if (entry->cleared == ClearedState::cleared) {
-            checked.insert(entry->id);
+            checked_.insert(entry->id);
         }
     }
 }
@@ -35,6 +35,7 @@ const std::vector<const Transaction*>& ReconcileView::rows() const {
         return rows_;
     }
     rows_.clear();
+    checkedSum_.reset();
     std::ranges::copy_if(index->transactions(accountID_), std::back_inserter(rows_),
                          [end](const Transaction* entry) {
                              return entry->cleared != ClearedState::reconciled &&
@@ -50,9 +51,13 @@ Decimal ReconcileView::reconciled() const {
 }
 
 Decimal ReconcileView::clearedTotal() const {
-    return reconciled() + sum(rows(), [this](const Transaction* entry) {
-               return isChecked(entry->id) ? entry->amount : Decimal();
-           });
+    const auto& shown = rows();
+    if (!checkedSum_) {
+        checkedSum_ = sum(shown, [this](const Transaction* entry) {
+            return isChecked(entry->id) ? entry->amount : Decimal();
+        });
+    }
+    return reconciled() + *checkedSum_;
 }
 
 Decimal ReconcileView::difference() const {
@@ -60,17 +65,20 @@ Decimal ReconcileView::difference() const {
 }
 
 void ReconcileView::setChecked(const UUID& id, bool isChecked) {
+    checkedSum_.reset();
     if (isChecked) {
-        checked.insert(id);
+        checked_.insert(id);
     } else {
-        checked.erase(id);
+        checked_.erase(id);
     }
 }
 
 void ReconcileView::markAll() {
-    checked.clear();
+    checkedSum_.reset();
+    checked_.clear();
+    checked_.reserve(rows().size());
     for (const Transaction* entry : rows()) {
-        checked.insert(entry->id);
+        checked_.insert(entry->id);
     }
 }
 
@@ -85,7 +93,7 @@ std::string_view ReconcileView::finishHelp() const {
 
 void ReconcileView::finish() {
     environment_.store.mutate("Reconcile", [&, adjustment = difference()](Library& library) {
-        reconcile(library, accountID_, checked, statementDate, adjustment);
+        reconcile(library, accountID_, checked_, statementDate, adjustment);
     });
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,7 +22,7 @@ public:
     Decimal statementBalance;
     /// The ticked entries; at first, those marked as cleared. An entry that a change of the date
     /// hides stays ticked.
-    UUIDSet checked;
+    [[nodiscard]] const UUIDSet& checked() const { return checked_; }
 
     /// "Reconcile Everyday".
     [[nodiscard]] static std::string heading(const Account& account);
@@ -32,12 +33,12 @@ public:
     [[nodiscard]] const std::vector<const Transaction*>& rows() const;
 
     [[nodiscard]] Decimal reconciled() const;
-    /// What is reconciled and the ticked rows together.
+    /// What is reconciled and the ticked rows together. Worked out once after each change.
     [[nodiscard]] Decimal clearedTotal() const;
     /// What the statement has and the ticked rows don't.
     [[nodiscard]] Decimal difference() const;
 
-    [[nodiscard]] bool isChecked(const UUID& id) const { return checked.contains(id); }
+    [[nodiscard]] bool isChecked(const UUID& id) const { return checked_.contains(id); }
     void setChecked(const UUID& id, bool isChecked);
     /// Ticks exactly the rows that are shown.
     void markAll();
@@ -51,10 +52,13 @@ public:
 private:
     AppEnvironment& environment_;
     UUID accountID_;
+    UUIDSet checked_;
     // The rows of one index up to one day, made once for them.
     mutable std::shared_ptr<const LibraryIndex> rowsIndex_;
     mutable Date rowsEnd_;
     mutable std::vector<const Transaction*> rows_;
+    /// The sum of the ticked ones of these rows, once it was asked for.
+    mutable std::optional<Decimal> checkedSum_;
 };
 
 } // namespace oakfen

@@ -4,7 +4,6 @@
 
 #include "OakfenCore/Exporters/Exporter.h"
 #include "OakfenCore/Models/Money.h"
-#include "OakfenCore/Support/Text.h"
 
 namespace oakfen {
 
@@ -92,7 +91,7 @@ bool RegisterFilterTest::keeps(const RegisterRow& row) const {
 }
 
 RegisterSearch::RegisterSearch(std::string_view searchText)
-    : term_(trimmingWhitespaces(searchText)) {
+    : term_(trimmingWhitespaces(searchText)), anyCaseTerm_(term_) {
     // Only digits and a point stand in a plain amount, so most terms need not look there.
     mayBeAmount_ = std::ranges::all_of(term_, [](char character) {
         return (character >= '0' && character <= '9') || character == '.';
@@ -100,20 +99,17 @@ RegisterSearch::RegisterSearch(std::string_view searchText)
 }
 
 bool RegisterSearch::finds(const RegisterRow& row) {
-    return contains(row.payee) || contains(row.categoryName) || contains(row.memo) ||
+    return isInShared(row.payee) || isInShared(row.categoryName) || anyCaseTerm_.isIn(row.memo) ||
            row.checkNumber.find(term_) != std::string::npos ||
-           std::ranges::any_of(row.tags, [this](const auto& tag) { return contains(tag); }) ||
+           std::ranges::any_of(row.tags, [this](const auto& tag) { return isInShared(tag); }) ||
            (mayBeAmount_ &&
             Exporter::plain(row.amount.magnitude()).find(term_) != std::string::npos);
 }
 
-bool RegisterSearch::contains(std::string_view text) {
-    if (text.empty()) {
-        return false;
-    }
+bool RegisterSearch::isInShared(std::string_view text) {
     const auto [answer, isNew] = answers_.try_emplace(text, false);
     if (isNew) {
-        answer->second = localizedCaseInsensitiveContains(text, term_);
+        answer->second = anyCaseTerm_.isIn(text);
     }
     return answer->second;
 }

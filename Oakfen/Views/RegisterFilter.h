@@ -6,6 +6,7 @@
 
 #include "OakfenCore/LibraryIndex/RegisterRow.h"
 #include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Text.h"
 
 namespace oakfen {
 
@@ -38,7 +39,7 @@ private:
 
 /// Answers for many rows whether they hold a term: in the payee, category, memo or a tag without
 /// regard to case, in the check number or the plain amount to the letter. The rows must outlive it,
-/// since it remembers each distinct text that it looked into.
+/// since it remembers the payees, categories and tags that it looked into.
 class RegisterSearch {
 public:
     /// Blanks around the text don't count.
@@ -49,9 +50,11 @@ public:
     [[nodiscard]] bool finds(const RegisterRow& row);
 
 private:
-    bool contains(std::string_view text);
+    /// The answer for a text that many rows share.
+    bool isInShared(std::string_view text);
 
     std::string term_;
+    CaseInsensitiveTerm anyCaseTerm_;
     bool mayBeAmount_ = false;
     std::unordered_map<std::string_view, bool> answers_;
 };

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Oakfen/AppEnvironment.h"
+#include "Oakfen/Views/AmountRange.h"
 #include "Oakfen/Views/Components.h"
 #include "Oakfen/Views/EmptyState.h"
 #include "Oakfen/Views/RegisterFilter.h"
@@ -39,6 +40,14 @@ struct RegisterContextMenu {
     friend bool operator==(const RegisterContextMenu&, const RegisterContextMenu&) = default;
 };
 
+/// Of all entries in an account.
+struct RegisterAmounts {
+    AmountRange entries;
+    AmountRange balances;
+
+    friend bool operator==(const RegisterAmounts&, const RegisterAmounts&) = default;
+};
+
 /// The everyday screen of an account: its entries with their running balance, and what can be done
 /// with many of them at once. Lives as long as the person stays in the account.
 class RegisterView {
@@ -65,6 +74,8 @@ public:
 
     /// All of the account's rows in ledger order.
     [[nodiscard]] const std::vector<RegisterRow>& rows() const;
+    /// The span of what stands in all of these rows.
+    [[nodiscard]] const RegisterAmounts& amounts() const;
     /// The rows to show, in their order. They stay valid until the document changes.
     [[nodiscard]] std::vector<const RegisterRow*> filteredRows() const;
     /// Whether a filter or a search may hide rows.
@@ -78,8 +89,13 @@ public:
     /// Takes from the selection what is not among the rows that are shown, so that no action
     /// touches an entry that the person doesn't see.
     void keepSelectionVisible(const std::vector<const RegisterRow*>& shown);
-    /// Selects the row of an entry, or of its leg in this account; which row, if it is shown.
+    /// Selects the row of an entry that was saved just now, or of its leg in this account; which
+    /// row, if it is shown. One that the filter or the search hides is noted.
     std::optional<UUID> reveal(const UUID& id);
+    /// Says that saved entries are hidden, until the filter or the search changes; else nothing.
+    [[nodiscard]] std::optional<std::string> hiddenNotice() const;
+    /// Ends filter and search, and selects what the notice is about; which row came last.
+    std::optional<UUID> showHidden();
 
     /// The selected ones of these rows as lines of tab-separated text for a spreadsheet, in all
     /// columns: days as 2026-03-05, amounts as plain digits.
@@ -116,11 +132,25 @@ public:
     void importTransactions();
 
 private:
+    /// Entries that were saved while this filter and search hid them.
+    struct HiddenEntries {
+        RegisterFilter filter = RegisterFilter::all;
+        std::string searchText;
+        std::vector<UUID> ids;
+    };
+
+    [[nodiscard]] const RegisterRow* row(const UUID& id) const;
+    [[nodiscard]] bool isShown(const RegisterRow& row) const;
+    /// Those of the hidden entries that still are.
+    [[nodiscard]] std::vector<UUID> stillHidden() const;
+
     AppEnvironment& environment_;
     UUID accountID_;
+    HiddenEntries hidden_;
     // The rows of one index, made once for it.
     mutable std::shared_ptr<const LibraryIndex> rowsIndex_;
     mutable std::vector<RegisterRow> rows_;
+    mutable RegisterAmounts amounts_;
     mutable RegisterSorter sorter_;
     // Ends with the screen, so that a late answer to a question finds out.
     std::shared_ptr<int> lifetime_ = std::make_shared<int>();

@@ -8,7 +8,7 @@ namespace oakfen {
 
 ImportReviewModel::ImportReviewModel(AppEnvironment& environment, ImportReviewView& view,
                                      QObject* parent)
-    : QAbstractTableModel(parent), environment_(environment), view_(view),
+    : LedgerModel(parent), environment_(environment), view_(view),
       calendar_(environment.clock.calendar()) {}
 
 void ImportReviewModel::updateMarks() {
@@ -51,6 +51,25 @@ QString ImportReviewModel::text(std::size_t line, int column) const {
     }
 }
 
+QString ImportReviewModel::tickText(std::size_t line) const {
+    if (!view_.isIncluded(line)) {
+        return tr("Left out");
+    }
+    return view_.duplicate(line) == nullptr ? tr("Will be imported")
+                                            : tr("Left out: already in this account");
+}
+
+QString ImportReviewModel::hint(std::size_t line) const {
+    QStringList parts;
+    for (const std::string& part :
+         {singleLine(view_.items()[line].memo), view_.duplicateDescription(line)}) {
+        if (!part.empty()) {
+            parts << qt(part);
+        }
+    }
+    return parts.join(QLatin1Char('\n'));
+}
+
 TextTone ImportReviewModel::tone(std::size_t line, int column) const {
     const ImportedTransaction& item = view_.items()[line];
     if (column == Mark) {
@@ -73,17 +92,11 @@ QVariant ImportReviewModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
         return text(line, index.column());
     case Qt::AccessibleTextRole:
-        if (isTick) {
-            return view_.isIncluded(line) ? tr("Will be imported") : tr("Left out");
-        }
-        return text(line, index.column());
+        return isTick ? tickText(line) : text(line, index.column());
+    case Qt::AccessibleDescriptionRole:
+        return qt(view_.duplicateDescription(line));
     case Qt::ToolTipRole:
-        if (isTick) {
-            return view_.isIncluded(line) ? tr("Will be imported") : tr("Left out");
-        }
-        // Escaped, since a tooltip would take a bank's text for markup.
-        return index.column() == Mark ? qt(view_.duplicateDescription(line)).toHtmlEscaped()
-                                      : qt(singleLine(view_.items()[line].memo)).toHtmlEscaped();
+        return isTick ? tickText(line) : plainToolTip(hint(line));
     case LedgerDelegate::ToneRole:
         return static_cast<int>(tone(line, index.column()));
     case LedgerDelegate::FiguresRole:
@@ -100,32 +113,35 @@ QVariant ImportReviewModel::data(const QModelIndex& index, int role) const {
     }
 }
 
-QVariant ImportReviewModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal) {
-        return {};
-    }
-    if (role == Qt::TextAlignmentRole) {
-        return QVariant::fromValue((section == Amount ? Qt::AlignRight : Qt::AlignLeft) |
-                                   Qt::AlignVCenter);
-    }
-    const bool isAccessible = role == Qt::AccessibleTextRole;
-    if (role != Qt::DisplayRole && !isAccessible) {
-        return {};
-    }
-    switch (section) {
+LedgerModel::Heading ImportReviewModel::heading(int column) const {
+    switch (column) {
     case Included:
-        return isAccessible ? tr("Import") : QString();
+        return {.spoken = tr("Import")};
     case Day:
-        return tr("Date");
+        return {.title = tr("Date")};
     case Payee:
-        return tr("Payee");
+        return {.title = tr("Payee")};
     case Category:
-        return tr("Category");
+        return {.title = tr("Category")};
     case Amount:
-        return tr("Amount");
+        return {.title = tr("Amount"), .isOfFigures = true};
     default:
-        return isAccessible ? tr("Mark") : QString();
+        return {.spoken = tr("Mark")};
     }
+}
+
+QStringList ImportReviewModel::wholeTexts(int column) const {
+    if (column == Day) {
+        return dayTexts(calendar_);
+    }
+    if (column != Amount) {
+        return {};
+    }
+    AmountRange range;
+    for (const ImportedTransaction& item : view_.items()) {
+        range.include(item.amount);
+    }
+    return amountTexts(range, environment_.currencyCode());
 }
 
 } // namespace oakfen

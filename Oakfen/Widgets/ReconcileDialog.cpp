@@ -1,6 +1,7 @@
 #include "Oakfen/Widgets/ReconcileDialog.h"
 
 #include <QFormLayout>
+#include <QKeyEvent>
 #include <algorithm>
 
 #include "Oakfen/Widgets/Bridge.h"
@@ -48,6 +49,7 @@ ReconcileDialog::ReconcileDialog(AppEnvironment& environment, const Account& acc
     libraryChanged_ = environment.store.libraryChanged.observe([this] { reload(); });
     showState();
     endingBalance_->setFocus();
+    textAtFocus_ = endingBalance_->text();
 }
 
 void ReconcileDialog::addFields() {
@@ -69,6 +71,8 @@ void ReconcileDialog::addFields() {
         showState();
     };
     form->addRow(tr("Ending Balance"), endingBalance_);
+    statementDate_->installEventFilter(this);
+    endingBalance_->installEventFilter(this);
 }
 
 void ReconcileDialog::setUpTable() {
@@ -125,6 +129,32 @@ ReconcileDialog::Figure ReconcileDialog::addFigure(QHBoxLayout& row, const QStri
     column->addStretch(1);
     row.addLayout(column);
     return figure;
+}
+
+bool ReconcileDialog::eventFilter(QObject* watched, QEvent* event) {
+    const QString text =
+        watched == statementDate_ ? statementDate_->text() : endingBalance_->text();
+    if (event->type() == QEvent::FocusIn) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        // Beneath a menu or another window the person didn't leave the field.
+        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) {
+            textAtFocus_ = text;
+        }
+    } else if (event->type() == QEvent::KeyPress && text != textAtFocus_) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            leaveField(watched);
+            return true;
+        }
+    }
+    return SheetScaffold::eventFilter(watched, event);
+}
+
+void ReconcileDialog::leaveField(const QObject* field) {
+    if (finishFields()) {
+        QWidget* next = field == statementDate_ ? static_cast<QWidget*>(endingBalance_) : table_;
+        next->setFocus(Qt::TabFocusReason);
+    }
 }
 
 void ReconcileDialog::reload() {

@@ -29,6 +29,8 @@ public:
 
 protected:
     void save() override;
+    /// Return takes a date or an amount that was just typed and goes on; it doesn't yet finish.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     struct Figure {
@@ -40,6 +42,8 @@ private:
     void setUpTable();
     void addFooter();
     Figure addFigure(QHBoxLayout& row, const QString& title, bool isProminent);
+    /// Takes what was typed there and goes on to what comes next.
+    void leaveField(const QObject* field);
     void reload();
     void showState();
     void showFigure(const Figure& figure, const Decimal& amount) const;
@@ -49,6 +53,8 @@ private:
     ReconcileModel* model_;
     DateField* statementDate_;
     AmountField* endingBalance_;
+    /// What the field had in it when the person came to it.
+    QString textAtFocus_;
     LedgerTable* table_;
     QPushButton* markAll_;
     Figure reconciled_{};

@@ -7,7 +7,7 @@
 namespace oakfen {
 
 ReconcileModel::ReconcileModel(AppEnvironment& environment, ReconcileView& view, QObject* parent)
-    : QAbstractTableModel(parent), environment_(environment), view_(view),
+    : LedgerModel(parent), environment_(environment), view_(view),
       calendar_(environment.clock.calendar()), rows_(view.rows()) {}
 
 void ReconcileModel::reload() {
@@ -72,9 +72,8 @@ QVariant ReconcileModel::data(const QModelIndex& index, int role) const {
         }
         return text(entry, index.column());
     case Qt::ToolTipRole:
-        // Escaped, since a tooltip would take a bank's text for markup.
         return isTick ? data(index, Qt::AccessibleTextRole)
-                      : qt(singleLine(entry.memo)).toHtmlEscaped();
+                      : plainToolTip(qt(singleLine(entry.memo)));
     case LedgerDelegate::ToneRole:
         return static_cast<int>(index.column() == Amount
                                     ? moneyText(entry.amount, environment_.currencyCode()).tone
@@ -91,28 +90,31 @@ QVariant ReconcileModel::data(const QModelIndex& index, int role) const {
     }
 }
 
-QVariant ReconcileModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal) {
-        return {};
-    }
-    if (role == Qt::TextAlignmentRole) {
-        return QVariant::fromValue((section == Amount ? Qt::AlignRight : Qt::AlignLeft) |
-                                   Qt::AlignVCenter);
-    }
-    const bool isAccessible = role == Qt::AccessibleTextRole;
-    if (role != Qt::DisplayRole && !isAccessible) {
-        return {};
-    }
-    switch (section) {
+LedgerModel::Heading ReconcileModel::heading(int column) const {
+    switch (column) {
     case Day:
-        return tr("Date");
+        return {.title = tr("Date")};
     case Payee:
-        return tr("Payee");
+        return {.title = tr("Payee")};
     case Amount:
-        return tr("Amount");
+        return {.title = tr("Amount"), .isOfFigures = true};
     default:
-        return isAccessible ? tr("On the statement") : QString();
+        return {.spoken = tr("On the statement")};
     }
+}
+
+QStringList ReconcileModel::wholeTexts(int column) const {
+    if (column == Day) {
+        return dayTexts(calendar_);
+    }
+    if (column != Amount) {
+        return {};
+    }
+    AmountRange range;
+    for (const Transaction* entry : rows_) {
+        range.include(entry->amount);
+    }
+    return amountTexts(range, environment_.currencyCode());
 }
 
 } // namespace oakfen

@@ -1,16 +1,16 @@
 #pragma once
 
-#include <QAbstractTableModel>
 #include <functional>
 #include <vector>
 
 #include "Oakfen/Views/Components.h"
 #include "Oakfen/Views/ReconcileView.h"
+#include "Oakfen/Widgets/Components/LedgerModel.h"
 
 namespace oakfen {
 
 /// The entries that a statement may show, with their ticks, for a table.
-class ReconcileModel final : public QAbstractTableModel {
+class ReconcileModel final : public LedgerModel {
     Q_OBJECT
 
 public:
@@ -29,8 +29,10 @@ public:
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
-    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
-                                      int role) const override;
+
+protected:
+    [[nodiscard]] Heading heading(int column) const override;
+    [[nodiscard]] QStringList wholeTexts(int column) const override;
 
 private:
     [[nodiscard]] QString text(const Transaction& entry, int column) const;

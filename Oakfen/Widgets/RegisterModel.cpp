@@ -69,7 +69,7 @@ TextTone toneOf(const RegisterRow& row, RegisterColumn column) {
 } // namespace
 
 RegisterModel::RegisterModel(AppEnvironment& environment, const RegisterView& view, QObject* parent)
-    : QAbstractTableModel(parent), environment_(environment), view_(view),
+    : LedgerModel(parent), environment_(environment), view_(view),
       calendar_(environment.clock.calendar()) {}
 
 void RegisterModel::reload() {
@@ -117,8 +117,7 @@ QVariant RegisterModel::data(const QModelIndex& index, int role) const {
         if (column == RegisterColumn::cleared) {
             return qt(clearedBadge(row.cleared).tooltip);
         }
-        // Escaped, since a tooltip would take a bank's text for markup.
-        return column == RegisterColumn::payee ? qt(row.memo).toHtmlEscaped() : QString();
+        return column == RegisterColumn::payee ? plainToolTip(qt(row.memo)) : QString();
     case LedgerDelegate::ToneRole:
         if (isAmount(column)) {
             const auto money = moneyOf(row, column, environment_.currencyCode());
@@ -137,21 +136,26 @@ QVariant RegisterModel::data(const QModelIndex& index, int role) const {
     }
 }
 
-QVariant RegisterModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal) {
-        return {};
-    }
-    const auto column = allCases<RegisterColumn>[static_cast<std::size_t>(section)];
-    switch (role) {
-    case Qt::DisplayRole:
-        return qt(view_.columnTitle(column));
-    case Qt::TextAlignmentRole:
-        return QVariant::fromValue((isAmount(column) ? Qt::AlignRight : Qt::AlignLeft) |
-                                   Qt::AlignVCenter);
-    case Qt::AccessibleTextRole:
-        return column == RegisterColumn::cleared ? tr("Cleared") : qt(view_.columnTitle(column));
-    case Qt::ToolTipRole:
-        return RegisterView::isSortable(column) ? tr("Click to sort") : QString();
+LedgerModel::Heading RegisterModel::heading(int column) const {
+    const auto shown = allCases<RegisterColumn>[static_cast<std::size_t>(column)];
+    return {.title = qt(view_.columnTitle(shown)),
+            .spoken = qt(view_.columnName(shown)),
+            .toolTip = RegisterView::isSortable(shown) ? tr("Click to sort") : QString(),
+            .isOfFigures = isAmount(shown)};
+}
+
+QStringList RegisterModel::wholeTexts(int column) const {
+    const RegisterAmounts& amounts = view_.amounts();
+    const std::string& currency = environment_.currencyCode();
+    switch (allCases<RegisterColumn>[static_cast<std::size_t>(column)]) {
+    case RegisterColumn::date:
+        return dayTexts(calendar_);
+    case RegisterColumn::payment:
+        return amountTexts({.greatest = -amounts.entries.least}, currency);
+    case RegisterColumn::deposit:
+        return amountTexts({.greatest = amounts.entries.greatest}, currency);
+    case RegisterColumn::balance:
+        return amountTexts(amounts.balances, currency);
     default:
         return {};
     }

@@ -1,14 +1,14 @@
 #pragma once
 
-#include <QAbstractTableModel>
 #include <vector>
 
 #include "Oakfen/Views/RegisterView.h"
+#include "Oakfen/Widgets/Components/LedgerModel.h"
 
 namespace oakfen {
 
 /// The rows that a register shows, for a table.
-class RegisterModel final : public QAbstractTableModel {
+class RegisterModel final : public LedgerModel {
     Q_OBJECT
 
 public:
@@ -25,8 +25,10 @@ public:
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
-    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
-                                      int role) const override;
+
+protected:
+    [[nodiscard]] Heading heading(int column) const override;
+    [[nodiscard]] QStringList wholeTexts(int column) const override;
 
 private:
     AppEnvironment& environment_;

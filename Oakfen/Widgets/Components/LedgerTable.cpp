@@ -5,9 +5,12 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 
+#include "Oakfen/Widgets/Components/Figures.h"
 #include "Oakfen/Widgets/Components/LedgerDelegate.h"
+#include "Oakfen/Widgets/Components/LedgerModel.h"
 #include "Oakfen/Widgets/Theme.h"
 #include "Oakfen/Widgets/WindowState.h"
 
@@ -83,7 +86,26 @@ void LedgerTable::setColumnWidths(const QString& stateKey, const QList<int>& wid
                     saveTimer_.start();
                 }
             });
-    fitColumns();
+    connect(model(), &QAbstractItemModel::modelReset, this, [this] { measureWholeTexts(); });
+    measureWholeTexts();
+}
+
+void LedgerTable::measureWholeTexts() {
+    const QList<int> before = leastWidths_;
+    leastWidths_.clear();
+    for (int column = 0; column < static_cast<int>(widths_.size()); ++column) {
+        int least = leastColumnWidth;
+        const QVariant texts =
+            model()->headerData(column, Qt::Horizontal, LedgerModel::WholeTextsRole);
+        for (const QString& text : texts.toStringList()) {
+            const int width = static_cast<int>(std::ceil(figureWidth(font(), text)));
+            least = std::max(least, width + (2 * LedgerDelegate::margin));
+        }
+        leastWidths_ << least;
+    }
+    if (leastWidths_ != before) {
+        fitColumns();
+    }
 }
 
 bool LedgerTable::isSearching() const {
@@ -134,15 +156,26 @@ void LedgerTable::resizeEvent(QResizeEvent* event) {
     fitColumns();
 }
 
+void LedgerTable::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange && !leastWidths_.isEmpty()) {
+        measureWholeTexts();
+    }
+}
+
 QList<int> LedgerTable::fittedWidths(int dragged) const {
     QList<int> widths = widths_;
+    for (qsizetype column = 0; column < widths.size(); ++column) {
+        widths[column] = std::max(widths[column], leastWidths_[column]);
+    }
     int lack = std::accumulate(widths.begin(), widths.end(), -viewport()->width());
     if (lack < 0) {
         widths[stretched_] -= lack;
         return widths;
     }
     const auto spare = [&](const YieldingColumn& each) {
-        return each.column == dragged ? 0 : std::max(0, widths[each.column] - each.least);
+        const int least = std::max(each.least, leastWidths_[each.column]);
+        return each.column == dragged ? 0 : std::max(0, widths[each.column] - least);
     };
     int spareOfAll = 0;
     for (const YieldingColumn& each : yielding_) {
@@ -162,7 +195,7 @@ QList<int> LedgerTable::fittedWidths(int dragged) const {
 }
 
 void LedgerTable::fitColumns(int dragged) {
-    if (stretched_ < 0) {
+    if (leastWidths_.isEmpty()) {
         return;
     }
     const QList<int> widths = fittedWidths(dragged);

@@ -7,7 +7,8 @@
 namespace oakfen {
 
 /// The program's table: rows of one height, whole rows selected, no grid, one column that takes the
-/// room that is left, and column widths that are remembered.
+/// room that is left, and column widths that are remembered. Whatever these are, a column is as
+/// wide as the texts that its `LedgerModel` never wants cut.
 class LedgerTable final : public QTableView {
     Q_OBJECT
 
@@ -36,15 +37,18 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     /// Fits the columns into the table. The one that the person drags keeps its width.
     void fitColumns(int dragged = -1);
     [[nodiscard]] QList<int> fittedWidths(int dragged) const;
+    void measureWholeTexts();
     void saveColumnWidths() const;
 
     QString stateKey_;
     QList<int> widths_;
+    QList<int> leastWidths_;
     int stretched_ = -1;
     QList<YieldingColumn> yielding_;
     int searchColumn_ = -1;

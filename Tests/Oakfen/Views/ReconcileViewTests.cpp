@@ -35,7 +35,7 @@ protected:
 TEST_F(Reconciling, BeginsWithWhatIsClearedAndItsBalance) {
     EXPECT_EQ(ReconcileView::heading(everyday), "Reconcile Everyday");
     EXPECT_EQ(sheet.statementDate, test.clock.now());
-    EXPECT_EQ(sheet.checked, UUIDSet{shop.id});
+    EXPECT_EQ(sheet.checked(), UUIDSet{shop.id});
     EXPECT_EQ(sheet.statementBalance, amount("460"));
     EXPECT_EQ(sheet.reconciled(), amount("500"));
     EXPECT_EQ(sheet.clearedTotal(), amount("460"));
@@ -70,12 +70,30 @@ TEST_F(Reconciling, CountsWhatIsTicked) {
     EXPECT_EQ(sheet.difference(), amount("-40"));
 }
 
+TEST_F(Reconciling, CountsAfreshAfterEachChange) {
+    EXPECT_EQ(sheet.clearedTotal(), amount("460"));
+    sheet.markAll();
+    EXPECT_EQ(sheet.clearedTotal(), amount("1460"));
+    sheet.setChecked(shop.id, false);
+    EXPECT_EQ(sheet.clearedTotal(), amount("1500"));
+    sheet.statementDate = day(2026, 3, 9);
+    EXPECT_EQ(sheet.clearedTotal(), amount("500"));
+    sheet.statementDate = day(2026, 3, 15);
+    EXPECT_EQ(sheet.clearedTotal(), amount("1500"));
+    test.store->mutate("Edit", [this](Library& library) {
+        Transaction changed = pay;
+        changed.amount = amount("1100");
+        upsert(library, changed);
+    });
+    EXPECT_EQ(sheet.clearedTotal(), amount("1600"));
+}
+
 TEST_F(Reconciling, MarksExactlyTheRowsThatAreShown) {
     sheet.statementDate = day(2026, 3, 16);
     sheet.setChecked(rent.id, true);
     sheet.statementDate = day(2026, 3, 15);
     sheet.markAll();
-    EXPECT_EQ(sheet.checked, (UUIDSet{shop.id, pay.id}));
+    EXPECT_EQ(sheet.checked(), (UUIDSet{shop.id, pay.id}));
 }
 
 TEST_F(Reconciling, NamesTheButtonByWhatItDoes) {
@@ -114,7 +132,8 @@ TEST_F(Reconciling, EntersWhatIsLeftAsAnAdjustment) {
 }
 
 TEST_F(Reconciling, LeavesNoStepWhenNothingIsTickedAndNothingIsLeft) {
-    sheet.checked.clear();
+    sheet.setChecked(shop.id, false);
+    EXPECT_TRUE(sheet.checked().empty());
     sheet.statementBalance = sheet.reconciled();
     sheet.finish();
     EXPECT_FALSE(test.undoManager->canUndo());
@@ -151,7 +170,7 @@ TEST_F(Reconciling, TicksAClearedEntryOfALaterDayToo) {
         setCleared(library, ClearedState::cleared, {rent.id});
     });
     const ReconcileView later(*test, everyday.id);
-    EXPECT_EQ(later.checked, (UUIDSet{shop.id, rent.id}));
+    EXPECT_EQ(later.checked(), (UUIDSet{shop.id, rent.id}));
     EXPECT_EQ(later.statementBalance, amount("-740"));
     EXPECT_EQ(later.clearedTotal(), amount("460"));
 }

@@ -89,6 +89,12 @@ TEST(RegisterSearch, LooksIntoPayeeCategoryMemoAndTagsWithoutRegardToCase) {
     EXPECT_FALSE(finds("cafe", {.payee = "Café"}));
 }
 
+TEST(RegisterSearch, IgnoresHowAnAccentedLetterIsComposed) {
+    EXPECT_TRUE(finds("cafe\u0301", {.payee = "Grand Caf\u00E9"}));
+    EXPECT_TRUE(finds("caf\u00E9", {.memo = "GRAND CAFE\u0301"}));
+    EXPECT_FALSE(finds("cafe", {.memo = "Grand Cafe\u0301"}));
+}
+
 TEST(RegisterSearch, LooksForCheckNumbersToTheLetter) {
     EXPECT_TRUE(finds("EFT", {.checkNumber = "EFT12"}));
     EXPECT_FALSE(finds("eft", {.checkNumber = "EFT12"}));

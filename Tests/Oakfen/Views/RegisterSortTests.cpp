@@ -89,6 +89,28 @@ TEST(RegisterSort, ByAmountsComparesThem) {
     EXPECT_EQ(sorted(rows, RegisterColumn::balance, true), "acb");
 }
 
+TEST(RegisterSort, ComparesAmountsOfAnySizeAndPrecision) {
+    const std::vector<RegisterRow> everyday{{.memo = "a", .balance = amount("1.5")},
+                                            {.memo = "b", .balance = amount("-2000")},
+                                            {.memo = "c", .balance = amount("1.495")},
+                                            {.memo = "d"}};
+    EXPECT_EQ(sorted(everyday, RegisterColumn::balance, true), "bdca");
+    std::vector<RegisterRow> extreme = everyday;
+    extreme.push_back({.memo = "e", .balance = amount("12345678901234567890123456789")});
+    extreme.push_back({.memo = "f", .balance = amount("-0.00000000000000000000001")});
+    EXPECT_EQ(sorted(extreme, RegisterColumn::balance, true), "bfdcae");
+    EXPECT_EQ(sorted(extreme, RegisterColumn::balance, false), "eacdfb");
+}
+
+TEST(RegisterSort, ByAmountKeepsLedgerOrderAmongTheSame) {
+    const std::vector<RegisterRow> rows{{.memo = "a", .amount = amount("5")},
+                                        {.memo = "b", .amount = amount("-1")},
+                                        {.memo = "c", .amount = amount("5")},
+                                        {.memo = "d", .amount = amount("-1")}};
+    EXPECT_EQ(sorted(rows, RegisterColumn::deposit, true), "bdac");
+    EXPECT_EQ(sorted(rows, RegisterColumn::deposit, false), "acbd");
+}
+
 TEST(RegisterSort, LeavesTheOrderAloneForTags) {
     const std::vector<RegisterRow> rows{{.memo = "a", .tags = {"z"}}, {.memo = "b", .tags = {"a"}}};
     EXPECT_EQ(sorted(rows, RegisterColumn::tags, true), "ab");

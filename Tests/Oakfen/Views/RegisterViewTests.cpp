@@ -162,6 +162,16 @@ TEST_F(RegisterScreen, SpeaksOfAFilterWithoutResults) {
     EXPECT_EQ(empty.emptyState().title, "No Results");
 }
 
+TEST_F(RegisterScreen, KnowsTheSpanOfItsAmountsAfterAnEditToo) {
+    view.searchText = "nobody"; // which rows are shown makes no difference
+    EXPECT_EQ(view.amounts(),
+              (RegisterAmounts{{amount("-1200"), amount("1000")}, {Decimal(), amount("1460")}}));
+    test.store->mutate("Delete",
+                       [this](Library& library) { deleteTransactions(library, {pay.id}); });
+    EXPECT_EQ(view.amounts(),
+              (RegisterAmounts{{amount("-1200"), Decimal()}, {amount("-740"), amount("500")}}));
+}
+
 TEST_F(RegisterScreen, StandsADeletedAccount) {
     test.store->mutate("Delete Account",
                        [this](Library& library) { deleteAccount(library, everyday.id); });

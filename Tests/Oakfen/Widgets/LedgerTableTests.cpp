@@ -9,7 +9,9 @@
 #include <QTest>
 #include <QToolTip>
 
+#include "Oakfen/Widgets/Components/Figures.h"
 #include "Oakfen/Widgets/Components/LedgerDelegate.h"
+#include "Oakfen/Widgets/Components/LedgerModel.h"
 
 namespace oakfen {
 namespace {
@@ -65,6 +67,49 @@ TEST_F(LedgerTableWindow, ScrollsOnlyWhenNothingCanYieldAnyMore) {
     widen(300);
     EXPECT_EQ(widths(), QList<int>({100, 80, 50, 90}));
     EXPECT_TRUE(table.horizontalScrollBar()->isVisible());
+}
+
+/// One column whose figures grow.
+class GrowingModel final : public LedgerModel {
+public:
+    QString widest = QStringLiteral("$1.00");
+
+    void grow(const QString& text) {
+        beginResetModel();
+        widest = text;
+        endResetModel();
+    }
+    [[nodiscard]] int rowCount(const QModelIndex& /*parent*/) const override { return 1; }
+    [[nodiscard]] int columnCount(const QModelIndex& /*parent*/) const override { return 2; }
+    [[nodiscard]] QVariant data(const QModelIndex& /*index*/, int role) const override {
+        return role == Qt::DisplayRole ? QVariant(widest) : QVariant();
+    }
+
+protected:
+    [[nodiscard]] Heading heading(int /*column*/) const override { return {}; }
+    [[nodiscard]] QStringList wholeTexts(int column) const override {
+        return column == 1 ? QStringList{widest} : QStringList();
+    }
+};
+
+TEST(LedgerTable, GivesFiguresTheRoomThatTheyNeedInANarrowWindowToo) {
+    GrowingModel model;
+    LedgerTable table;
+    table.setModel(&model);
+    table.setColumnWidths(QStringLiteral("GrowingFigures"), {200, 90}, 0, {{0, 80}, {1, 60}});
+    table.resize(160, 200);
+    table.show();
+    QApplication::processEvents();
+    EXPECT_LT(table.columnWidth(1), 90);
+
+    model.grow(QStringLiteral("-$1,234,567,890,123.45"));
+    const int room = table.columnWidth(1) - (2 * LedgerDelegate::margin);
+    EXPECT_GE(room, figureWidth(table.font(), model.widest));
+    table.horizontalHeader()->resizeSection(1, 40);
+    EXPECT_EQ(table.columnWidth(1), room + (2 * LedgerDelegate::margin));
+
+    model.grow(QStringLiteral("$2.00"));
+    EXPECT_LT(table.columnWidth(1), 90);
 }
 
 TEST_F(LedgerTableWindow, GoesBackToItsWidthsWhenThereIsRoomAgain) {

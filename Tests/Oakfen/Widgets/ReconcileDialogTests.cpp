@@ -131,6 +131,41 @@ TEST_F(ReconcileSheet, FinishesWithAnAdjustment) {
     EXPECT_EQ(test.library().transactions.back().amount, amount("-4.5"));
 }
 
+TEST_F(ReconcileSheet, TakesATypedBalanceWithReturnAndFinishesWithTheNext) {
+    type("1460");
+    QTest::keyClick(dialog.endingBalance(), Qt::Key_Return);
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_FALSE(test.undoManager->canUndo());
+    EXPECT_TRUE(dialog.table()->hasFocus());
+    EXPECT_EQ(dialog.endingBalance()->text(), QStringLiteral("1,460.00"));
+    QTest::keyClick(dialog.table(), Qt::Key_Return);
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(undoName(), "Reconcile");
+}
+
+TEST_F(ReconcileSheet, FinishesWithReturnFromAFieldWhereNothingWasTyped) {
+    dialog.endingBalance()->setFocus();
+    QTest::keyClick(dialog.endingBalance(), Qt::Key_Return);
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(stored(shop.id).cleared, ClearedState::reconciled);
+}
+
+TEST_F(ReconcileSheet, TakesAChangedDateWithReturnAndGoesOnToTheBalance) {
+    dialog.statementDate()->setFocus();
+    QTest::keyClick(dialog.statementDate(), Qt::Key_Up);
+    QTest::keyClick(dialog.statementDate(), Qt::Key_Return);
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_FALSE(test.undoManager->canUndo());
+    EXPECT_TRUE(dialog.endingBalance()->hasFocus());
+}
+
+TEST_F(ReconcileSheet, StaysAtABalanceThatCannotBeReadWithReturn) {
+    type("12+");
+    QTest::keyClick(dialog.endingBalance(), Qt::Key_Return);
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_TRUE(dialog.endingBalance()->hasFocus());
+}
+
 TEST_F(ReconcileSheet, KeepsABalanceThatCannotBeReadFromBeingFinished) {
     type("12+");
     QTest::mouseClick(dialog.primaryButton(), Qt::LeftButton);
@@ -146,9 +181,9 @@ TEST_F(ReconcileSheet, ChangesNothingWhenItIsCancelled) {
 }
 
 TEST_F(ReconcileSheet, ShowsTheRowsUpToTheStatementsDate) {
-    dialog.statementDate()->setDate(QDate(2026, 3, 16));
+    dialog.statementDate()->setText(QStringLiteral("2026-03-16"));
     EXPECT_EQ(dialog.table()->model()->rowCount(), 3);
-    dialog.statementDate()->setDate(QDate(2026, 2, 1));
+    dialog.statementDate()->setText(QStringLiteral("2026-02-01"));
     EXPECT_EQ(dialog.table()->model()->rowCount(), 0);
     EXPECT_TRUE(reads("Difference, -$40.00"));
 }

@@ -7,124 +7,22 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QLineEdit>
-#include <QMenu>
+#include <QScrollBar>
 #include <QTest>
 
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/EmptyStateWidget.h"
 #include "Oakfen/Widgets/RegisterSortButton.h"
-#include "OakfenCore/Support/Formatting.h"
-#include "Tests/Oakfen/Views/RegisterFixture.h"
+#include "Tests/Oakfen/Widgets/RegisterWindowFixture.h"
 
 namespace oakfen {
 
-using testing::RegisterFixture;
-
-class RegisterWindow : public RegisterFixture {
-protected:
-    RegisterWindow() { open(everyday.id); }
-
-    void open(const UUID& accountID) {
-        widget = std::make_unique<RegisterWidget>(*test, accountID);
-        widget->resize(1100, 600);
-        widget->show();
-        widget->activateWindow();
-        QApplication::processEvents();
-        widget->table()->setFocus();
-        QApplication::processEvents();
-    }
-
-    [[nodiscard]] std::string payees() const {
-        const auto* model = widget->table()->model();
-        std::string result;
-        for (int row = 0; row < model->rowCount(); ++row) {
-            result += (row == 0 ? "" : "|") + cell(row, RegisterColumn::payee);
-        }
-        return result;
-    }
-
-    [[nodiscard]] std::string cell(int row, RegisterColumn column) const {
-        return utf8(index(row, column).data().toString());
-    }
-
-    [[nodiscard]] QModelIndex index(int row, RegisterColumn column) const {
-        return widget->table()->model()->index(row, static_cast<int>(column));
-    }
-
-    void click(int row, RegisterColumn column, Qt::KeyboardModifiers modifiers = {}) const {
-        QTest::mouseClick(widget->table()->viewport(), Qt::LeftButton, modifiers,
-                          widget->table()->visualRect(index(row, column)).center());
-    }
-
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const {
-        QTest::keyClick(widget->table(), key, modifiers);
-    }
-
-    [[nodiscard]] UUIDSet selection() const { return widget->view().selection; }
-
-    [[nodiscard]] QAbstractButton* button(const char* text) const {
-        for (QAbstractButton* each : widget->findChildren<QAbstractButton*>()) {
-            if (each->text() == QString::fromUtf8(text) && each->isVisible()) {
-                return each;
-            }
-        }
-        return nullptr;
-    }
-
-    static std::vector<std::string> titles(const QMenu& menu) {
-        std::vector<std::string> result;
-        for (const QAction* action : menu.actions()) {
-            result.push_back(action->isSeparator() ? "-" : utf8(action->text()));
-        }
-        return result;
-    }
-
-    static QAction* action(const QMenu& menu, const char* title) {
-        for (QAction* each : menu.actions()) {
-            if (each->text() == QString::fromUtf8(title)) {
-                return each;
-            }
-        }
-        return nullptr;
-    }
-
-    std::unique_ptr<RegisterWidget> widget;
-};
-
-TEST_F(RegisterWindow, ShowsTheRowsWithTheirFigures) {
-    EXPECT_EQ(payees(), "Rent|Pay|Shop|Card Company");
-    EXPECT_EQ(cell(0, RegisterColumn::payment), "$1,200.00");
-    EXPECT_EQ(cell(0, RegisterColumn::deposit), "");
-    EXPECT_EQ(cell(1, RegisterColumn::deposit), "$1,000.00");
-    EXPECT_EQ(cell(0, RegisterColumn::balance), "$260.00");
-    EXPECT_EQ(cell(2, RegisterColumn::category), "Food");
-    EXPECT_EQ(cell(0, RegisterColumn::date), numericDateText(rent.date, Calendar::utc()));
-}
+using testing::RegisterWindow;
 
 TEST_F(RegisterWindow, HasRowsOfOneHeight) {
     EXPECT_EQ(widget->table()->rowHeight(0), 28);
     EXPECT_EQ(widget->table()->rowHeight(3), 28);
-}
-
-TEST_F(RegisterWindow, DrawsAPayeeWithLineEndsOnOneLine) {
-    test.store->mutate("Edit", [this](Library& library) {
-        Transaction changed = shop;
-        changed.payee = "<b>Corner</b>\r\nShop";
-        upsert(library, changed);
-    });
-    EXPECT_EQ(cell(2, RegisterColumn::payee), "<b>Corner</b> Shop");
-    EXPECT_EQ(stored(shop.id).payee, "<b>Corner</b>\r\nShop");
-}
-
-TEST_F(RegisterWindow, ShowsABanksMarkupInATooltipAsText) {
-    test.store->mutate("Edit", [this](Library& library) {
-        Transaction changed = shop;
-        changed.memo = "<img src=x>";
-        upsert(library, changed);
-    });
-    EXPECT_EQ(index(2, RegisterColumn::payee).data(Qt::ToolTipRole).toString(),
-              QStringLiteral("&lt;img src=x&gt;"));
 }
 
 TEST_F(RegisterWindow, WalksWithTheArrowKeys) {
@@ -176,6 +74,41 @@ TEST_F(RegisterWindow, KeepsTheSelectionAndTheCurrentRowThroughAnEdit) {
     EXPECT_TRUE(widget->table()->selectionModel()->isRowSelected(2));
     EXPECT_TRUE(widget->table()->selectionModel()->isRowSelected(3));
     EXPECT_EQ(widget->table()->currentIndex().row(), 3);
+}
+
+/// An account with more entries than the table has room for.
+class LongRegisterWindow : public RegisterWindow {
+protected:
+    LongRegisterWindow() {
+        test.store->mutate("Add", [this](Library& library) {
+            for (int number = 0; number < 200; ++number) {
+                upsert(library, testing::makeTransaction(everyday.id, testing::day(2026, 1, 5),
+                                                         "Entry", "-1"));
+            }
+        });
+        QApplication::processEvents();
+    }
+
+    [[nodiscard]] QScrollBar* scrollBar() const { return widget->table()->verticalScrollBar(); }
+};
+
+TEST_F(LongRegisterWindow, StaysWhereItIsScrolledThroughAnEdit) {
+    scrollBar()->setValue(1400);
+    ASSERT_EQ(scrollBar()->value(), 1400);
+    view.toggleCleared(pay.id);
+    EXPECT_EQ(scrollBar()->value(), 1400);
+}
+
+TEST_F(LongRegisterWindow, ScrollsToAnEntryThatWasSavedJustNow) {
+    ASSERT_EQ(scrollBar()->value(), 0);
+    const Transaction old =
+        testing::makeTransaction(everyday.id, testing::day(2025, 7, 1), "Old", "-1");
+    test.store->mutate("New Transaction", [&](Library& library) { upsert(library, old); });
+    test.appState->transactionSaved.notify(old.id);
+    EXPECT_EQ(selection(), UUIDSet{old.id});
+    const QRect row = widget->table()->visualRect(widget->table()->currentIndex());
+    EXPECT_TRUE(widget->table()->viewport()->rect().contains(row.center()));
+    EXPECT_EQ(cell(widget->table()->currentIndex().row(), RegisterColumn::payee), "Old");
 }
 
 TEST_F(RegisterWindow, AsksWithTheDeleteKeyAndDeletes) {
@@ -307,26 +240,6 @@ TEST_F(RegisterWindow, OffersToImportIntoAnEmptyAccount) {
     ASSERT_NE(import, nullptr);
     QTest::mouseClick(import, Qt::LeftButton);
     EXPECT_EQ(test.panels.openRequests.size(), 1U);
-}
-
-TEST_F(RegisterWindow, HasAMenuForOneEntry) {
-    const auto menu = widget->makeContextMenu({cardPayment.id});
-    EXPECT_EQ(titles(*menu), (std::vector<std::string>{"Edit", "Duplicate", "Go to Card", "-",
-                                                       "Mark As", "Set Category", "-", "Delete"}));
-    EXPECT_EQ(titles(*action(*menu, "Mark As")->menu()),
-              (std::vector<std::string>{"Uncleared", "Cleared", "Reconciled"}));
-    EXPECT_EQ(titles(*action(*menu, "Set Category")->menu()),
-              (std::vector<std::string>{"Food", "-", "Salary"}));
-}
-
-TEST_F(RegisterWindow, HasAMenuForSeveralEntries) {
-    const auto menu = widget->makeContextMenu({shop.id, pay.id});
-    EXPECT_EQ(titles(*menu), (std::vector<std::string>{"Mark As", "Set Category", "-", "Delete"}));
-    action(*action(*menu, "Mark As")->menu(), "Reconciled")->trigger();
-    EXPECT_EQ(stored(shop.id).cleared, ClearedState::reconciled);
-    EXPECT_EQ(stored(pay.id).cleared, ClearedState::reconciled);
-    action(*action(*menu, "Set Category")->menu(), "Salary")->trigger();
-    EXPECT_EQ(stored(shop.id).categoryID, salary.id);
 }
 
 TEST_F(RegisterWindow, EmptiesItselfWhenItsAccountIsDeleted) {

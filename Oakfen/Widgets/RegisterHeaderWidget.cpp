@@ -1,0 +1,134 @@
+#include "Oakfen/Widgets/RegisterHeaderWidget.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QToolButton>
+#include <algorithm>
+
+#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/Components/ElidedLabel.h"
+#include "Oakfen/Widgets/RegisterSortButton.h"
+#include "Oakfen/Widgets/Theme.h"
+
+namespace oakfen {
+
+namespace {
+
+// Wider than high, which sets the picture apart from the words.
+constexpr QSize toolIconSize(20, 15);
+
+} // namespace
+
+RegisterHeaderWidget::RegisterHeaderWidget(RegisterView& view, QWidget* parent)
+    : QWidget(parent), view_(view), title_(new ElidedLabel(TextStyle::title, ThemeColor::text)),
+      subtitle_(new ElidedLabel(TextStyle::body, ThemeColor::secondaryText)),
+      filter_(new QComboBox), search_(new QLineEdit), sort_(new RegisterSortButton(view)) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(2 * Theme::grid, Theme::grid * 3 / 2, 2 * Theme::grid, Theme::grid);
+    layout->setSpacing(Theme::grid);
+
+    auto* titleRow = new QHBoxLayout;
+    titleRow->setSpacing(Theme::grid / 2);
+    layout->addLayout(titleRow);
+    auto* titles = new QVBoxLayout;
+    titles->setSpacing(0);
+    titles->addWidget(title_);
+    titles->addWidget(subtitle_);
+    titleRow->addLayout(titles, 1);
+    addToolButtons(*titleRow);
+
+    auto* toolRow = new QHBoxLayout;
+    toolRow->setSpacing(Theme::grid);
+    layout->addLayout(toolRow);
+    setUpFilter();
+    setUpSearch();
+    auto* filterLabel = new QLabel(tr("Show"));
+    Theme::setText(*filterLabel, TextStyle::body, ThemeColor::secondaryText);
+    filterLabel->setBuddy(filter_);
+    toolRow->addWidget(filterLabel);
+    toolRow->addWidget(filter_);
+    toolRow->addWidget(search_, 1);
+    toolRow->addStretch(0);
+    sort_->chosen = [this] { chosen(); };
+    toolRow->addWidget(sort_);
+}
+
+void RegisterHeaderWidget::refresh() {
+    title_->showText(qt(singleLine(view_.title())));
+    subtitle_->showText(qt(singleLine(view_.subtitle())));
+    const auto filter = std::ranges::find(allCases<RegisterFilter>, view_.filter);
+    filter_->setCurrentIndex(static_cast<int>(filter - allCases<RegisterFilter>.begin()));
+    // What the person types there is the view's already, but for the place of the cursor.
+    if (search_->text() != qt(view_.searchText)) {
+        const QSignalBlocker blocker(search_);
+        search_->setText(qt(view_.searchText));
+    }
+    sort_->refresh();
+}
+
+void RegisterHeaderWidget::setUpFilter() {
+    for (const RegisterFilter each : allCases<RegisterFilter>) {
+        filter_->addItem(qt(oakfen::title(each)));
+    }
+    filter_->setAccessibleName(tr("Show"));
+    filter_->setToolTip(tr("Filter transactions"));
+    connect(filter_, &QComboBox::activated, this, [this](int index) {
+        view_.filter = allCases<RegisterFilter>[static_cast<std::size_t>(index)];
+        chosen();
+    });
+}
+
+void RegisterHeaderWidget::setUpSearch() {
+    search_->setPlaceholderText(tr("Payee, category, memo, amount"));
+    search_->setAccessibleName(tr("Search"));
+    search_->setToolTip(tr("Search this account (Ctrl+F)"));
+    search_->setClearButtonEnabled(true);
+    search_->setMaximumWidth(360);
+    search_
+        ->addAction(symbolIcon("magnifyingglass", ThemeColor::secondaryText),
+                    QLineEdit::LeadingPosition)
+        ->setText(tr("Search"));
+    // The toolkit's own button has a picture but no name.
+    if (auto* clear = search_->findChild<QAction*>(QStringLiteral("_q_qlineeditclearaction"))) {
+        clear->setText(tr("Clear Search"));
+    }
+    connect(search_, &QLineEdit::textChanged, this, [this](const QString& text) {
+        view_.searchText = utf8(text);
+        chosen();
+    });
+    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, search_,
+            [this] { search_->setFocus(Qt::ShortcutFocusReason); });
+}
+
+void RegisterHeaderWidget::addToolButtons(QLayout& row) {
+    addToolButton(row, tr("Reconcile"), "checkmark.rectangle.stack",
+                  tr("Reconcile with a statement"), &RegisterView::reconcile)
+        ->setEnabled(RegisterView::canReconcile());
+    addToolButton(row, tr("Import"), "square.and.arrow.down",
+                  tr("Import a CSV, QIF, OFX or QFX statement"), &RegisterView::importTransactions);
+    addToolButton(row, tr("Edit Account"), "info.circle", tr("Account details"),
+                  &RegisterView::editAccount);
+    addToolButton(row, tr("New Transaction"), "plus", tr("New transaction (⌘N)"),
+                  &RegisterView::newTransaction)
+        ->setEnabled(RegisterView::canCreateTransaction());
+}
+
+QToolButton* RegisterHeaderWidget::addToolButton(QLayout& row, const QString& text,
+                                                 const char* symbolName, const QString& tooltip,
+                                                 void (RegisterView::*action)()) {
+    auto* button = new QToolButton;
+    button->setText(text);
+    button->setAccessibleName(text);
+    button->setToolTip(tooltip);
+    button->setIcon(symbolIcon(symbolName));
+    button->setIconSize(toolIconSize);
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setFocusPolicy(Qt::StrongFocus);
+    connect(button, &QToolButton::clicked, this, [this, action] { (view_.*action)(); });
+    row.addWidget(button);
+    return button;
+}
+
+} // namespace oakfen

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "Oakfen/Views/RegisterView.h"
+
+class QComboBox;
+class QLineEdit;
+class QToolButton;
+
+namespace oakfen {
+
+class ElidedLabel;
+class RegisterSortButton;
+
+/// What stands above a register's table: the account's name, the tools, filter, search and order.
+class RegisterHeaderWidget final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit RegisterHeaderWidget(RegisterView& view, QWidget* parent = nullptr);
+
+    /// Shows the view's names and choices as they are now.
+    void refresh();
+
+    /// Called after the person chose a filter, a search or an order.
+    std::function<void()> chosen = [] {};
+
+    [[nodiscard]] QLineEdit* searchField() const { return search_; }
+    [[nodiscard]] RegisterSortButton* sortButton() const { return sort_; }
+
+private:
+    void setUpFilter();
+    void setUpSearch();
+    void addToolButtons(QLayout& row);
+    QToolButton* addToolButton(QLayout& row, const QString& text, const char* symbolName,
+                               const QString& tooltip, void (RegisterView::*action)());
+
+    RegisterView& view_;
+    ElidedLabel* title_;
+    ElidedLabel* subtitle_;
+    QComboBox* filter_;
+    QLineEdit* search_;
+    RegisterSortButton* sort_;
+};
+
+} // namespace oakfen

@@ -1,0 +1,197 @@
+#include "Oakfen/Widgets/ImportReviewDialog.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QPushButton>
+#include <QTest>
+
+#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/Components/LedgerTable.h"
+#include "Oakfen/Widgets/Components/PickerBox.h"
+#include "Oakfen/Widgets/ImportReviewModel.h"
+#include "OakfenCore/LibraryOperations/Transactions.h"
+#include "OakfenCore/Support/Formatting.h"
+#include "Tests/Support/TestEnvironment.h"
+
+namespace oakfen {
+namespace {
+
+using testing::amount;
+using testing::day;
+using testing::makeAccount;
+using testing::TestEnvironment;
+using Column = ImportReviewModel::Column;
+
+/// A statement of three lines, of which the account has the second.
+class ImportReviewSheet : public ::testing::Test {
+protected:
+    ImportReviewSheet() {
+        test_.store->mutate("Add", [this](Library& library) {
+            library.accounts.push_back(everyday_);
+            library.accounts.push_back(savings_);
+            upsert(library,
+                   testing::makeTransaction(everyday_.id, day(2026, 3, 4), "Shop & Co", "-40"));
+        });
+        test_.undoManager->removeAllActions();
+    }
+
+    void show() {
+        dialog_ = std::make_unique<ImportReviewDialog>(*test_, session());
+        dialog_->show();
+        dialog_->activateWindow();
+        QApplication::processEvents();
+    }
+
+    [[nodiscard]] std::shared_ptr<const ImportSession> session() const {
+        const auto line = [](std::string payee, std::string_view value, int dayOfMonth) {
+            return ImportedTransaction{.id = UUID::random(),
+                                       .date = day(2026, 3, dayOfMonth, 0),
+                                       .payee = std::move(payee),
+                                       .amount = amount(value)};
+        };
+        auto session =
+            ImportSession{.id = UUID::random(),
+                          .fileName = fileName_,
+                          .items = {line("Bakery", "-4.50", 3), line("Shop & Co", "-40", 5),
+                                    line("Pay\r\nday", "1000", 6)},
+                          .accountID = everyday_.id};
+        session.items[1].memo = "say <b>\"hi\"</b>";
+        session.items[2].memo = "Fees & more";
+        return std::make_shared<const ImportSession>(std::move(session));
+    }
+
+    [[nodiscard]] std::string cell(int row, int column, int role = Qt::DisplayRole) const {
+        return utf8(table()->model()->index(row, column).data(role).toString());
+    }
+    [[nodiscard]] LedgerTable* table() const { return dialog_->table(); }
+    [[nodiscard]] const ImportReviewView& view() const { return dialog_->view(); }
+    [[nodiscard]] std::size_t entries() const {
+        return test_.index().transactions(everyday_.id).size();
+    }
+
+    std::string fileName_ = "march.csv";
+    Account everyday_ = makeAccount("Everyday");
+    Account savings_ = makeAccount("Savings", AccountType::savings);
+    TestEnvironment test_;
+    std::unique_ptr<ImportReviewDialog> dialog_;
+};
+
+TEST_F(ImportReviewSheet, ShowsTheLines) {
+    show();
+    EXPECT_EQ(dialog_->windowTitle(), QStringLiteral("Import march.csv"));
+    EXPECT_EQ(cell(0, Column::Day), numericDateText(day(2026, 3, 3), Calendar::utc()));
+    EXPECT_EQ(cell(0, Column::Amount), "-$4.50");
+    EXPECT_EQ(cell(0, Column::Mark), "");
+    EXPECT_EQ(cell(1, Column::Mark), "Duplicate");
+    EXPECT_EQ(cell(2, Column::Payee), "Pay day");
+}
+
+TEST_F(ImportReviewSheet, IsTickedWithTheMouseAndImported) {
+    show();
+    const QModelIndex tick = table()->model()->index(0, Column::Included);
+    QTest::mouseClick(table()->viewport(), Qt::LeftButton, {}, table()->visualRect(tick).center());
+    EXPECT_FALSE(view().isIncluded(0));
+    QTest::mouseClick(dialog_->primaryButton(), Qt::LeftButton);
+    EXPECT_FALSE(dialog_->isVisible());
+    ASSERT_EQ(entries(), 2U);
+    EXPECT_EQ(test_.library().transactions.back().payee, "Pay\r\nday");
+    EXPECT_EQ(test_.undoManager->undoActionName(), "Import Transactions");
+}
+
+TEST_F(ImportReviewSheet, IsTickedWithTheSpaceBar) {
+    show();
+    table()->selectAll();
+    table()->selectionModel()->setCurrentIndex(table()->model()->index(1, Column::Payee),
+                                               QItemSelectionModel::NoUpdate);
+    QTest::keyClick(table(), Qt::Key_Space);
+    EXPECT_TRUE(view().included.empty());
+    EXPECT_FALSE(dialog_->primaryButton()->isEnabled());
+    QTest::keyClick(table(), Qt::Key_Space);
+    EXPECT_EQ(view().included.size(), 3U);
+    EXPECT_TRUE(dialog_->primaryButton()->isEnabled());
+}
+
+TEST_F(ImportReviewSheet, TicksItsFirstLineWithTheSpaceBarAtOnce) {
+    show();
+    ASSERT_EQ(QApplication::focusWidget(), table());
+    QTest::keyClick(table(), Qt::Key_Space);
+    EXPECT_FALSE(view().isIncluded(0));
+    QTest::keyClick(table(), Qt::Key_Down);
+    QTest::keyClick(table(), Qt::Key_Space);
+    EXPECT_FALSE(view().isIncluded(1));
+    EXPECT_TRUE(view().isIncluded(2));
+}
+
+TEST_F(ImportReviewSheet, ImportsWithReturn) {
+    show();
+    QTest::keyClick(table(), Qt::Key_Return);
+    EXPECT_EQ(dialog_->result(), QDialog::Accepted);
+    EXPECT_FALSE(dialog_->isVisible());
+    EXPECT_EQ(entries(), 3U);
+}
+
+TEST_F(ImportReviewSheet, ImportsNothingWithEscape) {
+    show();
+    QTest::keyClick(table(), Qt::Key_Escape);
+    EXPECT_EQ(dialog_->result(), QDialog::Rejected);
+    EXPECT_FALSE(dialog_->isVisible());
+    EXPECT_EQ(entries(), 1U);
+    EXPECT_FALSE(test_.undoManager->canUndo());
+}
+
+TEST_F(ImportReviewSheet, SaysOnHoverWhichEntryADuplicateRepeats) {
+    show();
+    const std::string match =
+        "Already in this account: " + numericDateText(day(2026, 3, 4), Calendar::utc()) +
+        ", Shop & Co, -$40.00";
+    const std::string shown = utf8(qt(match).toHtmlEscaped()) + "</qt>";
+    const std::string memo = "<qt>say &lt;b&gt;&quot;hi&quot;&lt;/b&gt;<br>";
+    for (const int column : {Column::Day, Column::Payee, Column::Mark}) {
+        EXPECT_EQ(cell(1, column, Qt::ToolTipRole), memo + shown);
+        EXPECT_EQ(cell(1, column, Qt::AccessibleDescriptionRole), match);
+    }
+    EXPECT_EQ(cell(0, Column::Mark, Qt::ToolTipRole), "");
+    EXPECT_EQ(cell(0, Column::Mark, Qt::AccessibleDescriptionRole), "");
+}
+
+TEST_F(ImportReviewSheet, ShowsAMemoOnHoverAsItStands) {
+    show();
+    EXPECT_EQ(cell(2, Column::Payee, Qt::ToolTipRole), "<qt>Fees &amp; more</qt>");
+}
+
+TEST_F(ImportReviewSheet, SaysWhatBecomesOfEachLine) {
+    show();
+    dialog_->view().setIncluded(0, false);
+    for (const int role : {Qt::ToolTipRole, Qt::AccessibleTextRole}) {
+        EXPECT_EQ(cell(0, Column::Included, role), "Left out");
+        EXPECT_EQ(cell(1, Column::Included, role), "Left out: already in this account");
+        EXPECT_EQ(cell(2, Column::Included, role), "Will be imported");
+    }
+}
+
+TEST_F(ImportReviewSheet, MarksDuplicatesOfTheChosenAccount) {
+    show();
+    EXPECT_EQ(cell(1, Column::Mark), "Duplicate");
+    dialog_->accountPicker()->choose(savings_.id);
+    dialog_->accountPicker()->chosen();
+    EXPECT_EQ(cell(1, Column::Mark), "");
+    EXPECT_EQ(view().accountID(), savings_.id);
+}
+
+TEST_F(ImportReviewSheet, StillNamesAClosedAccount) {
+    test_.store->mutate("Edit", [](Library& library) { library.accounts.edit(0).isClosed = true; });
+    show();
+    EXPECT_EQ(dialog_->accountPicker()->currentText(), QStringLiteral("Everyday"));
+}
+
+TEST_F(ImportReviewSheet, StaysNarrowUnderAFileOfALongName) {
+    show();
+    const int width = dialog_->minimumSizeHint().width();
+    fileName_ = std::string(250, 'x') + ".csv";
+    show();
+    EXPECT_EQ(dialog_->minimumSizeHint().width(), width);
+}
+
+} // namespace
+} // namespace oakfen
