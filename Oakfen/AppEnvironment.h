@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Oakfen/AppState.h"
+#include "Oakfen/DayChange.h"
 #include "Oakfen/Panels.h"
 #include "OakfenCore/LibraryStore/LibraryStore.h"
 #include "OakfenCore/Platform/Clock.h"
@@ -19,6 +20,7 @@ struct AppEnvironment {
     const Clock& clock;
     Scheduler& scheduler;
     FileSystem& files;
+    DayChange& dayChange;
 
     /// The code in which every screen shows money.
     [[nodiscard]] const std::string& currencyCode() const { return store.library().currencyCode; }

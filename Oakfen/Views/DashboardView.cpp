@@ -34,6 +34,13 @@ void DashboardView::addAccount() {
     environment_.appState.setSheet(ActiveSheet{ActiveSheet::NewAccount{}});
 }
 
+void DashboardView::showFirstAccount() {
+    const auto open = environment_.store.index().openAccounts();
+    if (!open.empty()) {
+        environment_.appState.setSelection(SidebarItem::account(open.front()->id));
+    }
+}
+
 std::vector<DashboardView::Step> DashboardView::steps() {
     const auto open = environment_.store.index().openAccounts();
     std::vector<Step> result;
@@ -47,9 +54,7 @@ std::vector<DashboardView::Step> DashboardView::steps() {
         result.push_back({.symbolName = "list.bullet.rectangle",
                           .title = "Open an Account",
                           .text = "See the entries of " + open.front()->name + ".",
-                          .perform = [&state = environment_.appState, id = open.front()->id] {
-                              state.setSelection(SidebarItem::account(id));
-                          }});
+                          .perform = [this] { showFirstAccount(); }});
     }
     result.push_back({.symbolName = "plus.circle",
                       .title = "Add an Account",

@@ -36,6 +36,8 @@ public:
     [[nodiscard]] std::vector<Step> steps();
 
 private:
+    void showFirstAccount();
+
     AppEnvironment& environment_;
 };
 

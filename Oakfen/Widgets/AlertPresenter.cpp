@@ -10,12 +10,14 @@ namespace oakfen {
 
 AlertPresenter::AlertPresenter(AppEnvironment& environment, QWidget* window)
     : QObject(window), environment_(environment), view_(environment), window_(window) {
-    const auto refreshed = [this] {
-        // A notice can come out of the middle of an edit; the alert waits for its end.
-        QMetaObject::invokeMethod(this, &AlertPresenter::refresh, Qt::QueuedConnection);
-    };
-    subscriptions_.push_back(environment_.appState.alertChanged.observe(refreshed));
-    subscriptions_.push_back(environment_.store.statusChanged.observe(refreshed));
+    subscriptions_.push_back(
+        environment_.appState.alertChanged.observe([this] { refreshLater(); }));
+    subscriptions_.push_back(environment_.store.statusChanged.observe([this] { refreshLater(); }));
+}
+
+void AlertPresenter::refreshLater() {
+    // A notice can come out of the middle of an edit; the alert waits for its end.
+    QMetaObject::invokeMethod(this, &AlertPresenter::refresh, Qt::QueuedConnection);
 }
 
 void AlertPresenter::start() {
@@ -44,6 +46,8 @@ void AlertPresenter::present(const ContentView::Alert& alert) {
         }
         refresh();
     });
+    // A sheet that is closed by the program takes its alert along before anybody has read it.
+    connect(box_, &QObject::destroyed, this, &AlertPresenter::refreshLater);
     box_->open();
 }
 

@@ -23,6 +23,7 @@ public:
     void start();
 
 private:
+    void refreshLater();
     void refresh();
     void present(const ContentView::Alert& alert);
 

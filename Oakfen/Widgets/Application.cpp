@@ -32,7 +32,7 @@ public:
     explicit Program(const StoreMaker& makeStore)
         : store_(makeStore({files_, scheduler_, clock_, defaults_, passwords_, legacyKeys_})),
           appState_(defaults_), environment_{*store_, appState_,  panels_, defaults_,
-                                             clock_,  scheduler_, files_},
+                                             clock_,  scheduler_, files_,  dayChange_},
           termination_(environment_, [] { QCoreApplication::exit(0); }),
           window_(environment_, [this] { termination_.requestQuit(); }),
           signals_([this] { termination_.quitWithoutAsking(); }) {
@@ -51,6 +51,7 @@ private:
     SystemClock clock_;
     FileUserDefaults defaults_{files_, FileUserDefaults::defaultFilePath()};
     QtScheduler scheduler_;
+    DayChange dayChange_{clock_, scheduler_};
     // Nothing is encrypted yet, so there is nothing to remember beyond the program's life.
     InMemoryPasswordStore passwords_;
     InMemoryLegacyKeyStore legacyKeys_;

@@ -19,7 +19,8 @@ DashboardWidget::DashboardWidget(AppEnvironment& environment, QWidget* parent)
     column->addWidget(date_);
     column->addSpacing(Theme::grid * 2);
     refresh();
-    subscription_ = environment.store.libraryChanged.observe([this] { refresh(); });
+    libraryChanged_ = environment.store.libraryChanged.observe([this] { refresh(); });
+    hourChanged_ = environment.dayChange.hourChanged.observe([this] { refresh(); });
 }
 
 void DashboardWidget::refresh() {

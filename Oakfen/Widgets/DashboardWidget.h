@@ -7,6 +7,8 @@
 #include "Oakfen/Views/DashboardView.h"
 #include "OakfenCore/Support/Observers.h"
 
+class QLabel;
+
 namespace oakfen {
 
 /// Draws the start screen.
@@ -27,7 +29,8 @@ private:
     QWidget* body_ = nullptr;
     /// What the body was made for: the texts of its steps; none for the empty state.
     std::vector<std::string> shownTexts_;
-    Subscription subscription_;
+    Subscription libraryChanged_;
+    Subscription hourChanged_;
 };
 
 } // namespace oakfen

@@ -1,10 +1,13 @@
 #include "Oakfen/Widgets/GateWidget.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPointer>
 
 #include "Oakfen/Availability.h"
+#include "Oakfen/Widgets/Blur.h"
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/GatePanelWidget.h"
 #include "Oakfen/Widgets/NewPasswordFields.h"
@@ -34,13 +37,20 @@ QLabel* makeUnavailableNote(QWidget* parent) {
 
 } // namespace
 
-GateWidget::GateWidget(AppEnvironment& environment, std::function<void()> quit, QWidget* parent)
-    : QFrame(parent), environment_(environment), quit_(std::move(quit)) {
+GateWidget::GateWidget(AppEnvironment& environment, std::function<void()> quit, QWidget& screen,
+                       QWidget* parent)
+    : QFrame(parent), environment_(environment), quit_(std::move(quit)), screen_(screen) {
     setObjectName(QStringLiteral("Cover"));
     auto* grid = new QGridLayout(this);
     grid->setRowStretch(0, 2);
     grid->setRowStretch(2, 3);
+    libraryChanged_ = environment.store.libraryChanged.observe([this] { forgetBackdrop(); });
     refresh();
+}
+
+void GateWidget::forgetBackdrop() {
+    backdrop_ = {};
+    update();
 }
 
 void GateWidget::refresh() {
@@ -53,6 +63,7 @@ void GateWidget::refresh() {
         return;
     }
     shown_ = std::move(wanted);
+    forgetBackdrop();
     if (panel_ != nullptr) {
         panel_->hide();
         panel_->deleteLater();
@@ -61,6 +72,31 @@ void GateWidget::refresh() {
     if (panel_ != nullptr) {
         static_cast<QGridLayout*>(layout())->addWidget(panel_, 1, 0, Qt::AlignCenter);
         panel_->show();
+    }
+}
+
+void GateWidget::paintEvent(QPaintEvent* /*event*/) {
+    if (backdrop_.isNull()) {
+        backdrop_ = blurredPicture(screen_);
+    }
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawPixmap(rect(), backdrop_);
+    // A veil, so that the panel stands out.
+    QColor veil = Theme::color(ThemeColor::window);
+    veil.setAlphaF(0.5F);
+    painter.fillRect(rect(), veil);
+}
+
+void GateWidget::resizeEvent(QResizeEvent* event) {
+    QFrame::resizeEvent(event);
+    forgetBackdrop();
+}
+
+void GateWidget::changeEvent(QEvent* event) {
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange) {
+        forgetBackdrop();
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFrame>
+#include <QPixmap>
 #include <functional>
 #include <tuple>
 
@@ -10,20 +11,30 @@
 
 namespace oakfen {
 
-/// Covers the main screen, opaque, with the panel that is asked for: the access gate's or the lock.
+/// Covers the main screen, of which only a blur is left, with the panel that is asked for: the
+/// access gate's or the lock.
 class GateWidget final : public QFrame {
     Q_OBJECT
 
 public:
-    /// `quit` is what cancelling a choice does that can't be put off.
-    GateWidget(AppEnvironment& environment, std::function<void()> quit, QWidget* parent);
+    /// `quit` is what cancelling a choice does that can't be put off; `screen` is what is covered.
+    GateWidget(AppEnvironment& environment, std::function<void()> quit, QWidget& screen,
+               QWidget* parent);
 
+    /// Shows the panel that is asked for now, or hides.
     void refresh();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     /// What decides which panel is shown.
     using Shown = std::tuple<ContentView::Cover, GatePanel, std::string>;
 
+    /// To be taken again with the next painting.
+    void forgetBackdrop();
     [[nodiscard]] QWidget* makePanel(ContentView::Cover cover, GatePanel panel,
                                      const std::string& reason);
     [[nodiscard]] QWidget* makeUnlockPanel();
@@ -33,9 +44,13 @@ private:
 
     AppEnvironment& environment_;
     std::function<void()> quit_;
+    QWidget& screen_;
+    /// Blurred; none until it is needed.
+    QPixmap backdrop_;
     NewPasswordForm passwordForm_;
     QWidget* panel_ = nullptr;
     std::optional<Shown> shown_;
+    Subscription libraryChanged_;
 };
 
 } // namespace oakfen

@@ -16,6 +16,8 @@
 #include "Oakfen/Widgets/AlertPresenter.h"
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/BusyPill.h"
+#include "Oakfen/Widgets/ContextMenuKey.h"
+#include "Oakfen/Widgets/CrossFade.h"
 #include "Oakfen/Widgets/DetailWidget.h"
 #include "Oakfen/Widgets/GateWidget.h"
 #include "Oakfen/Widgets/MenuBar.h"
@@ -51,6 +53,7 @@ MainWindow::MainWindow(AppEnvironment& environment, std::function<void()> reques
     buildMenuBar();
     new SheetPresenter(environment_, this);
     alerts_ = new AlertPresenter(environment_, this);
+    new ContextMenuKey(this);
     restoreState();
 
     AppState& state = environment_.appState;
@@ -60,6 +63,8 @@ MainWindow::MainWindow(AppEnvironment& environment, std::function<void()> reques
         environment_.defaults.changes.observe([this](const std::string&) { refreshCover(); }));
     subscriptions_.push_back(state.busyChanged.observe(
         [this] { pill_->setMessage(environment_.appState.busyMessage()); }));
+    subscriptions_.push_back(
+        environment_.dayChange.dayChanged.observe([this] { environment_.store.refreshIndex(); }));
     refreshCover();
     if (splitter_->isEnabled()) {
         sidebar_->setFocus();
@@ -87,8 +92,8 @@ void MainWindow::buildContent() {
     splitter_->setStretchFactor(1, 1);
     splitter_->setSizes({idealSidebarWidth, defaultSize.width() - idealSidebarWidth});
 
-    gate_ = new GateWidget(environment_, requestQuit_, root);
     pill_ = new BusyPill(root);
+    gate_ = new GateWidget(environment_, requestQuit_, *splitter_, root);
     // One cell for all: the later ones lie over the earlier.
     auto* grid = new QGridLayout(root);
     grid->setContentsMargins(0, 0, 0, 0);
@@ -130,11 +135,12 @@ void MainWindow::setSidebarShown(bool shown) {
 void MainWindow::refreshCover() {
     const bool isObscured = ContentView(environment_).isObscured();
     const bool isRevealed = !isObscured && !splitter_->isEnabled();
+    const bool isCovered = isObscured && splitter_->isEnabled();
+    if (isVisible() && (isRevealed || isCovered)) {
+        new CrossFade(*centralWidget());
+    }
     splitter_->setEnabled(!isObscured);
     gate_->refresh();
-    if (isObscured) {
-        gate_->raise();
-    }
     if (isRevealed) {
         sidebar_->setFocus();
     }
@@ -151,6 +157,14 @@ void MainWindow::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     // Not before the window is there: the alert belongs in front of it.
     QMetaObject::invokeMethod(alerts_, &AlertPresenter::start, Qt::QueuedConnection);
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+        // The person is back, perhaps from a night for which the machine slept.
+        environment_.dayChange.check();
+    }
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

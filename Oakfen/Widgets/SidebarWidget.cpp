@@ -13,12 +13,15 @@
 #include "Oakfen/Widgets/MenuBuilder.h"
 #include "Oakfen/Widgets/SidebarDelegate.h"
 #include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/WindowState.h"
 
 Q_DECLARE_METATYPE(oakfen::SidebarItem)
 
 namespace oakfen {
 
 namespace {
+
+const QString foldedGroupsKey = QStringLiteral("sidebar/foldedGroups");
 
 std::optional<SidebarItem> sidebarItem(const QModelIndex& index) {
     const QVariant value = index.data(itemRole);
@@ -50,8 +53,7 @@ QTreeWidgetItem* makeAccountLine(const SidebarView::AccountRow& row) {
         spoken += QStringLiteral(", ") + qt(*row.detail);
     }
     line->setData(0, Qt::AccessibleTextRole, spoken);
-    // Marked as rich text, so that the name is escaped and not read as markup.
-    line->setToolTip(0, QStringLiteral("<qt>") + spoken.toHtmlEscaped() + QStringLiteral("</qt>"));
+    line->setToolTip(0, plainToolTip(spoken));
     return line;
 }
 
@@ -66,6 +68,9 @@ SidebarWidget::SidebarWidget(AppEnvironment& environment, QWidget* parent)
     buildHeader();
     buildList();
     buildFooter();
+    for (const QString& title : windowState::value(foldedGroupsKey).toStringList()) {
+        collapsed_.insert(utf8(title));
+    }
     watch();
     refresh();
 }
@@ -151,8 +156,10 @@ void SidebarWidget::watch() {
     const auto refreshed = [this] { refresh(); };
     subscriptions_.push_back(environment_.store.libraryChanged.observe(refreshed));
     subscriptions_.push_back(environment_.store.statusChanged.observe(refreshed));
-    subscriptions_.push_back(
-        environment_.appState.selectionChanged.observe([this] { showSelection(); }));
+    subscriptions_.push_back(environment_.appState.selectionChanged.observe([this] {
+        unfoldSelection();
+        showSelection();
+    }));
     subscriptions_.push_back(environment_.defaults.changes.observe([this](const std::string& key) {
         if (key == SidebarView::showClosedAccountsKey) {
             refresh();
@@ -208,16 +215,30 @@ void SidebarWidget::addSection(const SidebarView::Section& section) {
     group->setExpanded(!collapsed_.contains(section.title));
 }
 
-void SidebarWidget::showSelection() {
-    const QScopedValueRollback building(isBuilding_, true);
-    QTreeWidgetItem* shown = nullptr;
+QTreeWidgetItem* SidebarWidget::selectedLine() const {
     for (QTreeWidgetItemIterator at(list_); *at != nullptr; ++at) {
-        const QModelIndex index = list_->indexFromItem(*at);
-        if (isSelected(index)) {
-            shown = *at;
+        if (isSelected(list_->indexFromItem(*at))) {
+            return *at;
         }
     }
-    list_->setCurrentItem(shown);
+    return nullptr;
+}
+
+void SidebarWidget::unfoldSelection() {
+    const QTreeWidgetItem* line = selectedLine();
+    if (line != nullptr && line->parent() != nullptr) {
+        line->parent()->setExpanded(true);
+    }
+}
+
+void SidebarWidget::showSelection() {
+    const QScopedValueRollback building(isBuilding_, true);
+    QTreeWidgetItem* line = selectedLine();
+    if (line != nullptr && line->parent() != nullptr && !line->parent()->isExpanded()) {
+        // The list would unfold the group that the person has folded.
+        line = line->parent();
+    }
+    list_->setCurrentItem(line);
     list_->viewport()->update();
 }
 
@@ -258,6 +279,11 @@ void SidebarWidget::rememberFolding(const QTreeWidgetItem* group) {
     } else {
         collapsed_.insert(title);
     }
+    QStringList titles;
+    for (const std::string& each : collapsed_) {
+        titles.append(qt(each));
+    }
+    windowState::setValue(foldedGroupsKey, titles);
 }
 
 bool SidebarWidget::eventFilter(QObject* watched, QEvent* event) {

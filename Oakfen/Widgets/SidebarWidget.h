@@ -7,6 +7,7 @@
 #include "Oakfen/Views/SidebarView.h"
 #include "OakfenCore/Support/Observers.h"
 
+class QLabel;
 class QMenu;
 class QModelIndex;
 class QTreeWidget;
@@ -34,6 +35,9 @@ private:
 
     void refresh();
     void rebuildList();
+    /// The line of what the main screen shows; null for none.
+    [[nodiscard]] QTreeWidgetItem* selectedLine() const;
+    void unfoldSelection();
     void showSelection();
     void showFooter();
 
@@ -57,7 +61,7 @@ private:
     /// What the list shows; it is built again only when that changes.
     std::vector<SidebarView::OverviewRow> overview_;
     std::vector<SidebarView::Section> sections_;
-    /// Titles of the groups that are folded.
+    /// Titles of the groups that are folded, those without an account at present included.
     std::set<std::string> collapsed_;
     /// While the list is being built its notices mean nothing.
     bool isBuilding_ = false;

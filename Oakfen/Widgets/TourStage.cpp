@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "Oakfen/Widgets/BusyPill.h"
+#include "Oakfen/Widgets/CrossFade.h"
 
 namespace oakfen {
 
@@ -31,8 +32,8 @@ TourStage::TourStage(const std::string& bytes) {
     store_ = std::make_unique<LibraryStore>(
         tourFile,
         LibraryStoreServices{files_, scheduler_, clock_, defaults_, passwords_, legacyKeys_});
-    environment_.reset(
-        new AppEnvironment{*store_, appState_, panels_, defaults_, clock_, scheduler_, files_});
+    environment_.reset(new AppEnvironment{*store_, appState_, panels_, defaults_, clock_,
+                                          scheduler_, files_, dayChange_});
     window_ = std::make_unique<MainWindow>(*environment_, [] {});
     window_->show();
 }
@@ -49,6 +50,8 @@ void TourStage::showBusy(const std::string& message) {
 
 QPixmap TourStage::picture() {
     settle();
+    // The picture is of the end of whatever fades.
+    qDeleteAll(window_->findChildren<CrossFade*>());
     QPixmap picture = window_->grab();
     for (QDialog* dialog : window_->findChildren<QDialog*>()) {
         if (!dialog->isVisible()) {

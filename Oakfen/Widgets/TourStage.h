@@ -52,6 +52,7 @@ private:
     SystemClock clock_;
     Calendar calendar_ = clock_.calendar();
     ManualScheduler scheduler_;
+    DayChange dayChange_{clock_, scheduler_};
     InMemoryUserDefaults defaults_;
     InMemoryPasswordStore passwords_;
     InMemoryLegacyKeyStore legacyKeys_;

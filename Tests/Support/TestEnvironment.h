@@ -84,8 +84,8 @@ public:
         undoManager = std::make_shared<UndoManager>();
         store->setUndoManager(undoManager);
         appState = std::make_unique<AppState>(defaults);
-        environment.reset(
-            new AppEnvironment{*store, *appState, panels, defaults, clock, scheduler, files});
+        environment.reset(new AppEnvironment{*store, *appState, panels, defaults, clock, scheduler,
+                                             files, dayChange});
     }
 
     AppEnvironment& operator*() { return *environment; }
@@ -96,6 +96,7 @@ public:
 
     FixedClock clock{day(2026, 3, 15)};
     ManualScheduler scheduler;
+    DayChange dayChange{clock, scheduler};
     InMemoryFileSystem files;
     InMemoryUserDefaults defaults;
     InMemoryPasswordStore passwordStore;

@@ -61,6 +61,17 @@ TEST_F(AppStateTest, TellsOfAChangeButNotOfAnEqualValue) {
     EXPECT_EQ(notices, 2);
     state.setAlertMessage("Something to know");
     EXPECT_EQ(notices, 3);
+
+    const Subscription busy = counting(state.busyChanged);
+    state.setBusyMessage("Reading…");
+    state.setBusyMessage("Reading…");
+    EXPECT_EQ(notices, 4);
+
+    const Subscription lock = counting(state.lockChanged);
+    state.setUnlocked(true);
+    EXPECT_EQ(notices, 4);
+    state.setUnlocked(false);
+    EXPECT_EQ(notices, 5);
 }
 
 TEST_F(AppStateTest, ListsTheOverviewInTheOrderOfTheSidebar) {
@@ -70,6 +81,27 @@ TEST_F(AppStateTest, ListsTheOverviewInTheOrderOfTheSidebar) {
     }
     EXPECT_EQ(titles, (std::vector<std::string>{"Dashboard", "Bills & Income", "Budget", "Reports",
                                                 "Investing", "Savings Goals", "Categories"}));
+}
+
+TEST_F(AppStateTest, GivesEveryItemItsTitleAndItsIcon) {
+    using Kind = SidebarItem::Kind;
+    struct Expected {
+        Kind kind;
+        std::string_view title;
+        std::string_view symbolName;
+    };
+    for (const Expected& expected : std::initializer_list<Expected>{
+             {Kind::account, "Account", "building.columns"},
+             {Kind::dashboard, "Dashboard", "square.grid.2x2"},
+             {Kind::bills, "Bills & Income", "calendar.badge.clock"},
+             {Kind::budget, "Budget", "chart.bar.doc.horizontal"},
+             {Kind::reports, "Reports", "chart.pie"},
+             {Kind::investing, "Investing", "chart.line.uptrend.xyaxis"},
+             {Kind::goals, "Savings Goals", "target"},
+             {Kind::categories, "Categories", "tag"}}) {
+        EXPECT_EQ(title(expected.kind), expected.title);
+        EXPECT_EQ(symbolName(expected.kind), expected.symbolName);
+    }
 }
 
 TEST(ActiveSheetTest, ComparesImportReviewsByTheirSessions) {

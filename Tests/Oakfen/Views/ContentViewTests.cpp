@@ -44,6 +44,13 @@ TEST(ContentView, AsksForTheLockOnlyWhileTheSettingIsOn) {
     EXPECT_EQ(view.cover(), Cover::none);
 }
 
+TEST(ContentView, DoesNotLockAtOnceWhenTheSettingIsTurnedOn) {
+    TestEnvironment test;
+    test.defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    EXPECT_EQ(ContentView(*test).cover(), Cover::none);
+    EXPECT_FALSE(ContentView(*test).isObscured());
+}
+
 TEST(ContentView, ShowsNoAlertWhenThereIsNothingToSay) {
     TestEnvironment test;
     EXPECT_FALSE(ContentView(*test).dueAlert());

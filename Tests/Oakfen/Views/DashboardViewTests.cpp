@@ -58,6 +58,18 @@ TEST_F(DashboardViewTest, CountsAClosedAccountAsOne) {
     EXPECT_FALSE(steps[0].isEnabled);
 }
 
+TEST_F(DashboardViewTest, OpensTheAccountThatIsFirstWhenTheLineIsPressed) {
+    const Account first = makeAccount("Everyday");
+    const Account second = makeAccount("Everyday");
+    add(first);
+    add(second);
+    const auto steps = view.steps();
+    test.store->mutate("Delete Account",
+                       [&](Library& library) { deleteAccount(library, first.id); });
+    steps[1].perform();
+    EXPECT_EQ(test.appState->selectedAccountID(), second.id);
+}
+
 TEST_F(DashboardViewTest, LeadsOnToAnImportAndToTheFirstAccount) {
     const Account account = makeAccount("Everyday");
     add(account);

@@ -11,9 +11,9 @@
 namespace oakfen {
 namespace {
 
-using testing::LocaleForTest;
 using testing::amount;
 using testing::day;
+using testing::LocaleForTest;
 using testing::makeAccount;
 using testing::makeTransaction;
 using testing::TestEnvironment;
@@ -124,6 +124,24 @@ TEST_F(SidebarViewTest, TellsHowMuchOfTheLimitIsUsed) {
     EXPECT_EQ(creditUseText(card, Decimal()), "0% of limit used");
 }
 
+TEST_F(SidebarViewTest, TellsTheUseOfALimitForEveryKindOfDebtAndForNothingElse) {
+    for (const AccountType type : allCases<AccountType>) {
+        Account account = makeAccount("Any", type);
+        account.creditLimit = amount("100");
+        const bool isDebt = type == AccountType::creditCard || type == AccountType::lineOfCredit ||
+                            type == AccountType::liability || type == AccountType::loan;
+        EXPECT_EQ(creditUseText(account, amount("-10")).has_value(), isDebt) << title(type);
+    }
+}
+
+TEST_F(SidebarViewTest, CutsThePercentOfALimitToItsWholePart) {
+    Account card = makeAccount("Visa", AccountType::creditCard);
+    card.creditLimit = amount("1000");
+    EXPECT_EQ(creditUseText(card, amount("-999.99")), "99% of limit used");
+    EXPECT_EQ(creditUseText(card, amount("-1500")), "150% of limit used");
+    EXPECT_EQ(creditUseText(card, amount("9.99")), "0% of limit used");
+}
+
 TEST_F(SidebarViewTest, ShowsANegativeUseForCreditInOnesFavour) {
     Account card = makeAccount("Visa", AccountType::creditCard);
     card.creditLimit = amount("200");
@@ -171,6 +189,21 @@ TEST_F(SidebarViewTest, OffersAMenuForAnOrdinaryAccount) {
                                         "Close Account", "Delete Account…"}));
 }
 
+TEST_F(SidebarViewTest, ReconcilesAndEntersFromTheMenuOfAnAccount) {
+    const UUID id = add(makeAccount("Everyday")).id;
+    perform(id, "Reconcile…");
+    EXPECT_EQ(test.appState->sheet(), ActiveSheet{ActiveSheet::Reconcile{id}});
+    perform(id, "New Transaction");
+    EXPECT_EQ(test.appState->sheet(), ActiveSheet{ActiveSheet::NewTransaction{id}});
+}
+
+TEST_F(SidebarViewTest, PutsADividerBeforeClosingAnAccount) {
+    const UUID id = add(makeAccount("Everyday")).id;
+    for (const MenuEntry& entry : view.contextMenu(id)) {
+        EXPECT_EQ(entry.startsGroup, entry.title == "Close Account") << entry.title;
+    }
+}
+
 TEST_F(SidebarViewTest, LeavesReconcilingOutForAnInvestmentAccount) {
     const UUID id = add(makeAccount("Stocks", AccountType::brokerage)).id;
     EXPECT_EQ(menuTitles(id),
@@ -195,6 +228,17 @@ TEST_F(SidebarViewTest, ClosesAndReopensAnAccountAsOneStepEach) {
     perform(id, "Reopen Account");
     EXPECT_FALSE(test.index().account(id)->isClosed);
     EXPECT_EQ(test.undoManager->undoActionName(), "Reopen Account");
+}
+
+TEST_F(SidebarViewTest, ReopensAClosedAccountFromItsMenu) {
+    Account account = makeAccount("Old");
+    account.isClosed = true;
+    add(account);
+    EXPECT_EQ(menuTitles(account.id),
+              (std::vector<std::string>{"Edit Account", "Reconcile…", "New Transaction",
+                                        "Reopen Account", "Delete Account…"}));
+    perform(account.id, "Reopen Account");
+    EXPECT_FALSE(test.index().account(account.id)->isClosed);
 }
 
 TEST_F(SidebarViewTest, AsksBeforeDeletingAnAccount) {
@@ -242,6 +286,9 @@ TEST_F(SidebarViewTest, AddsFromItsMenu) {
     EXPECT_EQ(entries[3].title, "Show Closed Accounts");
     EXPECT_EQ(entries[3].isChecked, false);
     EXPECT_TRUE(entries[3].startsGroup);
+    EXPECT_EQ(entries[0].symbolName, "building.columns");
+    EXPECT_EQ(entries[1].symbolName, "tag");
+    EXPECT_EQ(entries[2].symbolName, "calendar.badge.plus");
     entries[0].perform();
     EXPECT_EQ(test.appState->sheet(), ActiveSheet{ActiveSheet::NewAccount{}});
     entries[3].perform();

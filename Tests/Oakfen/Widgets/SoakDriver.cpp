@@ -21,6 +21,7 @@
 #include "Oakfen/Views/SidebarView.h"
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/AmountField.h"
+#include "Oakfen/Widgets/Components/DateField.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/Components/SheetScaffold.h"
 #include "Oakfen/Widgets/RegisterWidget.h"
@@ -241,13 +242,20 @@ std::string SoakDriver::randomAmount() {
     return oneOf(texts);
 }
 
+std::string SoakDriver::randomDate() {
+    static const std::array<std::string, 6> texts{"2026-01-31", "3/1",  "15",
+                                                  "20240229",   "2/30", "+"};
+    return oneOf(texts);
+}
+
 void SoakDriver::typeIntoField() {
     const auto areas = usable<QPlainTextEdit>();
     const auto fields = usable<QLineEdit>();
     if (!fields.empty() && (areas.empty() || below(5) != 0)) {
         QLineEdit* field = oneOf(fields);
-        const bool isAmount = dynamic_cast<AmountField*>(field) != nullptr;
-        const std::string text = isAmount ? randomAmount() : randomText();
+        const std::string text = dynamic_cast<AmountField*>(field) != nullptr ? randomAmount()
+                                 : dynamic_cast<DateField*>(field) != nullptr ? randomDate()
+                                                                              : randomText();
         note("types “" + text + "” into " + utf8(field->accessibleName()));
         field->setFocus();
         if (below(2) == 0) {

@@ -67,6 +67,7 @@ private:
     [[nodiscard]] QAction* menuItem(const QString& verb) const;
     [[nodiscard]] std::string randomText();
     [[nodiscard]] std::string randomAmount();
+    [[nodiscard]] std::string randomDate();
     void prepareAnswers();
     void note(const std::string& text) { notes_.push_back(text); }
 

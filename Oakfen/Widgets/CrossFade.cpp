@@ -1,0 +1,35 @@
+#include "Oakfen/Widgets/CrossFade.h"
+
+#include <QPainter>
+#include <QVariantAnimation>
+
+namespace oakfen {
+
+namespace {
+
+constexpr int durationInMilliseconds = 250;
+
+} // namespace
+
+CrossFade::CrossFade(QWidget& over)
+    : QWidget(&over), before_(over.grab()), fade_(new QVariantAnimation(this)) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setGeometry(over.rect());
+    show();
+    raise();
+    fade_->setStartValue(1.0);
+    fade_->setEndValue(0.0);
+    fade_->setDuration(durationInMilliseconds);
+    fade_->setEasingCurve(QEasingCurve::InOutQuad);
+    connect(fade_, &QVariantAnimation::valueChanged, this, qOverload<>(&QWidget::update));
+    connect(fade_, &QVariantAnimation::finished, this, &QObject::deleteLater);
+    fade_->start();
+}
+
+void CrossFade::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setOpacity(fade_->currentValue().toReal());
+    painter.drawPixmap(0, 0, before_);
+}
+
+} // namespace oakfen

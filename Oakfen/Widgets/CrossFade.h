@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QPixmap>
+#include <QWidget>
+
+class QVariantAnimation;
+
+namespace oakfen {
+
+/// Lays a picture of how a widget looks at that moment over it, lets the picture fade, and deletes
+/// itself, so that what changes underneath comes to light softly. Nothing has to wait for it: every
+/// click goes through.
+class CrossFade final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit CrossFade(QWidget& over);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QPixmap before_;
+    /// From opaque to clear.
+    QVariantAnimation* fade_;
+};
+
+} // namespace oakfen

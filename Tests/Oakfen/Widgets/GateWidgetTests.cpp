@@ -1,0 +1,164 @@
+#include "Oakfen/Widgets/GateWidget.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QVariantAnimation>
+#include <cerrno>
+
+#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/CrossFade.h"
+#include "OakfenCore/Models/LibraryCoding.h"
+#include "Tests/Oakfen/Widgets/WindowFixture.h"
+
+namespace oakfen {
+namespace {
+
+using testing::settle;
+using testing::TestEnvironment;
+
+class FirstStartTest : public testing::WindowTest {
+protected:
+    FirstStartTest() : WindowTest(std::make_unique<TestEnvironment>(TestEnvironment::Unopened{})) {}
+};
+
+TEST_F(FirstStartTest, CoversTheMainScreenUntilAChoiceIsMade) {
+    ASSERT_NE(shown<GateWidget>(), nullptr);
+    EXPECT_FALSE(sidebar()->isEnabled());
+    auto* currency = shown<QComboBox>();
+    ASSERT_NE(currency, nullptr);
+    currency->setCurrentIndex(currency->findData(QStringLiteral("EUR")));
+    QTest::mouseClick(button(QStringLiteral("Start Fresh")), Qt::LeftButton);
+    settle();
+
+    QPushButton* noPassword = button(QStringLiteral("Don’t Use a Password"));
+    ASSERT_NE(noPassword, nullptr);
+    EXPECT_FALSE(button(QStringLiteral("Continue"))->isEnabled());
+    QTest::mouseClick(noPassword, Qt::LeftButton);
+    settle();
+    EXPECT_TRUE(test->store->accessState().isOpen());
+    EXPECT_EQ(test->library().currencyCode, "EUR");
+    EXPECT_EQ(shown<GateWidget>(), nullptr);
+    EXPECT_TRUE(sidebar()->isEnabled());
+    EXPECT_TRUE(sidebar()->hasFocus() || !window->isActiveWindow());
+}
+
+TEST_F(FirstStartTest, ShowsASampleHousehold) {
+    QTest::mouseClick(button(QStringLiteral("Explore Sample Data")), Qt::LeftButton);
+    settle();
+    QPushButton* noPassword = button(QStringLiteral("Don’t Use a Password"));
+    ASSERT_NE(noPassword, nullptr);
+    QTest::mouseClick(noPassword, Qt::LeftButton);
+    settle();
+    EXPECT_TRUE(test->store->accessState().isOpen());
+    EXPECT_FALSE(test->library().accounts.empty());
+    EXPECT_NE(line(qt(test->library().accounts.front().name)), nullptr);
+}
+
+TEST_F(FirstStartTest, AnswersToReturnAndEscape) {
+    QWidget* panel = button(QStringLiteral("Start Fresh"))->parentWidget();
+    QTest::keyClick(panel, Qt::Key_Return);
+    settle();
+    QPushButton* cancel = button(QStringLiteral("Cancel"));
+    ASSERT_NE(cancel, nullptr);
+    QTest::keyClick(cancel, Qt::Key_Escape);
+    settle();
+    EXPECT_NE(button(QStringLiteral("Start Fresh")), nullptr);
+}
+
+TEST_F(FirstStartTest, OffersToProtectAFileThatIsThereAlready) {
+    test->files.addFile(TestEnvironment::dataFile, encodeLibrary(emptyDocument("CAD")));
+    test->store->retryLoading();
+    settle();
+    ASSERT_NE(button(QStringLiteral("Set Password")), nullptr);
+    QTest::mouseClick(button(QStringLiteral("Cancel")), Qt::LeftButton);
+    EXPECT_EQ(quitRequests, 1);
+    test->files.failAll(InMemoryFileSystem::Call::open, ENOSPC);
+    QTest::mouseClick(button(QStringLiteral("Don’t Use a Password")), Qt::LeftButton);
+    settle();
+    EXPECT_FALSE(test->store->accessState().isOpen());
+    ASSERT_NE(shown<GateWidget>(), nullptr);
+    bool isFailureTold = false;
+    for (const QLabel* label : shown<GateWidget>()->findChildren<QLabel*>()) {
+        isFailureTold |= label->isVisible() && label->text().contains(QStringLiteral("space"));
+    }
+    EXPECT_TRUE(isFailureTold);
+}
+
+class LockTest : public testing::WindowTest {
+protected:
+    void lock() {
+        test->defaults.setBoolean(AppState::requireAuthenticationKey, true);
+        test->appState->setUnlocked(false);
+        settle();
+    }
+};
+
+TEST_F(LockTest, CoversAndDisablesTheMainScreen) {
+    lock();
+    ASSERT_NE(shown<GateWidget>(), nullptr);
+    EXPECT_FALSE(sidebar()->isEnabled());
+    EXPECT_EQ(shown<GateWidget>()->size(), window->centralWidget()->size());
+}
+
+TEST_F(LockTest, GivesTheScreenBackWhenUnlocked) {
+    lock();
+    QTest::mouseClick(button(QStringLiteral("Unlock")), Qt::LeftButton);
+    settle();
+    EXPECT_EQ(shown<GateWidget>(), nullptr);
+    EXPECT_TRUE(sidebar()->isEnabled());
+}
+
+TEST_F(LockTest, GoesAwayAsSoonAsTheSettingIsTurnedOff) {
+    lock();
+    test->defaults.setBoolean(AppState::requireAuthenticationKey, false);
+    settle();
+    EXPECT_EQ(shown<GateWidget>(), nullptr);
+}
+
+TEST_F(LockTest, FadesInAndOutWithoutHoldingAnybodyUp) {
+    EXPECT_EQ(shown<CrossFade>(), nullptr);
+    lock();
+    ASSERT_NE(shown<CrossFade>(), nullptr);
+    EXPECT_TRUE(shown<CrossFade>()->testAttribute(Qt::WA_TransparentForMouseEvents));
+    EXPECT_EQ(shown<CrossFade>()->size(), window->centralWidget()->size());
+    auto* fade = shown<CrossFade>()->findChild<QVariantAnimation*>();
+    EXPECT_EQ(fade->duration(), 250);
+    fade->setCurrentTime(fade->duration());
+    settle();
+    EXPECT_EQ(shown<CrossFade>(), nullptr);
+    EXPECT_NE(shown<GateWidget>(), nullptr);
+    test->appState->setUnlocked(true);
+    EXPECT_NE(shown<CrossFade>(), nullptr);
+    EXPECT_EQ(shown<GateWidget>(), nullptr);
+}
+
+TEST_F(LockTest, ShowsTheMainScreenOnlyAsABlur) {
+    const QImage before = window->centralWidget()->grab().toImage();
+    lock();
+    const QImage covered = shown<GateWidget>()->grab().toImage();
+    ASSERT_EQ(covered.size(), before.size());
+    // Where the sidebar lists its lines, neighbouring dots hardly differ any more.
+    const auto roughness = [](const QImage& image) {
+        int most = 0;
+        for (int y = 60; y < 280; ++y) {
+            for (int x = 20; x < 200; ++x) {
+                most = std::max(most,
+                                std::abs(qGray(image.pixel(x, y)) - qGray(image.pixel(x + 1, y))));
+            }
+        }
+        return most;
+    };
+    EXPECT_GT(roughness(before), 40);
+    EXPECT_LT(roughness(covered), 6);
+}
+
+TEST_F(LockTest, BlursTheMainScreenAsItIsNow) {
+    lock();
+    const QImage before = shown<GateWidget>()->grab().toImage();
+    EXPECT_EQ(shown<GateWidget>()->grab().toImage(), before);
+    addAccount("Everyday");
+    EXPECT_NE(shown<GateWidget>()->grab().toImage(), before);
+}
+
+} // namespace
+} // namespace oakfen
