@@ -1,6 +1,7 @@
 #include "OakfenCore/Importers/Merging.h"
 
 #include <algorithm>
+#include <cmath>
 #include <compare>
 #include <cstdlib>
 #include <iterator>
@@ -24,6 +25,13 @@ constexpr double mostSecondsApart = (mostDaysApart + 3) * 86400.0;
 
 bool hasImportID(const ImportedTransaction& item) {
     return item.importID && !item.importID->empty();
+}
+
+/// The date by which the local clock shows that time in UTC. Whole days follow the clock, so they
+/// grow along this order and not always along time: an hour of autumn comes twice.
+Date onTheClock(Date date, const Calendar& calendar) {
+    const double fraction = date.secondsSinceReference - std::floor(date.secondsSinceReference);
+    return Calendar::utc().date(calendar.civil(date)).adding(fraction);
 }
 
 double distance(Date a, Date b) {
@@ -66,7 +74,7 @@ private:
 struct Trait {
     std::size_t payee = 0;
     Decimal amount;
-    Date date;
+    Date clock; // see `onTheClock`
     std::size_t position = 0;
 
     friend auto operator<=>(const Trait&, const Trait&) = default;
@@ -76,12 +84,12 @@ struct Trait {
     }
 };
 
-/// Puts like entries side by side in the order of their dates; keeps only the first of one instant,
+/// Puts like entries side by side in the order of the clock; keeps only the first of one time,
 /// since the others match the same lines.
 void arrange(std::vector<Trait>& traits) {
     std::sort(traits.begin(), traits.end());
     const auto areOne = [](const Trait& a, const Trait& b) {
-        return a.hasPayeeAndAmountOf(b) && a.date == b.date;
+        return a.hasPayeeAndAmountOf(b) && a.clock == b.clock;
     };
     traits.erase(std::unique(traits.begin(), traits.end(), areOne), traits.end());
 }
@@ -114,14 +122,16 @@ struct DuplicateFinder::Tables {
         if (!payee) {
             return nullptr;
         }
-        const Trait wanted{.payee = *payee, .amount = item.amount, .date = item.date};
+        const Trait wanted{
+            .payee = *payee, .amount = item.amount, .clock = onTheClock(item.date, calendar)};
         const auto later = std::lower_bound(traits.begin(), traits.end(), wanted);
         // Where the nearest of one side is too far away, the others of that side are all the more.
         const Trait* nearest = nullptr;
         const auto consider = [&](const Trait& trait) {
-            if (trait.hasPayeeAndAmountOf(wanted) && areNear(trait.date, item.date, calendar) &&
+            if (trait.hasPayeeAndAmountOf(wanted) &&
+                areNear(entries[trait.position]->date, item.date, calendar) &&
                 (nearest == nullptr ||
-                 distance(trait.date, item.date) < distance(nearest->date, item.date))) {
+                 distance(trait.clock, wanted.clock) < distance(nearest->clock, wanted.clock))) {
                 nearest = &trait;
             }
         };
@@ -145,8 +155,8 @@ DuplicateFinder::DuplicateFinder(std::span<const Transaction* const> existing,
         if (entry.importID && !entry.importID->empty()) {
             tables->byImportID.try_emplace(*entry.importID, &entry);
         }
-        tables->traits.push_back(
-            {tables->payees.add(entry.payee), entry.amount, entry.date, position});
+        tables->traits.push_back({tables->payees.add(entry.payee), entry.amount,
+                                  onTheClock(entry.date, calendar), position});
     }
     arrange(tables->traits);
     tables_ = std::move(tables);

@@ -145,6 +145,20 @@ TEST(DuplicateFinder, FindsItsWayThroughManyEntriesThatLookAlike) {
     }
 }
 
+TEST(DuplicateFinder, FindsTheEntryOfTheHourThatTheClockRepeats) {
+    // Ten to two comes before ten past one of the second time, yet is fewer whole days away.
+    const Date tenToTwo = toronto().date({2024, 11, 3, 1, 50, 0});
+    const std::vector<Transaction> entries = {
+        entry(account, tenToTwo, "Shop", "-4.50"),
+        entry(account, tenToTwo.adding(20.0 * 60), "Shop", "-4.50"),
+    };
+    const auto existing = pointers(entries);
+    const ImportedTransaction line =
+        importedLine(toronto().date({2024, 11, 7, 1, 30, 0}), "Shop", "-4.50");
+    ASSERT_TRUE(isDuplicate(line, existing, toronto()));
+    EXPECT_EQ(DuplicateFinder(existing, toronto()).match(line), &entries[0]);
+}
+
 TEST(DuplicateFinder, AgreesWithIsDuplicateOnEveryInput) {
     const std::vector<std::string> names = {
         "",       "Shop",    "SHOP",     "shop ",    "Café",     "CAFÉ",    "Cafe\u0301",
@@ -153,15 +167,24 @@ TEST(DuplicateFinder, AgreesWithIsDuplicateOnEveryInput) {
     const std::vector<std::string> ids = {"", "a", "A", "b"};
     std::mt19937 random(3);
     const auto pick = [&](const auto& choices) { return choices[random() % choices.size()]; };
-    // Around the change to daylight-saving time, at any minute or at midnight.
-    const auto anyDate = [&] {
-        const Date midnight = day(2024, 3, 5 + static_cast<int>(random() % 12));
-        return random() % 2 == 0 ? midnight : midnight.adding(60.0 * double(random() % 1440));
+    // Around the changes of the clock in spring and autumn; often in the hours of the changes.
+    const auto anyDate = [&](int round) {
+        const int dayOfMonth = static_cast<int>(random() % 12);
+        const Date midnight =
+            round % 2 == 0 ? day(2024, 3, 5 + dayOfMonth) : day(2024, 10, 29 + dayOfMonth);
+        switch (random() % 3) {
+        case 0:
+            return midnight;
+        case 1:
+            return midnight.adding(60.0 * double(random() % 1440));
+        default:
+            return midnight.adding(60.0 * double(random() % 240));
+        }
     };
     for (int round = 0; round < 300; ++round) {
         std::vector<Transaction> entries;
         for (std::size_t count = random() % 20; count > 0; --count) {
-            entries.push_back(entry(account, anyDate(), pick(names), pick(amounts)));
+            entries.push_back(entry(account, anyDate(round), pick(names), pick(amounts)));
             if (random() % 3 == 0) {
                 entries.back().importID = pick(ids);
             }
@@ -169,7 +192,7 @@ TEST(DuplicateFinder, AgreesWithIsDuplicateOnEveryInput) {
         const auto existing = pointers(entries);
         const DuplicateFinder finder(existing, toronto());
         for (int line = 0; line < 20; ++line) {
-            ImportedTransaction item = importedLine(anyDate(), pick(names), pick(amounts));
+            ImportedTransaction item = importedLine(anyDate(round), pick(names), pick(amounts));
             if (random() % 3 == 0) {
                 item.importID = pick(ids);
             }
