@@ -8,8 +8,7 @@
 #include "Benchmarks/Benchmarks.h"
 #include "Benchmarks/BigLibrary.h"
 #include "Benchmarks/References.h"
-#include "Oakfen/Views/RegisterFilter.h"
-#include "Oakfen/Views/RegisterSort.h"
+#include "OakfenCore/Importers/Merging.h"
 #include "OakfenCore/LibraryIndex/LibraryIndex.h"
 #include "OakfenCore/Models/LibraryCoding.h"
 
@@ -99,58 +98,6 @@ void timeEntryOutOfOrder(benchmark::State& state, std::size_t count) {
     });
 }
 
-/// What the register of the fullest account does with its rows when somebody types a word in the
-/// search field: those that hold it, by payee. The rows themselves are timed apart.
-void timeSearchInRegister(benchmark::State& state, std::size_t count) {
-    const Library& library = bigLibrary(count);
-    const LibraryIndex index(library, bigLibraryNow(), Calendar::utc());
-    const std::vector<RegisterRow> rows = index.registerRows(library.accounts.front().id);
-    RegisterSorter sorter;
-    for ([[maybe_unused]] const auto _ : state) {
-        RegisterSearch search("café");
-        std::vector<const RegisterRow*> shown;
-        for (const RegisterRow& row : rows) {
-            if (search.finds(row)) {
-                shown.push_back(&row);
-            }
-        }
-        sorter.sort(shown, {RegisterColumn::payee, true});
-        benchmark::DoNotOptimize(shown);
-    }
-}
-
-void timeSortOfRegister(benchmark::State& state, std::size_t count) {
-    const Library& library = bigLibrary(count);
-    const LibraryIndex index(library, bigLibraryNow(), Calendar::utc());
-    const std::vector<RegisterRow> rows = index.registerRows(library.accounts.front().id);
-    RegisterSorter sorter;
-    for ([[maybe_unused]] const auto _ : state) {
-        std::vector<const RegisterRow*> shown;
-        for (const RegisterRow& row : rows) {
-            shown.push_back(&row);
-        }
-        sorter.sort(shown, {RegisterColumn::payee, true});
-        benchmark::DoNotOptimize(shown);
-    }
-}
-
-/// The rows that follow an edit: the first that a new index is asked for.
-void timeRegisterRows(benchmark::State& state, std::size_t count) {
-    const Library& library = bigLibrary(count);
-    const Calendar calendar = Calendar::utc();
-    for ([[maybe_unused]] const auto _ : state) {
-        state.PauseTiming();
-        auto index = std::make_unique<LibraryIndex>(library, bigLibraryNow(), calendar);
-        state.ResumeTiming();
-        std::vector<RegisterRow> rows = index->registerRows(library.accounts.front().id);
-        benchmark::DoNotOptimize(rows);
-        state.PauseTiming();
-        rows.clear();
-        index.reset();
-        state.ResumeTiming();
-    }
-}
-
 void timePayees(benchmark::State& state, std::size_t count) {
     const Library& library = bigLibrary(count);
     const Calendar calendar = Calendar::utc();
@@ -162,6 +109,28 @@ void timePayees(benchmark::State& state, std::size_t count) {
         state.PauseTiming();
         index.reset();
         state.ResumeTiming();
+    }
+}
+
+/// A statement with a line for each entry of the ledger.
+void timeDuplicates(benchmark::State& state, std::size_t count) {
+    std::vector<const Transaction*> entries;
+    std::vector<ImportedTransaction> lines;
+    for (const Transaction& entry : bigLibrary(count).transactions) {
+        entries.push_back(&entry);
+        lines.push_back({.date = entry.date, .payee = entry.payee, .amount = entry.amount});
+    }
+    const Calendar calendar = Calendar::utc();
+    for ([[maybe_unused]] const auto _ : state) {
+        const DuplicateFinder finder(entries, calendar);
+        std::size_t duplicates = 0;
+        for (const ImportedTransaction& line : lines) {
+            duplicates += finder.match(line) != nullptr ? 1U : 0U;
+        }
+        if (duplicates != lines.size()) {
+            state.SkipWithError("A line was not found again.");
+            break;
+        }
     }
 }
 
@@ -182,10 +151,8 @@ void registerLedgerBenchmarks(std::size_t count) {
     add("index", timeIndex);
     add("edit of an amount", timeEditOfAnAmount);
     add("entry out of order", timeEntryOutOfOrder);
-    add("register rows", timeRegisterRows);
-    add("register, search", timeSearchInRegister);
-    add("register, sort by payee", timeSortOfRegister);
     add("payees after an edit", timePayees);
+    add("duplicates among as many lines", timeDuplicates);
 }
 
 } // namespace oakfen::benchmarks

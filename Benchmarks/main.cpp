@@ -33,10 +33,12 @@ int main(int argc, char** argv) {
     }
     for (const std::size_t count : {10'000U, 100'000U}) {
         registerLedgerBenchmarks(count);
+        registerRegisterBenchmarks(count);
         registerStatementBenchmarks(count);
     }
     if (withMillion) {
         registerLedgerBenchmarks(1'000'000);
+        registerRegisterBenchmarks(1'000'000);
     }
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
