@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Oakfen/AppState.h"
+#include "Oakfen/BusyWork.h"
 #include "Oakfen/DayChange.h"
 #include "Oakfen/Panels.h"
 #include "OakfenCore/LibraryStore/LibraryStore.h"
@@ -21,6 +22,7 @@ struct AppEnvironment {
     Scheduler& scheduler;
     FileSystem& files;
     DayChange& dayChange;
+    BusyWork& busyWork;
 
     /// The code in which every screen shows money.
     [[nodiscard]] const std::string& currencyCode() const { return store.library().currencyCode; }

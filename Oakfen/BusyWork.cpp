@@ -1,49 +1,63 @@
 #include "Oakfen/BusyWork.h"
 
+#include <exception>
 #include <memory>
 #include <optional>
 #include <utility>
 
-#include "Oakfen/WaitUntil.h"
-
 namespace oakfen {
 
-namespace {
+void BusyWork::run(std::string message, std::function<void()> work, std::function<void()> then) {
+    Job job{.message = std::move(message), .work = std::move(work), .then = std::move(then)};
+    if (isRunning_) {
+        waiting_.push_back(std::move(job));
+    } else {
+        start(std::move(job));
+    }
+}
 
-void start(AppEnvironment& environment, const std::string& message, std::function<void()> work,
-           std::function<void()> then) {
-    environment.appState.setBusyMessage(message);
+void BusyWork::whenIdle(std::function<void()> then) {
+    if (isRunning_) {
+        whenIdle_.push_back(std::move(then));
+    } else {
+        then();
+    }
+}
+
+void BusyWork::start(Job job) {
+    isRunning_ = true;
+    state_.setBusyMessage(std::move(job.message));
     auto failure = std::make_shared<std::optional<std::string>>();
-    // The work goes on for as long as its handle is held: until its result is taken.
-    auto handle = std::make_shared<ScheduledWork>();
-    *handle = environment.scheduler.background(
-        [work = std::move(work), failure] {
+    running_ = scheduler_.background(
+        [work = std::move(job.work), failure] {
             try {
                 work();
             } catch (const std::exception& error) {
                 *failure = error.what();
             }
         },
-        [&state = environment.appState, then = std::move(then), failure, handle] {
-            state.setBusyMessage(std::nullopt);
+        [this, then = std::move(job.then), failure] {
+            state_.setBusyMessage(std::nullopt);
             if (*failure) {
-                state.setAlertMessage(*failure);
+                state_.setAlertMessage(**failure);
             } else {
                 then();
             }
-            handle->cancel();
+            goOn();
         });
 }
 
-} // namespace
-
-void runBusy(AppEnvironment& environment, const std::string& message, std::function<void()> work,
-             std::function<void()> then) {
-    waitUntil(
-        environment.scheduler, [&environment] { return !environment.appState.busyMessage(); },
-        [&environment, message, work = std::move(work), then = std::move(then)] {
-            start(environment, message, work, then);
-        });
+void BusyWork::goOn() {
+    if (!waiting_.empty()) {
+        Job next = std::move(waiting_.front());
+        waiting_.pop_front();
+        start(std::move(next));
+        return;
+    }
+    isRunning_ = false;
+    for (const auto& then : std::exchange(whenIdle_, {})) {
+        then();
+    }
 }
 
 } // namespace oakfen

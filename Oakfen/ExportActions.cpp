@@ -3,7 +3,6 @@
 #include <string_view>
 #include <utility>
 
-#include "Oakfen/BusyWork.h"
 #include "Oakfen/FileActions.h"
 #include "OakfenCore/Exporters/Exporter.h"
 #include "OakfenCore/Support/FileCalls.h"
@@ -92,8 +91,8 @@ void save(AppEnvironment& environment, const SavePanelRequest& request,
         if (!path) {
             return;
         }
-        runBusy(
-            environment, "Saving " + nameOf(*path) + "…",
+        environment.busyWork.run(
+            "Saving " + nameOf(*path) + "…",
             [&files = environment.files, path = *path, makeText,
              dataFile = environment.store.filePath()] {
                 checkIsNotTheDataFile(files, path, dataFile);

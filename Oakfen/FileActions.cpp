@@ -5,7 +5,6 @@
 #include <utility>
 #include <vector>
 
-#include "Oakfen/BusyWork.h"
 #include "Oakfen/Views/ContentView.h"
 #include "Oakfen/WaitUntil.h"
 #include "OakfenCore/Importers/StatementImporter.h"
@@ -30,10 +29,11 @@ ImportFormat formatOf(const std::string& path) {
     throw ImportError(ImportError::Kind::unsupportedFormat);
 }
 
-/// Whether a sheet can open without putting another one away, or showing the ledger to somebody who
-/// finds the window locked.
+/// Whether a sheet can open without putting another one away, taking the keys that are meant for a
+/// question, or showing the ledger to somebody who finds the window locked.
 bool isMainScreenFree(AppEnvironment& environment) {
-    return !ContentView(environment).isObscured() && !environment.appState.sheet();
+    return !ContentView(environment).isObscured() && !environment.appState.sheet() &&
+           !environment.panels.isAsking();
 }
 
 /// Refuses before a byte is read what could never be taken in: a folder, a pipe, a huge file.
@@ -60,9 +60,8 @@ std::string contents(FileSystem& files, const std::string& path) {
     }
 }
 
-UUID targetAccount(const AppEnvironment& environment) {
-    const LibraryIndex& index = environment.store.index();
-    const auto selected = environment.appState.selectedAccountID();
+/// The account that was on the screen when the file was chosen, if there still is one.
+UUID targetAccount(const LibraryIndex& index, const std::optional<UUID>& selected) {
     if (selected && index.account(*selected) != nullptr) {
         return *selected;
     }
@@ -71,12 +70,12 @@ UUID targetAccount(const AppEnvironment& environment) {
 }
 
 void review(AppEnvironment& environment, const std::string& path,
-            std::vector<ImportedTransaction> items) {
-    auto session =
-        std::make_shared<ImportSession>(ImportSession{.id = UUID::random(),
-                                                      .fileName = nameOf(path),
-                                                      .items = std::move(items),
-                                                      .accountID = targetAccount(environment)});
+            const std::optional<UUID>& selected, std::vector<ImportedTransaction> items) {
+    auto session = std::make_shared<ImportSession>(
+        ImportSession{.id = UUID::random(),
+                      .fileName = nameOf(path),
+                      .items = std::move(items),
+                      .accountID = targetAccount(environment.store.index(), selected)});
     environment.appState.setSheet(ActiveSheet{ActiveSheet::ImportReview{std::move(session)}});
 }
 
@@ -105,21 +104,23 @@ void importStatement(AppEnvironment& environment, const std::string& path) {
         return;
     }
     auto items = std::make_shared<std::vector<ImportedTransaction>>();
-    runBusy(
-        environment, "Reading " + nameOf(path) + "…",
+    environment.busyWork.run(
+        "Reading " + nameOf(path) + "…",
         [&files = environment.files, path, format = *format,
          calendar = environment.clock.calendar(),
          items] { *items = StatementImporter::parse(contents(files, path), format, calendar); },
-        [&environment, path, items] {
+        [&environment, path, items, selected = environment.appState.selectedAccountID()] {
             // The person may have gone on meanwhile, and begun to edit.
             waitUntil(
                 environment.scheduler, [&environment] { return isMainScreenFree(environment); },
-                [&environment, path, items] { review(environment, path, std::move(*items)); });
+                [&environment, path, items, selected] {
+                    review(environment, path, selected, std::move(*items));
+                });
         });
 }
 
 bool canTakeDroppedFiles(AppEnvironment& environment) {
-    return isMainScreenFree(environment) && !environment.appState.busyMessage() &&
+    return isMainScreenFree(environment) && !environment.busyWork.isBusy() &&
            !environment.store.index().openAccounts().empty();
 }
 

@@ -65,6 +65,10 @@ public:
     /// Answers with the position of the choice.
     virtual void choose(const ChoiceRequest& request,
                         std::function<void(std::optional<std::size_t> choice)> then) = 0;
+
+    /// Whether a dialog stands before the window and waits for the person: one of these, or
+    /// another.
+    [[nodiscard]] virtual bool isAsking() const = 0;
 };
 
 } // namespace oakfen

@@ -8,9 +8,23 @@ TerminationFlow::TerminationFlow(AppEnvironment& environment, std::function<void
     : environment_(environment), quit_(std::move(quit)) {}
 
 void TerminationFlow::requestQuit() {
-    if (isAsking_) {
+    if (isAsking_ || isWaiting_) {
         return;
     }
+    if (!environment_.busyWork.isBusy()) {
+        saveAndQuit();
+        return;
+    }
+    isWaiting_ = true;
+    environment_.busyWork.whenIdle([this] {
+        isWaiting_ = false;
+        if (!environment_.appState.alertMessage()) {
+            saveAndQuit();
+        }
+    });
+}
+
+void TerminationFlow::saveAndQuit() {
     if (save()) {
         quit_();
     } else {

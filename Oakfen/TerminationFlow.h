@@ -13,13 +13,16 @@ public:
     /// `quit` ends the program.
     TerminationFlow(AppEnvironment& environment, std::function<void()> quit);
 
-    /// Saves and quits; when the save fails, asks whether to try again or to quit anyway.
+    /// Lets files that are being read or written come to their end, saves and quits. When the save
+    /// fails, asks whether to try again or to quit anyway; a file that could not be written holds
+    /// the quit, so that the person learns of it.
     void requestQuit();
 
     /// Saves and quits whatever happens: for a session that ends and can't wait for an answer.
     void quitWithoutAsking();
 
 private:
+    void saveAndQuit();
     [[nodiscard]] bool save();
     void askAfterFailure();
 
@@ -27,6 +30,7 @@ private:
     std::function<void()> quit_;
     /// A second request while the question is open would open it twice.
     bool isAsking_ = false;
+    bool isWaiting_ = false;
 };
 
 } // namespace oakfen

@@ -133,4 +133,8 @@ void QtPanels::choose(const ChoiceRequest& request,
     box->open();
 }
 
+bool QtPanels::isAsking() const {
+    return QApplication::activeModalWidget() != nullptr;
+}
+
 } // namespace oakfen

@@ -22,6 +22,7 @@ public:
     void confirm(const ConfirmationRequest& request, std::function<void(bool)> then) override;
     void choose(const ChoiceRequest& request,
                 std::function<void(std::optional<std::size_t>)> then) override;
+    [[nodiscard]] bool isAsking() const override;
 
 private:
     [[nodiscard]] QWidget* parent() const;

@@ -31,8 +31,8 @@ class Program {
 public:
     explicit Program(const StoreMaker& makeStore)
         : store_(makeStore({files_, scheduler_, clock_, defaults_, passwords_, legacyKeys_})),
-          appState_(defaults_), environment_{*store_, appState_,  panels_, defaults_,
-                                             clock_,  scheduler_, files_,  dayChange_},
+          appState_(defaults_), environment_{*store_,    appState_, panels_,    defaults_, clock_,
+                                             scheduler_, files_,    dayChange_, busyWork_},
           termination_(environment_, [] { QCoreApplication::exit(0); }),
           window_(environment_, [this] { termination_.requestQuit(); }),
           signals_([this] { termination_.quitWithoutAsking(); }) {
@@ -57,6 +57,7 @@ private:
     InMemoryLegacyKeyStore legacyKeys_;
     std::unique_ptr<LibraryStore> store_;
     AppState appState_;
+    BusyWork busyWork_{appState_, scheduler_};
     QtPanels panels_;
     AppEnvironment environment_;
     TerminationFlow termination_;

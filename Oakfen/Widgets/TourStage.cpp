@@ -33,7 +33,7 @@ TourStage::TourStage(const std::string& bytes) {
         tourFile,
         LibraryStoreServices{files_, scheduler_, clock_, defaults_, passwords_, legacyKeys_});
     environment_.reset(new AppEnvironment{*store_, appState_, panels_, defaults_, clock_,
-                                          scheduler_, files_, dayChange_});
+                                          scheduler_, files_, dayChange_, busyWork_});
     window_ = std::make_unique<MainWindow>(*environment_, [] {});
     window_->show();
 }

@@ -25,6 +25,7 @@ public:
                   std::function<void(std::optional<std::string>)>) override {}
     void confirm(const ConfirmationRequest&, std::function<void(bool)>) override {}
     void choose(const ChoiceRequest&, std::function<void(std::optional<std::size_t>)>) override {}
+    [[nodiscard]] bool isAsking() const override { return false; }
 };
 
 /// A whole program in memory, with a window that is shown but belongs to nobody's files.
@@ -59,6 +60,7 @@ private:
     SilentPanels panels_;
     std::unique_ptr<LibraryStore> store_;
     AppState appState_{defaults_};
+    BusyWork busyWork_{appState_, scheduler_};
     std::unique_ptr<AppEnvironment> environment_;
     std::unique_ptr<MainWindow> window_;
 };

@@ -26,6 +26,8 @@ public:
     bool confirms = true;
     /// The answer of the next choices.
     std::optional<std::size_t> choice;
+    /// What `isAsking` says.
+    bool asks = false;
     /// While set, answers wait in `pending` until the test calls them.
     bool holdsAnswers = false;
 
@@ -54,6 +56,8 @@ public:
         choiceRequests.push_back(request);
         answer([this, then = std::move(then)] { then(choice); });
     }
+
+    [[nodiscard]] bool isAsking() const override { return asks; }
 
 private:
     void answer(std::function<void()> reply) {
@@ -84,8 +88,9 @@ public:
         undoManager = std::make_shared<UndoManager>();
         store->setUndoManager(undoManager);
         appState = std::make_unique<AppState>(defaults);
+        busyWork = std::make_unique<BusyWork>(*appState, scheduler);
         environment.reset(new AppEnvironment{*store, *appState, panels, defaults, clock, scheduler,
-                                             files, dayChange});
+                                             files, dayChange, *busyWork});
     }
 
     AppEnvironment& operator*() { return *environment; }
@@ -105,6 +110,7 @@ public:
     std::unique_ptr<LibraryStore> store;
     std::shared_ptr<UndoManager> undoManager;
     std::unique_ptr<AppState> appState;
+    std::unique_ptr<BusyWork> busyWork;
     std::unique_ptr<AppEnvironment> environment;
 
 private:

@@ -14,8 +14,8 @@ using testing::TestEnvironment;
 TEST(BusyWork, ShowsItsMessageUntilItIsDone) {
     TestEnvironment test;
     std::string story;
-    runBusy(
-        *test, "Counting…", [&] { story += "work "; }, [&] { story += "then"; });
+    test.busyWork->run(
+        "Counting…", [&] { story += "work "; }, [&] { story += "then"; });
     EXPECT_EQ(test.appState->busyMessage(), "Counting…");
     EXPECT_EQ(story, "");
     test.scheduler.runBackground();
@@ -26,28 +26,54 @@ TEST(BusyWork, ShowsItsMessageUntilItIsDone) {
 TEST(BusyWork, TellsWhyItFailedAndGoesNoFurther) {
     TestEnvironment test;
     bool hasGoneOn = false;
-    runBusy(
-        *test, "Counting…", [] { throw LocalizedError("That is too much."); },
-        [&] { hasGoneOn = true; });
+    test.busyWork->run(
+        "Counting…", [] { throw LocalizedError("That is too much."); }, [&] { hasGoneOn = true; });
     test.scheduler.runBackground();
     EXPECT_EQ(test.appState->alertMessage(), "That is too much.");
     EXPECT_FALSE(test.appState->busyMessage());
     EXPECT_FALSE(hasGoneOn);
 }
 
-TEST(BusyWork, GoesOnOneAtATime) {
+TEST(BusyWork, GoesOnOneAtATimeAndInOrder) {
     TestEnvironment test;
     std::string story;
-    runBusy(
-        *test, "First…", [&] { story += "1"; }, [] {});
-    runBusy(
-        *test, "Second…", [&] { story += "2"; }, [] {});
-    EXPECT_EQ(test.appState->busyMessage(), "First…");
+    const auto add = [&](const char* name, const std::function<void()>& then) {
+        test.busyWork->run(
+            name, [&story, name] { story += name; }, then);
+    };
+    // The one that is asked for last, out of the first one's end, comes last.
+    add("1", [&] { add("4", [] {}); });
+    add("2", [] {});
+    add("3", [] {});
+    EXPECT_EQ(test.appState->busyMessage(), "1");
     test.scheduler.runBackground();
-    EXPECT_EQ(story, "1");
-    test.scheduler.advance(1);
-    EXPECT_EQ(story, "12");
+    EXPECT_EQ(story, "1234");
     EXPECT_FALSE(test.appState->busyMessage());
+    EXPECT_FALSE(test.busyWork->isBusy());
+}
+
+TEST(BusyWork, GoesOnAfterAFailure) {
+    TestEnvironment test;
+    bool isDone = false;
+    test.busyWork->run(
+        "First…", [] { throw LocalizedError("That is too much."); }, [] {});
+    test.busyWork->run(
+        "Second…", [&] { isDone = true; }, [] {});
+    test.scheduler.runBackground();
+    EXPECT_TRUE(isDone);
+}
+
+TEST(BusyWork, TellsWhenItRests) {
+    TestEnvironment test;
+    std::string story;
+    test.busyWork->whenIdle([&] { story += "idle "; });
+    EXPECT_EQ(story, "idle ");
+    test.busyWork->run(
+        "Counting…", [] {}, [&] { story += "then "; });
+    test.busyWork->whenIdle([&] { story += "idle again"; });
+    EXPECT_TRUE(test.busyWork->isBusy());
+    test.scheduler.runBackground();
+    EXPECT_EQ(story, "idle then idle again");
 }
 
 TEST(WaitUntil, GoesOnAtOnceWhenItIsTime) {

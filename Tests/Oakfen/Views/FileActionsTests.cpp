@@ -77,6 +77,15 @@ TEST_F(FileActionsTest, AimsAtTheSelectedAccount) {
     EXPECT_EQ(session()->accountID, second.id);
 }
 
+TEST_F(FileActionsTest, AimsAtTheAccountThatWasSelectedWhenTheFileWasChosen) {
+    test.appState->setSelection(SidebarItem::account(second.id));
+    importFile("/home/ann/March.csv", statement);
+    test.appState->setSelection(SidebarItem::account(first.id));
+    test.scheduler.runBackground();
+    ASSERT_NE(session(), nullptr);
+    EXPECT_EQ(session()->accountID, second.id);
+}
+
 TEST_F(FileActionsTest, AimsAtTheFirstOpenAccountWhenTheSelectedOneIsGone) {
     test.appState->setSelection(SidebarItem::account(UUID::random()));
     importFile("/home/ann/March.csv", statement);
@@ -172,6 +181,16 @@ TEST_F(FileActionsTest, NeverPutsAnEditorAwayThatWasOpenedMeanwhile) {
     EXPECT_EQ(session()->fileName, "March.csv");
 }
 
+TEST_F(FileActionsTest, ShowsNoReviewOverAQuestion) {
+    importFile("/home/ann/March.csv", statement);
+    test.panels.asks = true;
+    test.scheduler.advance(lookingTime);
+    EXPECT_FALSE(test.appState->sheet());
+    test.panels.asks = false;
+    test.scheduler.advance(lookingTime);
+    EXPECT_NE(session(), nullptr);
+}
+
 TEST_F(FileActionsTest, ShowsNoReviewOverTheLockedScreen) {
     test.defaults.setBoolean(AppState::requireAuthenticationKey, true);
     importFile("/home/ann/March.csv", statement);
@@ -208,9 +227,13 @@ TEST_F(FileActionsTest, SaysWhatCanBeImportedWhenAnotherKindOfFileIsDropped) {
 }
 
 TEST_F(FileActionsTest, TakesNoDroppedFileWhileSomethingElseGoesOn) {
-    test.appState->setBusyMessage("Reading…");
+    test.busyWork->run(
+        "Reading…", [] {}, [] {});
     EXPECT_FALSE(FileActions::canTakeDroppedFiles(*test));
-    test.appState->setBusyMessage(std::nullopt);
+    test.scheduler.runBackground();
+    test.panels.asks = true;
+    EXPECT_FALSE(FileActions::canTakeDroppedFiles(*test));
+    test.panels.asks = false;
     test.appState->setSheet(ActiveSheet{ActiveSheet::NewAccount{}});
     EXPECT_FALSE(FileActions::canTakeDroppedFiles(*test));
     test.appState->setSheet(std::nullopt);

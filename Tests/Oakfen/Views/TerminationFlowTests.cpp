@@ -37,6 +37,32 @@ TEST_F(TerminationFlowTest, SavesWhatStillWaited) {
     EXPECT_TRUE(fileHasTheEdit());
 }
 
+TEST_F(TerminationFlowTest, LetsAnExportComeToItsEnd) {
+    bool isWritten = false;
+    test.busyWork->run(
+        "Saving…", [] {}, [] {});
+    test.busyWork->run(
+        "Saving…", [&] { isWritten = true; }, [] {});
+    flow.requestQuit();
+    flow.requestQuit();
+    EXPECT_EQ(quits, 0);
+    test.scheduler.runBackground();
+    EXPECT_TRUE(isWritten);
+    EXPECT_EQ(quits, 1);
+}
+
+TEST_F(TerminationFlowTest, StaysToTellOfAnExportThatFailed) {
+    test.busyWork->run(
+        "Saving…", [] { throw LocalizedError("The disk is full."); }, [] {});
+    flow.requestQuit();
+    test.scheduler.runBackground();
+    EXPECT_EQ(quits, 0);
+    EXPECT_EQ(test.appState->alertMessage(), "The disk is full.");
+    test.appState->setAlertMessage(std::nullopt);
+    flow.requestQuit();
+    EXPECT_EQ(quits, 1);
+}
+
 TEST_F(TerminationFlowTest, HoldsTheQuitWhenTheSaveFails) {
     edit();
     test.files.failAll(InMemoryFileSystem::Call::open, ENOSPC);
