@@ -12,6 +12,7 @@ public:
     AmountEntry() { show(); }
     explicit AmountEntry(const Decimal& value) : value_(value) { show(); }
 
+    /// Unrounded.
     [[nodiscard]] const Decimal& value() const { return value_; }
     /// Holds and shows another value.
     void setValue(const Decimal& value);

@@ -50,6 +50,14 @@ std::string simplified(std::string_view entry, char decimal) {
     return std::string(trimmingWhitespaces(text));
 }
 
+/// Whether digits stand on both sides of a part of the text, with or without blanks.
+bool isBetweenDigits(std::string_view text, std::size_t start, std::size_t end) {
+    const std::string_view before = trimmingWhitespaces(text.substr(0, start));
+    const std::string_view after = trimmingWhitespaces(text.substr(end));
+    return !before.empty() && isPlainDigit(before.back()) && !after.empty() &&
+           isPlainDigit(after.front());
+}
+
 /// Without currencies' signs and the letters that belong to them: "CA$", "$US", "$ US".
 std::string withoutSigns(std::string text) {
     constexpr std::size_t mostLetters = 3;
@@ -66,10 +74,14 @@ std::string withoutSigns(std::string text) {
                 ++end;
             }
         }
+        if (isBetweenDigits(text, start, end)) {
+            at = end; // "5€50": without it the amount would be another
+            continue;
+        }
         text.erase(start, end - start);
         at = start;
     }
-    return text;
+    return std::string(trimmingWhitespaces(text));
 }
 
 bool isCurrencyCode(std::string_view text) {
@@ -88,10 +100,14 @@ std::string withoutCurrencyNames(const std::string& text, std::string_view local
     std::string_view number = std::string_view(text).substr(start, end - start);
     if (!localName.empty() && number.starts_with(localName)) {
         number.remove_prefix(localName.size());
+        number.remove_prefix(number.starts_with(". ") ? 1 : 0);
     } else if (number.size() > codeLength && isCurrencyCode(number.substr(0, codeLength))) {
         number.remove_prefix(codeLength);
     }
-    if (!localName.empty() && number.ends_with(localName)) {
+    if (const std::string withPoint = std::string(localName) + ".";
+        !localName.empty() && number.ends_with(withPoint)) {
+        number.remove_suffix(withPoint.size());
+    } else if (!localName.empty() && number.ends_with(localName)) {
         number.remove_suffix(localName.size());
     } else if (number.size() > codeLength &&
                isCurrencyCode(number.substr(number.size() - codeLength))) {
@@ -102,6 +118,18 @@ std::string withoutCurrencyNames(const std::string& text, std::string_view local
 
 bool isOneNumber(std::string_view text) {
     return !text.empty() && text.find_first_of("+-*/()") == std::string_view::npos;
+}
+
+/// Without the dash that stands for no cents: "20.–".
+std::string withoutDashForCents(std::string text) {
+    const std::size_t size = text.size();
+    const bool hasDash = size > 2 && text[size - 1] == '-' &&
+                         (text[size - 2] == '.' || text[size - 2] == ',') &&
+                         isPlainDigit(text[size - 3]);
+    if (hasDash) {
+        text.resize(size - 2);
+    }
+    return text;
 }
 
 /// A minus after the number and brackets around it, as statements write them, moved to the front.
@@ -127,7 +155,11 @@ std::string localCurrencyName(char decimal) {
     const std::size_t last = sample.find_last_of(digits);
     const std::string beside = sample.substr(0, first) + sample.substr(last + 1);
     const std::string_view name = trimmingWhitespaces(beside);
-    return name.find('$') == std::string_view::npos ? std::string(name) : std::string();
+    if (name.find('$') != std::string_view::npos) {
+        return {};
+    }
+    // "kr." is typed without its point, too.
+    return std::string(name.ends_with('.') ? name.substr(0, name.size() - 1) : name);
 }
 
 std::string exampleAmount() {
@@ -152,8 +184,8 @@ NumberPunctuation NumberPunctuation::user() {
 
 AmountReading readAmount(std::string_view text, const NumberPunctuation& punctuation) {
     const std::string plain = simplified(text, punctuation.decimal);
-    const std::string entry =
-        withLeadingMinus(withoutCurrencyNames(withoutSigns(plain), punctuation.currency));
+    const std::string entry = withLeadingMinus(
+        withoutDashForCents(withoutCurrencyNames(withoutSigns(plain), punctuation.currency)));
     if (entry.empty()) {
         return {.explanation = "Enter an amount, for example " + exampleAmount() + "."};
     }

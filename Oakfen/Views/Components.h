@@ -47,6 +47,7 @@ struct Metric {
     friend bool operator==(const Metric&, const Metric&) = default;
 };
 
+/// The title in capitals above the amount, and spoken as it stands.
 [[nodiscard]] Metric metric(std::string_view title, const Decimal& amount,
                             std::string_view currencyCode, TextTone tint = TextTone::primary,
                             bool isLarge = false);

@@ -32,10 +32,13 @@ std::vector<Digits> digitRuns(std::string_view text) {
     return runs;
 }
 
-bool holdsLetters(std::string_view text) {
-    return std::ranges::any_of(text, [](char character) {
+/// Letters of ours, or two of any script in a row: a month's name. One alone stands beside a number
+/// in some locales ("г.").
+bool holdsName(std::string_view text) {
+    const bool holdsLetter = std::ranges::any_of(text, [](char character) {
         return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
     });
+    return holdsLetter || holdsWord(text);
 }
 
 /// Nothing for more digits than a year has.
@@ -93,7 +96,7 @@ DateOrder userDateOrder() {
 
 std::optional<CivilTime> readDay(std::string_view text, DateOrder order, const CivilTime& shown) {
     const std::string plain = plainTyping(text);
-    if (holdsLetters(plain)) {
+    if (holdsName(plain)) {
         return std::nullopt;
     }
     std::vector<Digits> runs = digitRuns(plain);

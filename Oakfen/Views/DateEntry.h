@@ -26,6 +26,7 @@ class DateEntry final : public TypedEntry {
 public:
     explicit DateEntry(const Calendar& calendar) : calendar_(calendar) { show(); }
 
+    /// With the record’s time of day.
     [[nodiscard]] Date value() const { return value_; }
     /// Holds and shows the date of a record.
     void setValue(Date value);

@@ -152,8 +152,9 @@ std::vector<std::string> TransactionEditor::payeeSuggestions() const {
     if (term.empty()) {
         return suggestions;
     }
+    const CaseInsensitiveTerm sought(term);
     for (const std::string& payee : environment_.store.index().payees()) {
-        if (payee != term && localizedCaseInsensitiveContains(payee, term)) {
+        if (payee != term && sought.isIn(payee)) {
             suggestions.push_back(payee);
             if (suggestions.size() == mostSuggestions) {
                 break;

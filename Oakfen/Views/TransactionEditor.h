@@ -50,6 +50,7 @@ public:
     void setKind(Kind kind);
 
     [[nodiscard]] bool isNew() const { return !transactionID_; }
+    /// What the sheet is called.
     [[nodiscard]] std::string_view title() const;
     /// What the field of a transfer's other account is called.
     [[nodiscard]] std::string_view transferTitle() const;
@@ -65,12 +66,17 @@ public:
     /// Fills a new entry in as the payee's latest one was. Whether there was one to follow.
     bool applyMemorizedPayee();
 
+    /// Begins two lines anew, the first with the category and the amount.
     void splitAcrossCategories();
+    /// Adds an empty line.
     void addSplitLine();
+    /// Takes the line of that id away.
     void removeSplitLine(const UUID& id);
+    /// Goes back to one category, that of the first line, for the sum of the lines.
     void removeSplits();
     /// The line of that id; null when there is none.
     [[nodiscard]] SplitDraft* splitLine(const UUID& id);
+    /// The sum of the lines.
     [[nodiscard]] Decimal splitsTotal() const;
     /// How far the lines are from the amount that is being split; empty when they meet it, or when
     /// nobody named one.
@@ -79,6 +85,7 @@ public:
     /// Why the draft can't be saved yet; empty when it can.
     [[nodiscard]] std::string_view obstacle() const;
     [[nodiscard]] bool canSave() const { return obstacle().empty(); }
+    /// Enters the draft; nothing without an account.
     void save();
     /// Empties the form for the next entry of the same account on the same day.
     void startNext();

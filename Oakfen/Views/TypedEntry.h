@@ -12,6 +12,7 @@ class TypedEntry {
 public:
     virtual ~TypedEntry() = default;
 
+    /// What the field shows.
     [[nodiscard]] const std::string& text() const { return text_; }
     /// Why the text can't be read; empty while it can.
     [[nodiscard]] const std::string& explanation() const { return explanation_; }

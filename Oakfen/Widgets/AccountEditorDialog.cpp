@@ -111,9 +111,12 @@ void AccountEditorDialog::addBalanceFields() {
     form_->addRow(QString(), openingBalanceHint_);
 
     openingDate_->setMaximumWidth(amountWidth);
-    openingDate_->setToolTip(tr("The day of the opening balance"));
+    openingDate_->setPurpose(tr("The day of the opening balance"));
     openingDate_->setValue(editor_.draft.openingDate);
-    openingDate_->edited = [this] { editor_.draft.openingDate = openingDate_->value(); };
+    openingDate_->edited = [this] {
+        editor_.draft.openingDate = openingDate_->value();
+        setProblem({});
+    };
     form_->addRow(tr("As Of"), openingDate_);
 }
 

@@ -196,7 +196,13 @@ void SplitRowsWidget::arrange() {
     while (last->focusPolicy() == Qt::NoFocus) {
         last = last->previousInFocusChain();
     }
+    int number = 0;
     for (const Row& row : rows_) {
+        const QString line = tr("Split Line %1").arg(++number);
+        row.frame->setAccessibleName(line);
+        row.memo->setAccessibleDescription(line);
+        row.amount->setPurpose(line);
+        row.remove->setAccessibleDescription(line);
         for (QWidget* each :
              {static_cast<QWidget*>(row.category), static_cast<QWidget*>(row.memo),
               static_cast<QWidget*>(row.amount), static_cast<QWidget*>(row.remove)}) {

@@ -89,8 +89,11 @@ void TransactionEditorDialog::addFirstFields() {
     form_->addRow(tr("Account"), account_);
 
     date_->setMaximumWidth(shortWidth);
-    date_->setToolTip(tr("The day of the entry"));
-    date_->edited = [this] { editor_.draft.date = date_->value(); };
+    date_->setPurpose(tr("The day of the entry"));
+    date_->edited = [this] {
+        editor_.draft.date = date_->value();
+        setProblem({});
+    };
     form_->addRow(tr("Date"), date_);
 
     payee_->setToolTip(editor_.isNew()
@@ -232,6 +235,10 @@ bool TransactionEditorDialog::answerReturnInPayee() {
 }
 
 bool TransactionEditorDialog::applyMemorizedPayee() {
+    // All fields are written anew, which would wipe out a text that can't be read yet.
+    if (editor_.isNew() && !finishFields()) {
+        return true;
+    }
     if (!editor_.applyMemorizedPayee()) {
         return false;
     }
@@ -256,6 +263,9 @@ void TransactionEditorDialog::startSplitting() {
 }
 
 void TransactionEditorDialog::stopSplitting() {
+    if (!finishFields()) {
+        return;
+    }
     editor_.removeSplits();
     showDraft();
     category_->setFocus(Qt::OtherFocusReason);
@@ -273,6 +283,8 @@ void TransactionEditorDialog::keyPressEvent(QKeyEvent* event) {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isReturn && (event->modifiers() & ~Qt::KeypadModifier) == Qt::ControlModifier) {
         saveAndStartNext();
+    } else if (isReturn && !editor_.canSave() && !isOnButton()) {
+        tellObstacle();
     } else {
         SheetScaffold::keyPressEvent(event);
     }
@@ -283,7 +295,7 @@ void TransactionEditorDialog::saveAndStartNext() {
         return;
     }
     if (!editor_.canSave()) {
-        setProblem(qt(editor_.obstacle()));
+        tellObstacle();
         return;
     }
     if (!editor_.isNew()) {
@@ -295,7 +307,13 @@ void TransactionEditorDialog::saveAndStartNext() {
     appliedPayee_.clear();
     setSubtitle(qt(editor_.savedText()));
     showDraft();
+    // Heard when the field gets the focus.
+    payee_->setAccessibleDescription(qt(editor_.savedText()));
     payee_->setFocus(Qt::TabFocusReason);
+}
+
+void TransactionEditorDialog::tellObstacle() {
+    setProblem(qt(editor_.obstacle()));
 }
 
 } // namespace oakfen

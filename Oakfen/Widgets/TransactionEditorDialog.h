@@ -57,6 +57,8 @@ private:
     void startSplitting();
     void stopSplitting();
     void saveAndStartNext();
+    /// Says why the draft can’t be saved.
+    void tellObstacle();
 
     AppEnvironment& environment_;
     TransactionEditor editor_;

@@ -37,25 +37,44 @@ UChar32 plainCharacter(UChar32 character) {
     }
 }
 
-} // namespace
-
-std::string plainTyping(std::string_view text) {
-    std::string plain;
-    plain.reserve(text.size());
+template <typename Take>
+void forEachCodePoint(std::string_view text, Take&& take) {
     const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
     const auto length = static_cast<std::int32_t>(text.size());
     for (std::int32_t position = 0; position < length;) {
         UChar32 character = 0;
         U8_NEXT_OR_FFFD(bytes, position, length, character);
-        character = plainCharacter(character);
+        take(character);
+    }
+}
+
+} // namespace
+
+bool holdsWord(std::string_view text) {
+    constexpr std::uint32_t lettersAndTheirMarks = U_GC_L_MASK | U_GC_M_MASK;
+    bool holds = false;
+    bool isAfterLetter = false;
+    forEachCodePoint(text, [&](UChar32 character) {
+        const bool isLetter = (U_GET_GC_MASK(character) & lettersAndTheirMarks) != 0;
+        holds = holds || (isAfterLetter && isLetter);
+        isAfterLetter = isLetter;
+    });
+    return holds;
+}
+
+std::string plainTyping(std::string_view text) {
+    std::string plain;
+    plain.reserve(text.size());
+    forEachCodePoint(text, [&](UChar32 typed) {
+        const UChar32 character = plainCharacter(typed);
         if (character == 0) {
-            continue;
+            return;
         }
         char encoded[U8_MAX_LENGTH] = {};
         std::int32_t count = 0;
         U8_APPEND_UNSAFE(encoded, count, character);
         plain.append(encoded, static_cast<std::size_t>(count));
-    }
+    });
     return plain;
 }
 

@@ -11,6 +11,9 @@ namespace oakfen {
 /// left out; everything else stays as it is.
 [[nodiscard]] std::string plainTyping(std::string_view text);
 
+/// Whether two letters of any script stand side by side.
+[[nodiscard]] bool holdsWord(std::string_view text);
+
 /// Whether the character is one of the digits that `plainTyping` gives.
 [[nodiscard]] constexpr bool isPlainDigit(char character) noexcept {
     return character >= '0' && character <= '9';

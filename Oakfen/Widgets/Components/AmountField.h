@@ -10,7 +10,9 @@ class AmountField final : public EntryField {
 public:
     explicit AmountField(const QString& title, QWidget* parent = nullptr);
 
+    /// What the text stands for, or stood for before it could not be read.
     [[nodiscard]] const Decimal& value() const { return entry_.value(); }
+    /// Shows another value.
     void setValue(const Decimal& value);
     /// The width in which all of a usual amount, or of the present one if that is longer, is seen.
     [[nodiscard]] int neededWidth() const;

@@ -11,6 +11,7 @@ class BudgetBarWidget final : public QWidget {
 public:
     explicit BudgetBarWidget(double fraction = 0, QWidget* parent = nullptr);
 
+    /// Fills the bar so far; 1 is all of it.
     void setFraction(double fraction);
 
     [[nodiscard]] QSize sizeHint() const override;

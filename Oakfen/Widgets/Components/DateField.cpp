@@ -12,6 +12,13 @@
 
 namespace oakfen {
 
+namespace {
+
+/// Room for any date; keeps a wrong paste from being a novel.
+constexpr int greatestLength = 64;
+
+} // namespace
+
 DateField::DateField(const QString& title, const Calendar& calendar, QWidget* parent)
     : EntryField(title, tr("Up and down change the day; Alt+Down opens a calendar"), parent),
       entry_(calendar) {
@@ -20,6 +27,7 @@ DateField::DateField(const QString& title, const Calendar& calendar, QWidget* pa
     open->setText(tr("Choose in a Calendar"));
     open->setToolTip(tr("Choose in a calendar (Alt+Down)"));
     connect(open, &QAction::triggered, this, [this] { openCalendar(); });
+    setMaxLength(greatestLength);
     showEntry();
 }
 

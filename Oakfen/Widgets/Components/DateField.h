@@ -14,7 +14,9 @@ class DateField final : public EntryField {
 public:
     DateField(const QString& title, const Calendar& calendar, QWidget* parent = nullptr);
 
+    /// What the text stands for, or stood for before it could not be read.
     [[nodiscard]] oakfen::Date value() const { return entry_.value(); }
+    /// Shows another date.
     void setValue(oakfen::Date value);
 
     /// Lets the person choose the day in a month's sheet beneath the field.

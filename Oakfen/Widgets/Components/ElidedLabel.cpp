@@ -1,5 +1,7 @@
 #include "Oakfen/Widgets/Components/ElidedLabel.h"
 
+#include "Oakfen/Widgets/Bridge.h"
+
 namespace oakfen {
 
 ElidedLabel::ElidedLabel(TextStyle style, ThemeColor role, QWidget* parent) : QLabel(parent) {
@@ -23,10 +25,7 @@ void ElidedLabel::resizeEvent(QResizeEvent* event) {
 void ElidedLabel::elide() {
     const QString fitting = fontMetrics().elidedText(whole_, Qt::ElideRight, width());
     setText(fitting);
-    // Marked as rich text, so that the text is escaped and not read as markup.
-    setToolTip(fitting == whole_
-                   ? QString()
-                   : QStringLiteral("<qt>") + whole_.toHtmlEscaped() + QStringLiteral("</qt>"));
+    setToolTip(fitting == whole_ ? QString() : plainToolTip(whole_));
 }
 
 } // namespace oakfen

@@ -10,20 +10,20 @@
 
 namespace oakfen {
 
-namespace {
-
-/// Whether the field still is where the keyboard belongs, beneath a menu or another window.
 bool isMomentary(const QFocusEvent& event) {
     return event.reason() == Qt::PopupFocusReason || event.reason() == Qt::ActiveWindowFocusReason;
 }
-
-} // namespace
 
 EntryField::EntryField(const QString& title, QString help, QWidget* parent)
     : QLineEdit(parent), help_(std::move(help)) {
     setAccessibleName(title);
     // However the text came: typed, pasted, or set by an assistant.
     connect(this, &QLineEdit::textChanged, this, [this](const QString& text) { readText(text); });
+}
+
+void EntryField::setPurpose(const QString& purpose) {
+    purpose_ = purpose;
+    showState();
 }
 
 QString EntryField::explanation() const {
@@ -43,8 +43,15 @@ void EntryField::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     if (!isEntered_) {
         isEntered_ = true;
-        // After the click that gave the focus, which would take the selection away again.
-        QTimer::singleShot(0, this, &QLineEdit::selectAll);
+        selectAll();
+        if (event->reason() == Qt::MouseFocusReason) {
+            // Once more after the click, which takes the selection away; not over what was typed.
+            QTimer::singleShot(0, this, [this, shown = text()] {
+                if (text() == shown) {
+                    selectAll();
+                }
+            });
+        }
     }
 }
 
@@ -64,8 +71,10 @@ void EntryField::readText(const QString& text) {
 }
 
 void EntryField::showState() {
-    setToolTip(isReadable() ? help_ : explanation());
-    setAccessibleDescription(toolTip());
+    const QString help =
+        purpose_.isEmpty() ? help_ : purpose_ + QStringLiteral(". ") + help_ + QLatin1Char('.');
+    setToolTip(isReadable() ? help : plainToolTip(explanation()));
+    setAccessibleDescription(isReadable() ? help : explanation());
     if (property("invalid").toBool() == isReadable()) {
         Theme::setTrait(*this, "invalid", !isReadable());
     }

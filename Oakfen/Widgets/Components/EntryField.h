@@ -7,6 +7,10 @@
 
 namespace oakfen {
 
+/// Whether a field that lost the focus so still is where the keyboard belongs, beneath a menu or
+/// another window.
+[[nodiscard]] bool isMomentary(const QFocusEvent& event);
+
 /// A field for a value that is typed as text: shows it in its usual form, selects it all when it
 /// is entered, and marks a text that can't be read and says why.
 class EntryField : public QLineEdit {
@@ -16,11 +20,14 @@ public:
     /// Why not; empty while it does.
     [[nodiscard]] QString explanation() const;
 
+    /// What the tooltip says of the field while all is well, before how it is used.
+    void setPurpose(const QString& purpose);
+
     /// Called after each change by the person.
     std::function<void()> edited = [] {};
 
 protected:
-    /// `help` is what the tooltip says while all is well.
+    /// `help` is how the field is used.
     EntryField(const QString& title, QString help, QWidget* parent);
 
     [[nodiscard]] virtual const TypedEntry& entry() const = 0;
@@ -38,6 +45,7 @@ private:
     void readText(const QString& text);
     void showState();
 
+    QString purpose_;
     QString help_;
     /// Since the person came to the field, whichever windows and menus came before it meanwhile.
     bool isEntered_ = false;

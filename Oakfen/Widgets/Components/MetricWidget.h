@@ -15,6 +15,7 @@ class MetricWidget final : public QWidget {
 public:
     explicit MetricWidget(const Metric& metric, QWidget* parent = nullptr);
 
+    /// Shows another figure.
     void setMetric(const Metric& metric);
 
 private:

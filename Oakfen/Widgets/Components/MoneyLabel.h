@@ -12,9 +12,12 @@ class MoneyLabel final : public QWidget {
 public:
     explicit MoneyLabel(TextStyle style = TextStyle::body, QWidget* parent = nullptr);
 
+    /// Shows another amount.
     void setMoney(const MoneyText& money);
     [[nodiscard]] const MoneyText& money() const { return money_; }
+    /// Shows it in another size and weight.
     void setStyle(TextStyle style);
+    /// At the left, or at the right of the room that it has.
     void setAlignment(Qt::Alignment alignment);
 
     [[nodiscard]] QSize sizeHint() const override;

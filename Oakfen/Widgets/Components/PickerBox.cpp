@@ -5,11 +5,13 @@
 #include <QCompleter>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QSignalBlocker>
 #include <QStandardItemModel>
 #include <QWheelEvent>
 #include <algorithm>
 
 #include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/Components/EntryField.h"
 #include "Oakfen/Widgets/Theme.h"
 
 namespace oakfen {
@@ -66,9 +68,9 @@ void PickerBox::choose(const std::optional<UUID>& id) {
     showBeginning();
 }
 
-void PickerBox::takeTypedText() {
+bool PickerBox::takeTypedText() {
     if (currentText() == itemText(currentIndex())) {
-        return;
+        return true;
     }
     const int row = rowOf(currentText().trimmed());
     const bool isChange = row >= 0 && row != currentIndex();
@@ -80,6 +82,7 @@ void PickerBox::takeTypedText() {
     if (isChange) {
         chosen();
     }
+    return row >= 0;
 }
 
 void PickerBox::setPrompt(const QString& prompt) {
@@ -125,10 +128,25 @@ void PickerBox::takeMatch() {
     }
 }
 
-void PickerBox::focusOutEvent(QFocusEvent* event) {
-    if (event->reason() != Qt::PopupFocusReason) {
-        takeTypedText();
+void PickerBox::keyPressEvent(QKeyEvent* event) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    // Before the toolkit does it, which would take a header of that title too. A text that means
+    // no row goes back to the choice, for the person to see before the sheet is saved with it.
+    if (isReturn && !takeTypedText()) {
+        event->accept();
+        return;
     }
+    QComboBox::keyPressEvent(event);
+}
+
+void PickerBox::focusOutEvent(QFocusEvent* event) {
+    if (isMomentary(*event)) {
+        // What is half typed stays so; the toolkit would take it for finished.
+        const QSignalBlocker blocker(lineEdit());
+        QComboBox::focusOutEvent(event);
+        return;
+    }
+    takeTypedText();
     QComboBox::focusOutEvent(event);
 }
 

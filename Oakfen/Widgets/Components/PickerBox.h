@@ -22,8 +22,9 @@ public:
     /// Chooses the row of that id, or no row when there is none.
     void choose(const std::optional<UUID>& id);
 
-    /// Takes the row that the typed text means, if any; else goes back to the choice that was.
-    void takeTypedText();
+    /// Takes the row that the typed text means; else goes back to the choice that was. Whether the
+    /// text meant one.
+    bool takeTypedText();
 
     /// Called when the person has chosen.
     std::function<void()> chosen = [] {};
@@ -33,6 +34,7 @@ protected:
     void setPrompt(const QString& prompt);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 

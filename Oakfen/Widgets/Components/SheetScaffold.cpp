@@ -1,6 +1,7 @@
 #include "Oakfen/Widgets/Components/SheetScaffold.h"
 
 #include <QFormLayout>
+#include <QKeyEvent>
 #include <QPointer>
 
 #include "Oakfen/Widgets/Bridge.h"
@@ -16,6 +17,8 @@ QLabel* makeLabel(TextStyle style, ThemeColor color) {
     auto* label = new QLabel;
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
+    // A name or a pasted text may be one word that is wider than the screen.
+    label->setMinimumWidth(1);
     Theme::setText(*label, style, color);
     return label;
 }
@@ -31,8 +34,6 @@ SheetScaffold::SheetScaffold(Panels& panels, const QString& title, const QString
     setWindowModality(Qt::WindowModal);
     setWindowTitle(title);
     title_->setText(title);
-    // The name of a file may be one word that is wider than the screen.
-    title_->setMinimumWidth(1);
     subtitle_->hide();
     problem_->hide();
     problem_->setContentsMargins(0, 0, 0, Theme::grid);
@@ -93,6 +94,30 @@ QFormLayout* SheetScaffold::addForm() {
 void SheetScaffold::setProblem(const QString& text) {
     problem_->setText(text);
     problem_->setVisible(!text.isEmpty());
+    // Who can't see the line hears it where the keyboard is.
+    if (toldBy_ != nullptr) {
+        toldBy_->setAccessibleDescription(toldInsteadOf_);
+    }
+    toldBy_ = text.isEmpty() ? nullptr : focusWidget();
+    if (toldBy_ != nullptr) {
+        toldInsteadOf_ = toldBy_->accessibleDescription();
+        toldBy_->setAccessibleDescription(text);
+    }
+}
+
+bool SheetScaffold::isOnButton() const {
+    const auto* button = qobject_cast<const QPushButton*>(focusWidget());
+    return button != nullptr && !button->isCheckable();
+}
+
+void SheetScaffold::keyPressEvent(QKeyEvent* event) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && isOnButton()) {
+        // The sheet's own button would save what the person is about to cancel.
+        qobject_cast<QPushButton*>(focusWidget())->click();
+        return;
+    }
+    QDialog::keyPressEvent(event);
 }
 
 void SheetScaffold::showEvent(QShowEvent* event) {
@@ -119,14 +144,15 @@ bool SheetScaffold::finishFields() {
     if (field == nullptr) {
         return true;
     }
-    setProblem(field->accessibleName() + QStringLiteral(": ") + field->explanation());
     field->setFocus(Qt::OtherFocusReason);
+    setProblem(field->accessibleName() + QStringLiteral(": ") + field->explanation());
     field->selectAll();
     return false;
 }
 
 void SheetScaffold::savePressed() {
-    if (finishFields()) {
+    // What was still being typed may have changed whether the draft can be saved.
+    if (finishFields() && primary_->isEnabled()) {
         save();
         accept();
     }

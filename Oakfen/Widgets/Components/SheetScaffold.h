@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QPointer>
 
 #include "Oakfen/Panels.h"
 
@@ -35,6 +36,10 @@ protected:
     virtual void performDestructiveAction() {}
 
     void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+    /// Whether the keyboard is on a button that Return presses.
+    [[nodiscard]] bool isOnButton() const;
 
     void setSubtitle(const QString& subtitle);
     void setCanSave(bool canSave);
@@ -69,6 +74,9 @@ private:
     QPushButton* cancel_;
     QPushButton* primary_;
     QPushButton* destructive_ = nullptr;
+    /// The field that tells of the problem, and its description without one.
+    QPointer<QWidget> toldBy_;
+    QString toldInsteadOf_;
 };
 
 } // namespace oakfen

@@ -93,6 +93,21 @@ TEST(AmountReading, TakesAMinusOnEitherSide) {
     EXPECT_EQ(read("\u200E-12.50"), "-12.5");
 }
 
+TEST(AmountReading, TakesADashInPlaceOfTheCentsForNone) {
+    EXPECT_EQ(read("20.\u2013"), "20");
+    EXPECT_EQ(read("20,-"), "20");
+    EXPECT_EQ(read("1.250,\u2014", german), "1250");
+    EXPECT_EQ(read("CHF 20.\u2013"), "20");
+    EXPECT_EQ(read("20,\u2013 €", german), "20");
+    EXPECT_EQ(read("-20.\u2013"), "-20");
+}
+
+TEST(AmountReading, RefusesACurrencySignBetweenDigits) {
+    EXPECT_EQ(read("5€50"), "?");
+    EXPECT_EQ(read("12$50"), "?");
+    EXPECT_EQ(read("5 $ 500"), "?");
+}
+
 TEST(AmountReading, RefusesTwoMinuses) {
     EXPECT_EQ(read("-12.50-"), "?");
     EXPECT_EQ(read("--12"), "?");
@@ -128,6 +143,14 @@ TEST(AmountReading, TakesTheCurrencyOfThePlaceByItsName) {
     EXPECT_EQ(read("-5 kr", swedish), "-5");
     EXPECT_EQ(read("kr 5", swedish), "5");
     EXPECT_EQ(read("5 kr"), "?");
+}
+
+TEST(AmountReading, TakesTheNameOfACurrencyWithItsPointAndWithout) {
+    NumberPunctuation danish{.decimal = ',', .grouping = '.', .currency = "kr"};
+    EXPECT_EQ(read("5 kr", danish), "5");
+    EXPECT_EQ(read("5,50 kr.", danish), "5.5");
+    EXPECT_EQ(read("kr. 5", danish), "5");
+    EXPECT_EQ(read("kr 5", danish), "5");
 }
 
 TEST(AmountReading, TakesTheDigitsOfEveryScript) {

@@ -51,6 +51,9 @@ TEST(DateReading, TakesAnythingButLettersBetweenTheParts) {
     EXPECT_EQ(read("2026年4月5日"), "2026-4-5");
     EXPECT_EQ(read("2026-04-05T10"), "?");
     EXPECT_EQ(read("April 5"), "?");
+    EXPECT_EQ(read("5 мая"), "?");
+    EXPECT_EQ(read("5 Μαΐου 2026"), "?");
+    EXPECT_EQ(read("\u0665 مايو"), "?");
 }
 
 TEST(DateReading, TakesEightDigitsWithoutAnythingBetweenThem) {

@@ -94,6 +94,28 @@ TEST_F(Pickers, NeverTakeAHeader) {
     EXPECT_EQ(accounts->currentText(), QStringLiteral("Savings"));
 }
 
+TEST_F(Pickers, NeverTakeAHeaderWithReturn) {
+    accounts->choose(savings);
+    accounts->lineEdit()->selectAll();
+    QTest::keyClicks(accounts, QStringLiteral("Banking"));
+    accounts->completer()->popup()->hide();
+    QTest::keyClick(accounts, Qt::Key_Return);
+    EXPECT_EQ(accounts->chosenID(), savings);
+    EXPECT_EQ(accounts->currentText(), QStringLiteral("Savings"));
+    EXPECT_EQ(changes, 0);
+}
+
+TEST_F(Pickers, LeaveHalfATextBeneathAnotherWindow) {
+    accounts->choose(savings);
+    accounts->lineEdit()->selectAll();
+    QTest::keyClicks(accounts, QStringLiteral("vi"));
+    accounts->completer()->popup()->hide();
+    QFocusEvent toAnotherWindow(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+    QApplication::sendEvent(accounts, &toAnotherWindow);
+    EXPECT_EQ(accounts->currentText(), QStringLiteral("vi"));
+    EXPECT_EQ(accounts->chosenID(), savings);
+}
+
 TEST_F(Pickers, GoBackToTheChoiceWhenTheTextMeansNone) {
     categories->choose(groceries);
     enter(*categories, "nothing of the kind");

@@ -33,12 +33,26 @@ public:
         name->setFocus();
     }
 
+    [[nodiscard]] QPushButton* cancel() const { return button("Cancel"); }
+    [[nodiscard]] QPushButton* primary() const { return button("Save"); }
+
     using SheetScaffold::setCanSave;
+    using SheetScaffold::setProblem;
     using SheetScaffold::setSubtitle;
 
     QLineEdit* name = new QLineEdit;
     AmountField* amount = new AmountField(QStringLiteral("Target"));
     std::string done;
+
+private:
+    [[nodiscard]] QPushButton* button(const char* text) const {
+        for (QPushButton* each : findChildren<QPushButton*>()) {
+            if (each->text() == QString::fromUtf8(text)) {
+                return each;
+            }
+        }
+        return nullptr;
+    }
 
 protected:
     void save() override { done += isVisible() ? "saves " : "saves too late "; }
@@ -62,6 +76,45 @@ protected:
 };
 
 } // namespace
+
+TEST_F(Scaffold, PressesTheButtonThatHasTheKeyboardWithReturn) {
+    NotingSheet sheet(panels);
+    sheet.cancel()->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(sheet.cancel(), Qt::Key_Return);
+    EXPECT_FALSE(sheet.isVisible());
+    EXPECT_EQ(sheet.done, "");
+}
+
+TEST_F(Scaffold, StaysNarrowWhenTheProblemQuotesALongWord) {
+    NotingSheet sheet(panels);
+    sheet.amount->setText(QString(250, QLatin1Char('x')));
+    sheet.amount->setFocus();
+    QTest::keyClick(sheet.amount, Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_TRUE(sheet.isVisible());
+    EXPECT_LT(sheet.width(), 800);
+}
+
+TEST_F(Scaffold, TellsTheProblemWhereTheKeyboardIsForAsLongAsThereIsOne) {
+    NotingSheet sheet(panels);
+    sheet.name->setAccessibleDescription(QStringLiteral("What it is for"));
+    sheet.setProblem(QStringLiteral("Enter a name."));
+    EXPECT_EQ(sheet.name->accessibleDescription(), QStringLiteral("Enter a name."));
+    sheet.setProblem({});
+    EXPECT_EQ(sheet.name->accessibleDescription(), QStringLiteral("What it is for"));
+}
+
+TEST_F(Scaffold, DoesNotSaveWhatItMayNotSaveAnyMore) {
+    NotingSheet sheet(panels);
+    sheet.setCanSave(false);
+    sheet.primary()->setEnabled(true);
+    QObject::connect(sheet.primary(), &QPushButton::pressed, &sheet,
+                     [&sheet] { sheet.setCanSave(false); });
+    Q_EMIT sheet.primary()->pressed();
+    Q_EMIT sheet.primary()->clicked();
+    EXPECT_EQ(sheet.done, "");
+    EXPECT_TRUE(sheet.isVisible());
+}
 
 TEST_F(Scaffold, ShowsItsTitleAndASubtitleIfThereIsOne) {
     NotingSheet sheet(panels);
@@ -152,6 +205,7 @@ TEST_F(Scaffold, GoesToAFieldThatCannotBeReadInsteadOfSaving) {
     EXPECT_TRUE(sheet.amount->hasFocus());
     EXPECT_TRUE(tells(sheet, ("Target: " + utf8(sheet.amount->explanation())).c_str()));
     sheet.amount->hide();
+    sheet.name->setFocus();
     QTest::keyClick(sheet.name, Qt::Key_Return);
     EXPECT_EQ(sheet.done, "saves ");
 }

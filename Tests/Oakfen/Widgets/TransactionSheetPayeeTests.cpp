@@ -23,6 +23,20 @@ TEST_F(TransactionSheetPayee, ReturnFillsInAKnownPayeeAndThenSaves) {
     EXPECT_EQ(last().categoryID, food.id);
 }
 
+TEST_F(TransactionSheetPayee, FillsNothingInOverADateThatCannotBeRead) {
+    openNew();
+    auto* date = named<DateField>("Date");
+    date->setText(QStringLiteral("31/02/2026"));
+    type("Corner Shop");
+    press(Qt::Key_Return);
+    if (payeeList()->isVisible()) {
+        press(Qt::Key_Return);
+    }
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(date->text(), QStringLiteral("31/02/2026"));
+    EXPECT_EQ(entryCount(), 1U);
+}
+
 TEST_F(TransactionSheetPayee, ReturnInAFilledInPayeeSaves) {
     openNew();
     type("corner shop");

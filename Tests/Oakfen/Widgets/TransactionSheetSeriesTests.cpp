@@ -56,6 +56,26 @@ TEST_F(TransactionSheetSeries, CtrlReturnSaysWhatIsMissing) {
     EXPECT_FALSE(tells("Enter a payee."));
 }
 
+TEST_F(TransactionSheetSeries, ReturnSaysWhatIsMissingToo) {
+    openNew();
+    tabTo("Memo");
+    press(Qt::Key_Return);
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_TRUE(tells("Enter a payee."));
+}
+
+TEST_F(TransactionSheetSeries, ReturnAfterACategoryThatThereIsNotShowsTheChoiceFirst) {
+    openEdit(shop.id);
+    tabTo("Category");
+    type("Grocerys");
+    press(Qt::Key_Return);
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(named<CategoryPicker>("Category")->currentText(), QStringLiteral("Food"));
+    press(Qt::Key_Return);
+    EXPECT_FALSE(dialog->isVisible());
+    EXPECT_EQ(stored(shop.id).categoryID, food.id);
+}
+
 TEST_F(TransactionSheetSeries, CtrlReturnInAnExistingEntrySavesAndCloses) {
     openEdit(shop.id);
     tabTo("Memo");

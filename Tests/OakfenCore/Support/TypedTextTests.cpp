@@ -4,6 +4,17 @@
 
 namespace oakfen {
 
+TEST(HoldsWord, FindsTwoLettersOfAnyScriptInARow) {
+    EXPECT_TRUE(holdsWord("5 мая"));
+    EXPECT_TRUE(holdsWord("5 Μαΐου"));
+    EXPECT_TRUE(holdsWord("٥ مايو"));
+    EXPECT_TRUE(holdsWord("ab"));
+    EXPECT_FALSE(holdsWord("2026年4月5日"));
+    EXPECT_FALSE(holdsWord("5.4.2026 г."));
+    EXPECT_FALSE(holdsWord("2026-04-05"));
+    EXPECT_FALSE(holdsWord(""));
+}
+
 TEST(PlainTyping, LeavesASCIIAndLettersAsTheyAre) {
     EXPECT_EQ(plainTyping("12.50 + 3*(2) CAD"), "12.50 + 3*(2) CAD");
     EXPECT_EQ(plainTyping("Café 家"), "Café 家");
