@@ -14,6 +14,7 @@ namespace oakfen {
 /// finds out sooner.
 class DayChange {
 public:
+    /// Both must outlive it.
     DayChange(const Clock& clock, Scheduler& scheduler);
     DayChange(const DayChange&) = delete;
     DayChange& operator=(const DayChange&) = delete;

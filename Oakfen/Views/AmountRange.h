@@ -4,11 +4,12 @@
 
 namespace oakfen {
 
-/// The span of the amounts in a column: what its widest text can be is the text of either end.
+/// The span of the amounts in a column, and of zero: the widest text there is that of either end.
 struct AmountRange {
     Decimal least;
     Decimal greatest;
 
+    /// Widens the span so that it holds the amount too.
     void include(const Decimal& amount) {
         if (amount < least) {
             least = amount;

@@ -32,6 +32,7 @@ public:
     /// the document or the date changes.
     [[nodiscard]] const std::vector<const Transaction*>& rows() const;
 
+    /// The balance of the last reconciliation.
     [[nodiscard]] Decimal reconciled() const;
     /// What is reconciled and the ticked rows together. Worked out once after each change.
     [[nodiscard]] Decimal clearedTotal() const;
@@ -39,6 +40,7 @@ public:
     [[nodiscard]] Decimal difference() const;
 
     [[nodiscard]] bool isChecked(const UUID& id) const { return checked_.contains(id); }
+    /// Ticks the entry, or takes its tick away.
     void setChecked(const UUID& id, bool isChecked);
     /// Ticks exactly the rows that are shown.
     void markAll();

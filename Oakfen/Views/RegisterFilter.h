@@ -59,4 +59,19 @@ private:
     std::unordered_map<std::string_view, bool> answers_;
 };
 
+/// Answers for many rows whether a filter and a search let them be seen. The rows must outlive it.
+class RegisterRowTest {
+public:
+    RegisterRowTest(RegisterFilterTest filter, std::string_view searchText)
+        : filter_(filter), search_(searchText) {}
+
+    [[nodiscard]] bool shows(const RegisterRow& row) {
+        return filter_.keeps(row) && (!search_.isActive() || search_.finds(row));
+    }
+
+private:
+    RegisterFilterTest filter_;
+    RegisterSearch search_;
+};
+
 } // namespace oakfen

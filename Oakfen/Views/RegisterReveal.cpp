@@ -17,13 +17,13 @@ std::optional<UUID> RegisterView::reveal(const UUID& id) {
     if (saved == nullptr) {
         return std::nullopt;
     }
-    if (isShown(*saved)) {
+    if (rowTest().shows(*saved)) {
         selection = {leg};
         return leg;
     }
-    if (hidden_.filter != filter || hidden_.searchText != searchText) {
-        hidden_ = {.filter = filter, .searchText = searchText};
-    }
+    forgetHiddenIfChanged();
+    hidden_.filter = filter;
+    hidden_.searchText = searchText;
     if (std::ranges::find(hidden_.ids, leg) == hidden_.ids.end()) {
         hidden_.ids.push_back(leg);
     }
@@ -44,6 +44,12 @@ std::optional<std::string> RegisterView::hiddenNotice() const {
            " hidden by the " + by + ".";
 }
 
+void RegisterView::forgetHiddenIfChanged() {
+    if (hidden_.filter != filter || hidden_.searchText != searchText) {
+        hidden_ = {};
+    }
+}
+
 std::optional<UUID> RegisterView::showHidden() {
     const std::vector<UUID> ids = stillHidden();
     filter = RegisterFilter::all;
@@ -61,21 +67,22 @@ const RegisterRow* RegisterView::row(const UUID& id) const {
     return found == rows().end() ? nullptr : &*found;
 }
 
-bool RegisterView::isShown(const RegisterRow& row) const {
-    RegisterSearch search(searchText);
-    return RegisterFilterTest(filter, environment_.clock.now(), environment_.clock.calendar())
-               .keeps(row) &&
-           (!search.isActive() || search.finds(row));
-}
-
 std::vector<UUID> RegisterView::stillHidden() const {
-    std::vector<UUID> ids;
-    if (hidden_.filter == filter && hidden_.searchText == searchText) {
-        std::ranges::copy_if(hidden_.ids, std::back_inserter(ids), [this](const UUID& id) {
-            const RegisterRow* saved = row(id);
-            return saved != nullptr && !isShown(*saved);
-        });
+    if (hidden_.ids.empty() || hidden_.filter != filter || hidden_.searchText != searchText) {
+        return {};
     }
+    // One pass through the rows, of which there may be as many as a person has ever entered.
+    const UUIDSet saved(hidden_.ids.begin(), hidden_.ids.end());
+    UUIDSet hidden;
+    RegisterRowTest test = rowTest();
+    for (const RegisterRow& row : rows()) {
+        if (saved.contains(row.id) && !test.shows(row)) {
+            hidden.insert(row.id);
+        }
+    }
+    std::vector<UUID> ids;
+    std::ranges::copy_if(hidden_.ids, std::back_inserter(ids),
+                         [&](const UUID& id) { return hidden.contains(id); });
     return ids;
 }
 

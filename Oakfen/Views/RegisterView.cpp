@@ -88,17 +88,21 @@ const RegisterAmounts& RegisterView::amounts() const {
 }
 
 std::vector<const RegisterRow*> RegisterView::filteredRows() const {
-    const RegisterFilterTest test(filter, environment_.clock.now(), environment_.clock.calendar());
-    RegisterSearch search(searchText);
+    RegisterRowTest test = rowTest();
     std::vector<const RegisterRow*> shown;
     shown.reserve(rows().size());
     for (const RegisterRow& row : rows()) {
-        if (test.keeps(row) && (!search.isActive() || search.finds(row))) {
+        if (test.shows(row)) {
             shown.push_back(&row);
         }
     }
     sorter_.sort(shown, sort);
     return shown;
+}
+
+RegisterRowTest RegisterView::rowTest() const {
+    return {RegisterFilterTest(filter, environment_.clock.now(), environment_.clock.calendar()),
+            searchText};
 }
 
 bool RegisterView::isNarrowed() const {

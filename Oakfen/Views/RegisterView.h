@@ -92,8 +92,11 @@ public:
     /// Selects the row of an entry that was saved just now, or of its leg in this account; which
     /// row, if it is shown. One that the filter or the search hides is noted.
     std::optional<UUID> reveal(const UUID& id);
-    /// Says that saved entries are hidden, until the filter or the search changes; else nothing.
+    /// Says that saved entries are hidden by the filter and the search that still hold; else
+    /// nothing.
     [[nodiscard]] std::optional<std::string> hiddenNotice() const;
+    /// Forgets them once the person has chosen another filter or search.
+    void forgetHiddenIfChanged();
     /// Ends filter and search, and selects what the notice is about; which row came last.
     std::optional<UUID> showHidden();
 
@@ -140,7 +143,8 @@ private:
     };
 
     [[nodiscard]] const RegisterRow* row(const UUID& id) const;
-    [[nodiscard]] bool isShown(const RegisterRow& row) const;
+    /// Which rows filter and search let be seen now.
+    [[nodiscard]] RegisterRowTest rowTest() const;
     /// Those of the hidden entries that still are.
     [[nodiscard]] std::vector<UUID> stillHidden() const;
 

@@ -9,6 +9,7 @@ class ContextMenuKey final : public QObject {
     Q_OBJECT
 
 public:
+    /// In force in the whole application for as long as the parent lives.
     explicit ContextMenuKey(QObject* parent);
 
 protected:

@@ -14,6 +14,7 @@ class CrossFade final : public QWidget {
     Q_OBJECT
 
 public:
+    /// Begins at once. Must be on the heap.
     explicit CrossFade(QWidget& over);
 
 protected:

@@ -19,6 +19,7 @@ public:
 
     /// The duplicates may be others now.
     void updateMarks();
+    /// Ticks the lines, or leaves them out.
     void setIncluded(const std::vector<int>& lines, bool isIncluded);
 
     /// Called after a tick was changed.

@@ -135,10 +135,11 @@ void MainWindow::setSidebarShown(bool shown) {
 void MainWindow::refreshCover() {
     const bool isObscured = ContentView(environment_).isObscured();
     const bool isRevealed = !isObscured && !splitter_->isEnabled();
-    const bool isCovered = isObscured && splitter_->isEnabled();
-    if (isVisible() && (isRevealed || isCovered)) {
+    const ContentView::Cover cover = ContentView(environment_).cover();
+    if (isVisible() && cover != cover_) {
         new CrossFade(*centralWidget());
     }
+    cover_ = cover;
     splitter_->setEnabled(!isObscured);
     gate_->refresh();
     if (isRevealed) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Oakfen/AppEnvironment.h"
+#include "Oakfen/Views/ContentView.h"
 #include "OakfenCore/Support/UndoManager.h"
 
 class QSplitter;
@@ -52,6 +53,7 @@ private:
     QSplitter* splitter_ = nullptr;
     SidebarWidget* sidebar_ = nullptr;
     GateWidget* gate_ = nullptr;
+    ContentView::Cover cover_ = ContentView::Cover::none;
     BusyPill* pill_ = nullptr;
     MenuBar* menu_ = nullptr;
     AlertPresenter* alerts_ = nullptr;

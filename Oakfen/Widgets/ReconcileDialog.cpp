@@ -56,10 +56,11 @@ void ReconcileDialog::addFields() {
     QFormLayout* form = addForm();
     form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
     statementDate_->setMinimumWidth(fieldWidth);
-    statementDate_->setToolTip(tr("The last day that the statement covers"));
+    statementDate_->setPurpose(tr("The last day that the statement covers"));
     statementDate_->setValue(view_.statementDate);
     statementDate_->edited = [this] {
         view_.statementDate = statementDate_->value();
+        setProblem({});
         reload();
     };
     form->addRow(tr("Statement Date"), statementDate_);
@@ -135,9 +136,7 @@ bool ReconcileDialog::eventFilter(QObject* watched, QEvent* event) {
     const QString text =
         watched == statementDate_ ? statementDate_->text() : endingBalance_->text();
     if (event->type() == QEvent::FocusIn) {
-        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        // Beneath a menu or another window the person didn't leave the field.
-        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) {
+        if (!isMomentary(*static_cast<QFocusEvent*>(event))) {
             textAtFocus_ = text;
         }
     } else if (event->type() == QEvent::KeyPress && text != textAtFocus_) {

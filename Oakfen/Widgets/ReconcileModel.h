@@ -20,7 +20,9 @@ public:
 
     /// Takes the view's present rows.
     void reload();
+    /// Ticks the rows, or takes their ticks away.
     void setChecked(const std::vector<int>& rows, bool isChecked);
+    /// Ticks all rows.
     void markAll();
 
     /// Called after a tick was changed.

@@ -3,9 +3,9 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QShortcut>
-#include <QSignalBlocker>
 #include <QToolButton>
 #include <algorithm>
+#include <utility>
 
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/ElidedLabel.h"
@@ -62,7 +62,6 @@ void RegisterHeaderWidget::refresh() {
     filter_->setCurrentIndex(static_cast<int>(filter - allCases<RegisterFilter>.begin()));
     // What the person types there is the view's already, but for the place of the cursor.
     if (search_->text() != qt(view_.searchText)) {
-        const QSignalBlocker blocker(search_);
         search_->setText(qt(view_.searchText));
     }
     sort_->refresh();
@@ -95,8 +94,10 @@ void RegisterHeaderWidget::setUpSearch() {
         clear->setText(tr("Clear Search"));
     }
     connect(search_, &QLineEdit::textChanged, this, [this](const QString& text) {
-        view_.searchText = utf8(text);
-        chosen();
+        if (std::string term = utf8(text); term != view_.searchText) {
+            view_.searchText = std::move(term);
+            chosen();
+        }
     });
     connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, search_,
             [this] { search_->setFocus(Qt::ShortcutFocusReason); });

@@ -9,6 +9,10 @@ namespace oakfen {
 
 namespace {
 
+/// The entries that a menu is about. All of its items share them, since they may be a hundred
+/// thousand.
+using SharedIDs = std::shared_ptr<const UUIDSet>;
+
 /// A person's text as a menu's item, where a single "&" would be taken for the mark of a shortcut.
 QString itemText(std::string_view text) {
     return qt(singleLine(text)).replace(QLatin1Char('&'), QLatin1String("&&"));
@@ -28,21 +32,21 @@ void addActionsForOne(QMenu& menu, RegisterView& view, const RegisterContextMenu
     menu.addSeparator();
 }
 
-void addMarks(QMenu& menu, RegisterView& view, const UUIDSet& ids) {
+void addMarks(QMenu& menu, RegisterView& view, const SharedIDs& ids) {
     for (const ClearedState state : allCases<ClearedState>) {
         menu.addAction(symbolIcon(clearedBadge(state).symbolName), qt(title(state)),
-                       [&view, state, ids] { view.markAs(state, ids); });
+                       [&view, state, ids] { view.markAs(state, *ids); });
     }
 }
 
-void addCategories(QMenu& menu, RegisterView& view, const UUIDSet& ids) {
+void addCategories(QMenu& menu, RegisterView& view, const SharedIDs& ids) {
     for (const CategoryKind kind : {CategoryKind::expense, CategoryKind::income}) {
         if (kind == CategoryKind::income) {
             menu.addSeparator();
         }
         for (const PickerRow& row : view.categoryChoices(kind)) {
             menu.addAction(itemText(row.title),
-                           [&view, ids, id = *row.id] { view.setCategory(id, ids); });
+                           [&view, ids, id = *row.id] { view.setCategory(id, *ids); });
         }
     }
 }
@@ -58,11 +62,12 @@ std::unique_ptr<QMenu> makeRegisterMenu(RegisterView& view, const UUIDSet& ids, 
     if (content.single) {
         addActionsForOne(*menu, view, content);
     }
-    addMarks(*menu->addMenu(QObject::tr("Mark As")), view, ids);
-    addCategories(*menu->addMenu(QObject::tr("Set Category")), view, ids);
+    const auto shared = std::make_shared<const UUIDSet>(ids);
+    addMarks(*menu->addMenu(QObject::tr("Mark As")), view, shared);
+    addCategories(*menu->addMenu(QObject::tr("Set Category")), view, shared);
     menu->addSeparator();
     menu->addAction(symbolIcon("trash", ThemeColor::negative), QObject::tr("Delete"),
-                    [&view, ids] { view.requestDelete(ids); });
+                    [&view, shared] { view.requestDelete(*shared); });
     return menu;
 }
 

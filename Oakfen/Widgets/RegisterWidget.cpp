@@ -51,7 +51,10 @@ RegisterWidget::RegisterWidget(AppEnvironment& environment, const UUID& accountI
     entries->setLayout(stack_);
     layout->addWidget(entries, 1);
     layout->addWidget(footer_);
-    header_->chosen = [this] { refresh(); };
+    header_->chosen = [this] {
+        view_.forgetHiddenIfChanged();
+        refresh();
+    };
     notice_->wanted = [this] { showHidden(); };
     setUpTable();
     stack_->addWidget(table_);
@@ -124,11 +127,19 @@ void RegisterWidget::refresh() {
     const auto currentID =
         current.isValid() ? std::optional(model_->idAt(current.row())) : std::nullopt;
     const int scrolled = table_->verticalScrollBar()->value();
+    const int scrolledAcross = table_->horizontalScrollBar()->value();
     header_->refresh();
     model_->reload();
     view_.keepSelectionVisible(model_->shown());
-    restoreSelection(currentID);
+    restoreSelection(currentID, std::max(current.column(), 0));
+    if (current.isValid() && !table_->currentIndex().isValid() && model_->rowCount() > 0) {
+        // The entry has left the list; whoever goes on by keyboard does so from its place.
+        const int row = std::min(current.row(), model_->rowCount() - 1);
+        table_->selectionModel()->setCurrentIndex(model_->index(row, current.column()),
+                                                  QItemSelectionModel::NoUpdate);
+    }
     table_->verticalScrollBar()->setValue(scrolled);
+    table_->horizontalScrollBar()->setValue(scrolledAcross);
     table_->horizontalHeader()->setSortIndicator(static_cast<int>(view_.sort.column),
                                                  view_.sort.ascending ? Qt::AscendingOrder
                                                                       : Qt::DescendingOrder);
@@ -177,14 +188,14 @@ void RegisterWidget::showHidden() {
 }
 
 void RegisterWidget::scrollTo(const UUID& id) {
-    restoreSelection(id);
+    restoreSelection(id, std::max(table_->currentIndex().column(), 0));
     table_->scrollTo(table_->currentIndex());
 }
 
-void RegisterWidget::restoreSelection(const std::optional<UUID>& current) {
+void RegisterWidget::restoreSelection(const std::optional<UUID>& current, int column) {
     const int currentRow = current ? model_->rowOf(*current) : -1;
     if (currentRow >= 0) {
-        table_->selectionModel()->setCurrentIndex(model_->index(currentRow, 0),
+        table_->selectionModel()->setCurrentIndex(model_->index(currentRow, column),
                                                   QItemSelectionModel::NoUpdate);
     }
     if (view_.selection.empty()) {

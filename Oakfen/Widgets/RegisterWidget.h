@@ -48,7 +48,7 @@ private:
     void showHidden();
     /// Selects what the view has selected, and scrolls to that entry.
     void scrollTo(const UUID& id);
-    void restoreSelection(const std::optional<UUID>& current);
+    void restoreSelection(const std::optional<UUID>& current, int column);
     void takeSelection();
     void showFooter();
     /// Puts the selected rows into the clipboard.

@@ -290,6 +290,11 @@ bool SidebarWidget::eventFilter(QObject* watched, QEvent* event) {
     if (watched == list_ && event->type() == QEvent::KeyPress) {
         return handleKey(static_cast<QKeyEvent*>(event)->key());
     }
+    if (watched == list_ && event->type() == QEvent::ContextMenu &&
+        list_->currentItem() == nullptr) {
+        // Asked for by keyboard at no line, so of no account.
+        return true;
+    }
     if (watched == list_->viewport() && event->type() == QEvent::MouseButtonPress) {
         // The right button opens the menu of a line without going there.
         return static_cast<QMouseEvent*>(event)->button() == Qt::RightButton;

@@ -44,6 +44,7 @@ class CaseInsensitiveTerm {
 public:
     explicit CaseInsensitiveTerm(std::string_view term);
 
+    /// Whether the text holds the term; every text holds the empty one.
     [[nodiscard]] bool isIn(std::string_view text) const;
 
 private:

@@ -103,10 +103,7 @@ bool LedgerDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
         !index.data(Qt::ToolTipRole).toString().isEmpty()) {
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     }
-    // Marked as rich text, so that the text is escaped and not read as markup.
-    QToolTip::showText(event->globalPos(),
-                       QStringLiteral("<qt>") + text.toHtmlEscaped() + QStringLiteral("</qt>"),
-                       view);
+    QToolTip::showText(event->globalPos(), plainToolTip(text), view);
     return true;
 }
 

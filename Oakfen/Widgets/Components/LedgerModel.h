@@ -13,6 +13,7 @@ class LedgerModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
+    /// What `headerData` gives beside the usual roles.
     enum HeaderRole {
         /// The texts of a column that are never cut, the widest ones among them.
         WholeTextsRole = Qt::UserRole + 1,
@@ -24,6 +25,7 @@ public:
                                       int role) const final;
 
 protected:
+    /// What stands above a column.
     struct Heading {
         QString title;
         /// What is said instead of an empty title.

@@ -66,6 +66,16 @@ TEST_F(RegisterReveal, SaysNoMoreOnceTheSearchIsAnother) {
     EXPECT_FALSE(view.showHidden());
 }
 
+TEST_F(RegisterReveal, SaysNothingWhenTheSameSearchComesBackLater) {
+    view.searchText = "shop";
+    view.reveal(rent.id);
+    view.searchText.clear();
+    view.forgetHiddenIfChanged();
+    view.searchText = "shop";
+    view.forgetHiddenIfChanged();
+    EXPECT_FALSE(view.hiddenNotice());
+}
+
 TEST_F(RegisterReveal, SaysNoMoreOnceTheEntryIsGoneOrShown) {
     view.filter = RegisterFilter::uncleared;
     view.reveal(shop.id);

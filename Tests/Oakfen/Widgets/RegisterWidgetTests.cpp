@@ -92,6 +92,24 @@ protected:
     [[nodiscard]] QScrollBar* scrollBar() const { return widget->table()->verticalScrollBar(); }
 };
 
+TEST_F(RegisterWindow, GoesOnFromThePlaceOfARowThatLeavesTheList) {
+    widget->view().filter = RegisterFilter::uncleared;
+    widget->view().markAs(ClearedState::uncleared, {shop.id, cardPayment.id});
+    ASSERT_EQ(widget->table()->model()->rowCount(), 4);
+    click(1, RegisterColumn::balance);
+    const std::string next = cell(2, RegisterColumn::payee);
+    press(Qt::Key_Space);
+    EXPECT_EQ(widget->table()->model()->rowCount(), 3);
+    EXPECT_EQ(widget->table()->currentIndex(), index(1, RegisterColumn::balance));
+    EXPECT_EQ(cell(1, RegisterColumn::payee), next);
+}
+
+TEST_F(RegisterWindow, KeepsTheCurrentColumnThroughAnEdit) {
+    click(1, RegisterColumn::balance);
+    press(Qt::Key_Space);
+    EXPECT_EQ(widget->table()->currentIndex(), index(1, RegisterColumn::balance));
+}
+
 TEST_F(LongRegisterWindow, StaysWhereItIsScrolledThroughAnEdit) {
     scrollBar()->setValue(1400);
     ASSERT_EQ(scrollBar()->value(), 1400);

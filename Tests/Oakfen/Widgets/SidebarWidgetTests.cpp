@@ -161,6 +161,19 @@ TEST_F(SidebarWidgetTest, OpensTheMenuOfTheCurrentAccountByKeyboard) {
     EXPECT_TRUE(takeOpenMenu().contains(QStringLiteral("Close Account")));
 }
 
+TEST_F(SidebarWidgetTest, OpensNoMenuByKeyboardAtNoLine) {
+    for (const char* name : {"One", "Two", "Three", "Four", "Five", "Six", "Seven", "Eight"}) {
+        addAccount(name);
+    }
+    test->appState->setSelection(std::nullopt);
+    settle();
+    ASSERT_EQ(sidebar()->currentItem(), nullptr);
+    sidebar()->setFocus();
+    sidebar()->setCurrentItem(nullptr); // coming there goes to a line
+    QTest::keyClick(sidebar(), Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_TRUE(takeOpenMenu().isEmpty());
+}
+
 TEST_F(SidebarWidgetTest, OpensNoMenuOnAScreen) {
     select(SidebarItem{SidebarItem::Kind::budget});
     QTest::keyClick(sidebar(), Qt::Key_Menu);

@@ -433,8 +433,9 @@ void SoakDriver::requireHealthy() {
 
 void SoakDriver::closeEverything() {
     test_.defaults.setBoolean(AppState::requireAuthenticationKey, false);
-    test_.scheduler.runBackground();
     for (int round = 0; round < 20; ++round) {
+        // A review that has waited for the sheets to close comes now.
+        test_.scheduler.advance(1);
         settle();
         QWidget* popup = QApplication::activePopupWidget();
         QWidget* modal = QApplication::activeModalWidget();
