@@ -44,7 +44,8 @@ void ImportReviewDialog::setUpAccount(const LibraryIndex& index) {
                              {.title = index.account(*proposed)->name, .id = proposed});
     }
     account_->setRows(rows);
-    account_->setPlaceholderText(tr("Choose an account"));
+    constexpr int usualNameLength = 36;
+    account_->setMinimumContentsLength(usualNameLength);
     account_->choose(proposed);
     account_->setToolTip(tr("The account that the lines are added to"));
     account_->chosen = [this] {

@@ -105,20 +105,21 @@ void RegisterHeaderWidget::setUpSearch() {
 
 void RegisterHeaderWidget::addToolButtons(QLayout& row) {
     addToolButton(row, tr("Reconcile"), "checkmark.rectangle.stack",
-                  tr("Reconcile with a statement"), &RegisterView::reconcile)
+                  tr("Reconcile with a statement"), [this] { view_.reconcile(); })
         ->setEnabled(RegisterView::canReconcile());
     addToolButton(row, tr("Import"), "square.and.arrow.down",
-                  tr("Import a CSV, QIF, OFX or QFX statement"), &RegisterView::importTransactions);
+                  tr("Import a CSV, QIF, OFX or QFX statement"),
+                  [this] { view_.importTransactions(); });
     addToolButton(row, tr("Edit Account"), "info.circle", tr("Account details"),
-                  &RegisterView::editAccount);
-    addToolButton(row, tr("New Transaction"), "plus", tr("New transaction (⌘N)"),
-                  &RegisterView::newTransaction)
-        ->setEnabled(RegisterView::canCreateTransaction());
+                  [this] { view_.editAccount(); });
+    addToolButton(row, tr("New Transaction"), "plus", tr("New transaction (⌘N)"), [this] {
+        view_.newTransaction();
+    })->setEnabled(RegisterView::canCreateTransaction());
 }
 
 QToolButton* RegisterHeaderWidget::addToolButton(QLayout& row, const QString& text,
                                                  const char* symbolName, const QString& tooltip,
-                                                 void (RegisterView::*action)()) {
+                                                 std::function<void()> action) {
     auto* button = new QToolButton;
     button->setText(text);
     button->setAccessibleName(text);
@@ -127,7 +128,7 @@ QToolButton* RegisterHeaderWidget::addToolButton(QLayout& row, const QString& te
     button->setIconSize(toolIconSize);
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setFocusPolicy(Qt::StrongFocus);
-    connect(button, &QToolButton::clicked, this, [this, action] { (view_.*action)(); });
+    connect(button, &QToolButton::clicked, this, std::move(action));
     row.addWidget(button);
     return button;
 }

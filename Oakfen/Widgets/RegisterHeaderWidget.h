@@ -35,7 +35,7 @@ private:
     void setUpSearch();
     void addToolButtons(QLayout& row);
     QToolButton* addToolButton(QLayout& row, const QString& text, const char* symbolName,
-                               const QString& tooltip, void (RegisterView::*action)());
+                               const QString& tooltip, std::function<void()> action);
 
     RegisterView& view_;
     ElidedLabel* title_;
