@@ -56,6 +56,16 @@ TEST(AmountFieldWidget, GrowsWithALongAmountAndShrinksAgain) {
     EXPECT_EQ(field.minimumWidth(), usual);
 }
 
+TEST(AmountFieldWidget, KeepsWhatIsTypedAtOnceAfterAClickIntoIt) {
+    Form form;
+    form.other->setFocus();
+    form.field->setFocus(Qt::MouseFocusReason);
+    QTest::keyClicks(form.field, qs("1"));
+    QApplication::processEvents();
+    QTest::keyClicks(form.field, qs("2"));
+    EXPECT_EQ(form.field->text(), qs("12"));
+}
+
 TEST(AmountFieldWidget, TakesWhatIsTypedAndShowsTwoDecimalsAfterwards) {
     Form form;
     form.type("1234.5");

@@ -96,6 +96,13 @@ TEST_F(DateFieldWidget, TellsOfEachMove) {
     EXPECT_EQ(changes, 1);
 }
 
+TEST_F(DateFieldWidget, SaysWhatItIsForAndHowItIsUsedWhateverItShows) {
+    field->setPurpose(QStringLiteral("The day of the entry"));
+    field->setValue(day(2026, 4, 1));
+    EXPECT_TRUE(field->toolTip().startsWith(QStringLiteral("The day of the entry. Up and down")));
+    EXPECT_EQ(field->accessibleDescription(), field->toolTip());
+}
+
 TEST_F(DateFieldWidget, MarksATextThatIsNoDateAndKeepsTheDay) {
     type("2/30");
     EXPECT_FALSE(field->isReadable());

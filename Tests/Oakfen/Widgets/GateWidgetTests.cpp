@@ -132,6 +132,24 @@ TEST_F(LockTest, FadesInAndOutWithoutHoldingAnybodyUp) {
     EXPECT_EQ(shown<GateWidget>(), nullptr);
 }
 
+class GateBeforeLockTest : public testing::WindowTest {
+protected:
+    GateBeforeLockTest()
+        : WindowTest(
+              std::make_unique<testing::TestEnvironment>(testing::TestEnvironment::Unopened{})) {}
+};
+
+TEST_F(GateBeforeLockTest, FadesFromTheGateToTheLock) {
+    test->defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    test->appState->setUnlocked(false);
+    settle();
+    ASSERT_NE(shown<GateWidget>(), nullptr);
+    ASSERT_EQ(shown<CrossFade>(), nullptr);
+    test->store->useNoPassword();
+    EXPECT_NE(shown<GateWidget>(), nullptr);
+    EXPECT_NE(shown<CrossFade>(), nullptr);
+}
+
 TEST_F(LockTest, ShowsTheMainScreenOnlyAsABlur) {
     const QImage before = window->centralWidget()->grab().toImage();
     lock();

@@ -44,12 +44,15 @@ TEST(QtScheduler, LetsWorkDropItsOwnHandle) {
     QtScheduler scheduler;
     QEventLoop loop;
     ScheduledWork work;
+    int runs = 0;
     work = scheduler.after(0, [&] {
         work.cancel();
+        ++runs;
         loop.quit();
     });
     loop.exec();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(runs, 1);
 }
 
 TEST(QtScheduler, WorksOnAnotherThreadAndComesBack) {

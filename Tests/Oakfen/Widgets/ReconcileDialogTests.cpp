@@ -159,6 +159,23 @@ TEST_F(ReconcileSheet, TakesAChangedDateWithReturnAndGoesOnToTheBalance) {
     EXPECT_TRUE(dialog.endingBalance()->hasFocus());
 }
 
+TEST_F(ReconcileSheet, SaysNoMoreOfADateThatWasMended) {
+    const auto tells = [this](const char* part) {
+        for (const QLabel* label : dialog.findChildren<QLabel*>()) {
+            if (label->isVisible() && label->text().contains(QString::fromUtf8(part))) {
+                return true;
+            }
+        }
+        return false;
+    };
+    dialog.statementDate()->setFocus();
+    dialog.statementDate()->setText(QStringLiteral("31.31"));
+    QTest::keyClick(dialog.statementDate(), Qt::Key_Return);
+    EXPECT_TRUE(tells("isn’t a date"));
+    dialog.statementDate()->setText(QStringLiteral("2026-03-15"));
+    EXPECT_FALSE(tells("isn’t a date"));
+}
+
 TEST_F(ReconcileSheet, StaysAtABalanceThatCannotBeReadWithReturn) {
     type("12+");
     QTest::keyClick(dialog.endingBalance(), Qt::Key_Return);

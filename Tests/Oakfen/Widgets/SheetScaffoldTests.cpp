@@ -104,14 +104,10 @@ TEST_F(Scaffold, TellsTheProblemWhereTheKeyboardIsForAsLongAsThereIsOne) {
     EXPECT_EQ(sheet.name->accessibleDescription(), QStringLiteral("What it is for"));
 }
 
-TEST_F(Scaffold, DoesNotSaveWhatItMayNotSaveAnyMore) {
+TEST_F(Scaffold, SavesNothingThatItMayNotSaveHoweverTheButtonIsPressed) {
     NotingSheet sheet(panels);
     sheet.setCanSave(false);
-    sheet.primary()->setEnabled(true);
-    QObject::connect(sheet.primary(), &QPushButton::pressed, &sheet,
-                     [&sheet] { sheet.setCanSave(false); });
-    Q_EMIT sheet.primary()->pressed();
-    Q_EMIT sheet.primary()->clicked();
+    Q_EMIT sheet.primary()->clicked(); // as by an assistant, which doesn't leave the fields first
     EXPECT_EQ(sheet.done, "");
     EXPECT_TRUE(sheet.isVisible());
 }
