@@ -62,7 +62,7 @@ bool fileExists(FileSystem& files, const std::string& path) noexcept {
     }
 }
 
-std::string readFile(FileSystem& files, const std::string& path) {
+FileContents readFileContents(FileSystem& files, const std::string& path) {
     // Without O_NONBLOCK, opening a named pipe would wait for somebody to write into it.
     const auto opened = uninterrupted(
         [&] { return files.open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY, 0); });
@@ -85,12 +85,16 @@ std::string readFile(FileSystem& files, const std::string& path) {
     }
 
     try {
-        return allOf(files, file.descriptor(), information.size, path);
+        return {allOf(files, file.descriptor(), information.size, path), information};
     } catch (const std::bad_alloc&) {
         throw failure(path, "couldn’t be read", ENOMEM);
     } catch (const std::length_error&) {
         throw failure(path, "couldn’t be read", EFBIG);
     }
+}
+
+std::string readFile(FileSystem& files, const std::string& path) {
+    return readFileContents(files, path).bytes;
 }
 
 void moveFile(FileSystem& files, const std::string& from, const std::string& to) {

@@ -24,7 +24,12 @@ private:
 };
 
 struct FileInformation {
+    /// Together they name the file itself, whatever its path.
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
     std::uint64_t size = 0;
+    /// When the contents last changed, in nanoseconds since 1970.
+    std::int64_t modified = 0;
     bool isRegularFile = false;
     bool isFolder = false;
     /// The permission bits, such as 0600.
@@ -55,6 +60,9 @@ public:
     virtual Result rename(const std::string& from, const std::string& to) = 0;
     /// `rename` that fails with EEXIST when the target is there.
     virtual Result renameWithoutReplacing(const std::string& from, const std::string& to) = 0;
+    /// Both files take each other's name in one step. EINVAL, ENOSYS or ENOTSUP where the file
+    /// system can't.
+    virtual Result exchange(const std::string& one, const std::string& other) = 0;
     virtual Result unlink(const std::string& path) = 0;
     virtual Result makeFolder(const std::string& path, unsigned permissions) = 0;
     virtual Result setPermissions(const std::string& path, unsigned permissions) = 0;
@@ -77,14 +85,39 @@ public:
 /// Whether something is at the path; false when that can't be told.
 [[nodiscard]] bool fileExists(FileSystem& files, const std::string& path) noexcept;
 
-/// The whole file. What is no regular file is refused, without waiting for it. Throws `FileError`.
+/// A whole file, and what was known of it when its reading began.
+struct FileContents {
+    std::string bytes;
+    FileInformation information;
+};
+
+/// Reads the whole file. What is no regular file is refused, without waiting for it. Throws
+/// `FileError`.
+[[nodiscard]] FileContents readFileContents(FileSystem& files, const std::string& path);
+
+/// The bytes alone of what `readFileContents` reads. Throws `FileError`.
 [[nodiscard]] std::string readFile(FileSystem& files, const std::string& path);
+
+/// Has a say in what a write may replace.
+class ReplacementGuard {
+public:
+    virtual ~ReplacementGuard() = default;
+
+    /// Throws when the file at `path` must not be replaced. Asked just before the new file takes
+    /// its place, and where the file system can exchange two files also just after, of the file
+    /// that was replaced; if it throws then, the exchange is taken back.
+    virtual void requireReplaceable(const std::string& path) = 0;
+
+    /// Told of the new file once it is whole, before it takes its place.
+    virtual void willPlace(const FileInformation& newFile) = 0;
+};
 
 /// The one way bytes reach the disk: into a new file of the owner's alone (0600) beside the target,
 /// synced, then moved over it, so that a crash leaves either the earlier or the new file whole. A
 /// folder that is missing is made (0700). A symbolic link is followed: its target is written.
-/// Throws `FileError`; before the move, the earlier file is untouched.
-void writeOwnerOnly(FileSystem& files, std::string_view bytes, const std::string& path);
+/// Throws `FileError`, or what the guard throws; before the move, the earlier file is untouched.
+void writeOwnerOnly(FileSystem& files, std::string_view bytes, const std::string& path,
+                    ReplacementGuard* guard = nullptr);
 
 /// Moves a file to a name that must be free. Throws `FileError`.
 void moveFile(FileSystem& files, const std::string& from, const std::string& to);

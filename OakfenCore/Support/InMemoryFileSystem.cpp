@@ -31,7 +31,7 @@ int callsUntilNextFailure(InMemoryFileSystem::Repeat repeat) {
 } // namespace
 
 InMemoryFileSystem::InMemoryFileSystem()
-    : root_(std::make_shared<Node>(Node{.kind = Node::Kind::folder, .permissions = 0755})) {}
+    : root_(makeNode({.kind = Node::Kind::folder, .permissions = 0755})) {}
 
 std::optional<FileSystem::Result> InMemoryFileSystem::begin(Call call) {
     const auto kind = static_cast<std::size_t>(call);
@@ -79,8 +79,7 @@ FileSystem::Result InMemoryFileSystem::open(const std::string& path, int flags,
         if (!place.folder->mayWrite()) {
             return failed(EACCES);
         }
-        place.node = std::make_shared<Node>(
-            Node{.kind = Node::Kind::file, .permissions = permissions & 07777U});
+        place.node = makeNode({.kind = Node::Kind::file, .permissions = permissions & 07777U});
         place.folder->entries[place.name] = place.node;
     } else {
         if (exclusive) {
@@ -100,6 +99,7 @@ FileSystem::Result InMemoryFileSystem::open(const std::string& path, int flags,
         }
         if (writes && (flags & O_TRUNC) != 0) {
             place.node->contents.clear();
+            touch(*place.node);
         }
     }
     int number = 3;
@@ -144,6 +144,7 @@ FileSystem::Result InMemoryFileSystem::write(int number, const char* from, std::
     std::string& contents = file->node->contents;
     contents.resize(std::max(contents.size(), file->offset + length));
     std::memcpy(contents.data() + file->offset, from, length);
+    touch(*file->node);
     file->offset += length;
     freeSpace_ -= freeSpace_ == std::numeric_limits<std::size_t>::max() ? 0 : length;
     return {static_cast<std::int64_t>(length), 0};
@@ -212,6 +213,26 @@ FileSystem::Result InMemoryFileSystem::move(const std::string& from, const std::
     return {};
 }
 
+FileSystem::Result InMemoryFileSystem::exchange(const std::string& one, const std::string& other) {
+    if (const auto failure = begin(Call::exchange)) {
+        return *failure;
+    }
+    const Place first = find(one, false);
+    const Place second = find(other, false);
+    if (first.error != 0 || second.error != 0) {
+        return failed(first.error != 0 ? first.error : second.error);
+    }
+    if (!first.node || !second.node) {
+        return failed(ENOENT);
+    }
+    if (!first.folder->mayWrite() || !second.folder->mayWrite()) {
+        return failed(EACCES);
+    }
+    first.folder->entries[first.name] = second.node;
+    second.folder->entries[second.name] = first.node;
+    return {};
+}
+
 FileSystem::Result InMemoryFileSystem::unlink(const std::string& path) {
     if (const auto failure = begin(Call::unlink)) {
         return *failure;
@@ -241,8 +262,8 @@ FileSystem::Result InMemoryFileSystem::makeFolder(const std::string& path, unsig
     if (!place.folder->mayWrite()) {
         return failed(EACCES);
     }
-    place.folder->entries[place.name] = std::make_shared<Node>(
-        Node{.kind = Node::Kind::folder, .permissions = permissions & 07777U});
+    place.folder->entries[place.name] =
+        makeNode({.kind = Node::Kind::folder, .permissions = permissions & 07777U});
     return {};
 }
 

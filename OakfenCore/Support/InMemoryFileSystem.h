@@ -25,6 +25,7 @@ public:
         close,
         rename,
         renameWithoutReplacing,
+        exchange,
         unlink,
         makeFolder,
         setPermissions,
@@ -43,6 +44,7 @@ public:
     Result close(int descriptor) override;
     Result rename(const std::string& from, const std::string& to) override;
     Result renameWithoutReplacing(const std::string& from, const std::string& to) override;
+    Result exchange(const std::string& one, const std::string& other) override;
     Result unlink(const std::string& path) override;
     Result makeFolder(const std::string& path, unsigned permissions) override;
     Result setPermissions(const std::string& path, unsigned permissions) override;
@@ -56,6 +58,13 @@ public:
     void addFolder(const std::string& path, unsigned permissions = 0755);
     void addFile(const std::string& path, std::string_view contents, unsigned permissions = 0600);
     void addLink(const std::string& path, const std::string& target);
+    /// Changes a file in place, as a program does that opens it and writes into it.
+    void overwrite(const std::string& path, std::string_view contents);
+    /// When the file was last modified, in nanoseconds since 1970. The clock of these files ticks
+    /// once with each change of contents.
+    void setModified(const std::string& path, std::int64_t time);
+    /// Gives a file or folder another name, replacing what stands there.
+    void moveByAnotherProgram(const std::string& from, const std::string& to);
     void remove(const std::string& path);
 
     // Looking. Links are followed; nothing where no such file or folder is.
@@ -114,7 +123,11 @@ private:
     [[nodiscard]] Result move(const std::string& from, const std::string& to, bool mayReplace);
     [[nodiscard]] Descriptor* descriptor(int number);
     void add(const std::string& path, NodePointer node);
+    [[nodiscard]] NodePointer makeNode(Node node);
+    void touch(Node& node);
 
+    std::uint64_t lastInode_ = 0;
+    std::int64_t ticks_ = 0;
     NodePointer root_;
     std::map<int, Descriptor> descriptors_;
     std::array<int, callKinds> counts_{};

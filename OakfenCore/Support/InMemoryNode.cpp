@@ -10,7 +10,10 @@
 namespace oakfen {
 
 FileInformation InMemoryFileSystem::Node::information() const {
-    return {.size = contents.size(),
+    return {.device = 1,
+            .inode = inode,
+            .size = contents.size(),
+            .modified = modified,
             .isRegularFile = kind == Kind::file,
             .isFolder = isFolder(),
             .permissions = permissions};
@@ -76,6 +79,17 @@ InMemoryFileSystem::Place InMemoryFileSystem::find(const std::string& path, bool
     return {.folder = way.back(), .name = ".", .node = way.back()};
 }
 
+InMemoryFileSystem::NodePointer InMemoryFileSystem::makeNode(Node node) {
+    auto made = std::make_shared<Node>(std::move(node));
+    made->inode = ++lastInode_;
+    touch(*made);
+    return made;
+}
+
+void InMemoryFileSystem::touch(Node& node) {
+    node.modified = ++ticks_;
+}
+
 InMemoryFileSystem::NodePointer InMemoryFileSystem::nodeAt(const std::string& path) const {
     return find(path, true).node;
 }
@@ -86,7 +100,7 @@ void InMemoryFileSystem::add(const std::string& path, NodePointer node) {
     while (names.size() > 1) {
         NodePointer& next = folder->entries[names.front()];
         if (!next) {
-            next = std::make_shared<Node>(Node{.kind = Node::Kind::folder, .permissions = 0755});
+            next = makeNode({.kind = Node::Kind::folder, .permissions = 0755});
             folder->syncedEntries[names.front()] = next;
         }
         folder = next;
@@ -97,23 +111,41 @@ void InMemoryFileSystem::add(const std::string& path, NodePointer node) {
 }
 
 void InMemoryFileSystem::addFolder(const std::string& path, unsigned permissions) {
-    add(path, std::make_shared<Node>(Node{.kind = Node::Kind::folder, .permissions = permissions}));
+    add(path, makeNode({.kind = Node::Kind::folder, .permissions = permissions}));
 }
 
 void InMemoryFileSystem::addFile(const std::string& path, std::string_view contents,
                                  unsigned permissions) {
     const std::string text(contents);
-    add(path, std::make_shared<Node>(Node{.kind = Node::Kind::file,
-                                          .permissions = permissions,
-                                          .contents = text,
-                                          .syncedContents = text}));
+    add(path, makeNode({.kind = Node::Kind::file,
+                        .permissions = permissions,
+                        .contents = text,
+                        .syncedContents = text}));
 }
 
 void InMemoryFileSystem::addLink(const std::string& path, const std::string& target) {
-    add(path, std::make_shared<Node>(Node{.kind = Node::Kind::link,
-                                          .permissions = 0777,
-                                          .contents = target,
-                                          .syncedContents = target}));
+    add(path, makeNode({.kind = Node::Kind::link,
+                        .permissions = 0777,
+                        .contents = target,
+                        .syncedContents = target}));
+}
+
+void InMemoryFileSystem::overwrite(const std::string& path, std::string_view contents) {
+    const NodePointer node = nodeAt(path);
+    node->contents = contents;
+    node->syncedContents = contents;
+    touch(*node);
+}
+
+void InMemoryFileSystem::setModified(const std::string& path, std::int64_t time) {
+    nodeAt(path)->modified = time;
+}
+
+void InMemoryFileSystem::moveByAnotherProgram(const std::string& from, const std::string& to) {
+    const Place source = find(from, false);
+    const NodePointer node = source.node;
+    remove(from);
+    add(to, node);
 }
 
 void InMemoryFileSystem::remove(const std::string& path) {

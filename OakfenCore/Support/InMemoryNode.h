@@ -14,6 +14,8 @@ struct InMemoryFileSystem::Node {
 
     Kind kind = Kind::file;
     unsigned permissions = 0;
+    std::uint64_t inode = 0;
+    std::int64_t modified = 0;
     std::string contents = {};
     std::string syncedContents = {};
     std::map<std::string, NodePointer> entries = {};

@@ -17,7 +17,11 @@ FileSystem::Result result(long long value) {
 }
 
 FileInformation informationFrom(const struct stat& status) {
-    return {.size = static_cast<std::uint64_t>(status.st_size),
+    constexpr std::int64_t nanosecondsInASecond = 1'000'000'000;
+    return {.device = status.st_dev,
+            .inode = status.st_ino,
+            .size = static_cast<std::uint64_t>(status.st_size),
+            .modified = (status.st_mtim.tv_sec * nanosecondsInASecond) + status.st_mtim.tv_nsec,
             .isRegularFile = S_ISREG(status.st_mode),
             .isFolder = S_ISDIR(status.st_mode),
             .permissions = status.st_mode & 07777U};
@@ -54,6 +58,10 @@ public:
         // A file system without that call: a second name never replaces a file either.
         const Result linked = result(::link(from.c_str(), to.c_str()));
         return linked.failed() ? linked : unlink(from);
+    }
+
+    Result exchange(const std::string& one, const std::string& other) override {
+        return result(::renameat2(AT_FDCWD, one.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE));
     }
 
     Result unlink(const std::string& path) override { return result(::unlink(path.c_str())); }

@@ -18,7 +18,8 @@ constexpr unsigned ownerFolder = 0700;
 /// One write: the steps, all of which blame the file that was asked for.
 class Writer {
 public:
-    Writer(FileSystem& files, const std::string& path) : files_(files), path_(path) {}
+    Writer(FileSystem& files, const std::string& path, ReplacementGuard* guard)
+        : files_(files), path_(path), guard_(guard) {}
 
     void write(std::string_view bytes) const {
         const std::string target = fileCalls::withoutLinks(files_, path_, what);
@@ -29,7 +30,7 @@ public:
         const int descriptor = create(temporary);
         try {
             fill(descriptor, bytes);
-            require(files_.rename(temporary, target));
+            place(temporary, target);
         } catch (...) {
             (void)files_.unlink(temporary);
             throw;
@@ -113,6 +114,82 @@ private:
         require(file.close());
     }
 
+    void place(const std::string& temporary, const std::string& target) const {
+        if (guard_ == nullptr) {
+            require(files_.rename(temporary, target));
+            return;
+        }
+        guard_->willPlace(informationOn(temporary));
+        if (isThere(target)) {
+            replace(temporary, target);
+        } else {
+            placeAnew(temporary, target);
+        }
+    }
+
+    /// Between the last look at the file and the moment at which it is replaced, another program
+    /// may write it. Exchanging the two keeps what was replaced, to be looked at once more.
+    void replace(const std::string& temporary, const std::string& target) const {
+        guard_->requireReplaceable(target);
+        const auto exchanged = files_.exchange(temporary, target);
+        if (exchanged.failed()) {
+            if (exchanged.error == ENOENT) {
+                placeAnew(temporary, target);
+            } else if (exchanged.error == EINVAL || exchanged.error == ENOSYS ||
+                       exchanged.error == ENOTSUP) {
+                // A file system that can't exchange: the look just taken must do.
+                require(files_.rename(temporary, target));
+            } else {
+                require(exchanged);
+            }
+            return;
+        }
+        try {
+            guard_->requireReplaceable(temporary);
+        } catch (...) {
+            if (files_.exchange(temporary, target).failed()) {
+                // Not to be removed as our own: it is the only copy of what somebody else wrote.
+                keepUnderAFreeName(temporary);
+            }
+            throw;
+        }
+        removeStray(temporary);
+    }
+
+    void placeAnew(const std::string& temporary, const std::string& target) const {
+        if (files_.renameWithoutReplacing(temporary, target).failed()) {
+            // Somebody else was quicker, or the file system has no such call.
+            guard_->requireReplaceable(target);
+            require(files_.rename(temporary, target));
+        }
+    }
+
+    void keepUnderAFreeName(const std::string& displaced) const {
+        constexpr int mostNames = 1000;
+        for (int number = 1; number < mostNames; ++number) {
+            const auto moved =
+                files_.renameWithoutReplacing(displaced, displaced + "-" + std::to_string(number));
+            if (!moved.failed() || moved.error != EEXIST) {
+                return;
+            }
+        }
+    }
+
+    FileInformation informationOn(const std::string& place) const {
+        FileInformation information;
+        require(uninterrupted([&] { return files_.information(place, information); }));
+        return information;
+    }
+
+    bool isThere(const std::string& place) const {
+        FileInformation information;
+        const auto known = uninterrupted([&] { return files_.information(place, information); });
+        if (known.failed() && known.error != ENOENT && known.error != ENOTDIR) {
+            require(known);
+        }
+        return !known.failed();
+    }
+
     void syncFolder(const std::string& folder, int forgivenAtOpening = 0) const {
         const auto opened = uninterrupted(
             [&] { return files_.open(folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0); });
@@ -131,12 +208,14 @@ private:
 
     FileSystem& files_;
     const std::string& path_;
+    ReplacementGuard* guard_;
 };
 
 } // namespace
 
-void writeOwnerOnly(FileSystem& files, std::string_view bytes, const std::string& path) {
-    Writer(files, path).write(bytes);
+void writeOwnerOnly(FileSystem& files, std::string_view bytes, const std::string& path,
+                    ReplacementGuard* guard) {
+    Writer(files, path, guard).write(bytes);
 }
 
 } // namespace oakfen

@@ -29,6 +29,9 @@ public:
     Result renameWithoutReplacing(const std::string& from, const std::string& to) override {
         return files_.renameWithoutReplacing(from, to);
     }
+    Result exchange(const std::string& one, const std::string& other) override {
+        return files_.exchange(one, other);
+    }
     Result unlink(const std::string& path) override { return files_.unlink(path); }
     Result makeFolder(const std::string& path, unsigned permissions) override {
         return files_.makeFolder(path, permissions);
