@@ -11,17 +11,24 @@
 
 namespace oakfen {
 
+namespace {
+
+DataFile* pointer(std::optional<DataFile>& file) {
+    return file ? &*file : nullptr;
+}
+
+} // namespace
+
 LibraryStore::LibraryStore(std::optional<std::string> filePath, LibraryStoreServices services,
                            std::string choiceKey)
     : state_(std::make_shared<State>(*this, std::move(filePath), services, std::move(choiceKey))) {
-    LoadOutcome outcome = loadDocument(state_->filePath, services, state_->isPlainByChoice());
+    LoadOutcome outcome = loadDocument(pointer(state_->file), state_->isPlainByChoice());
     Library document =
         outcome.library ? *std::move(outcome.library) : emptyDocument(defaultCurrencyCode());
     // On the plain value, before anybody sees it: what was entered goes to disk with the next edit,
     // and opening writes nothing.
     processAutoEnter(document, services.clock.now(), services.clock.calendar());
     state_->setLibrary(std::move(document));
-    state_->mustSetAsideFirst = outcome.leavesDamagedFile;
     state_->status = {.lastError = std::move(outcome.error),
                       .accessState = std::move(outcome.state),
                       .isNewLibrary = outcome.isNew,
@@ -74,12 +81,16 @@ bool LibraryStore::usesPassword() const {
     return state_->status.usesPassword;
 }
 
-const std::optional<std::string>& LibraryStore::filePath() const {
-    return state_->filePath;
+std::optional<std::string> LibraryStore::filePath() const {
+    return state_->file ? std::optional(state_->file->path()) : std::nullopt;
 }
 
 bool LibraryStore::hasUnsavedChanges() const {
     return state_->hasUnwrittenEdit && state_->isSaved();
+}
+
+bool LibraryStore::isChangedElsewhere() const {
+    return state_->status.isChangedElsewhere;
 }
 
 void LibraryStore::setUndoManager(std::weak_ptr<UndoManager> undoManager) {
@@ -110,23 +121,31 @@ void LibraryStore::saveNow() {
         return;
     }
     try {
-        state_->write();
+        try {
+            state_->write();
+        } catch (const DataFileChanged& changed) {
+            // Without an edit of ours, the other version alone is worth keeping.
+            if (state_->hasUnwrittenEdit) {
+                state_->file->writeBeside(encodeLibrary(state_->library));
+                state_->tellChangedElsewhere(changed.localizedDescription());
+            }
+        }
     } catch (const std::exception& error) {
         state_->tellSaveFailed(error.what());
     }
 }
 
 void LibraryStore::retryLoading() {
-    state_->mustSaveAgain = false;
-    state_->writer.settle();
-    LoadOutcome outcome =
-        loadDocument(state_->filePath, state_->services, state_->isPlainByChoice());
-    state_->mustSetAsideFirst = outcome.leavesDamagedFile;
+    if (state_->file) {
+        state_->settleFile();
+    }
+    LoadOutcome outcome = loadDocument(pointer(state_->file), state_->isPlainByChoice());
     State::Status status = state_->status;
     status.lastError = std::move(outcome.error);
     status.accessState = std::move(outcome.state);
     status.isNewLibrary = outcome.isNew;
     status.usesPassword = false;
+    status.isChangedElsewhere = false;
     state_->setLibraryAndStatus(std::move(outcome.library), std::move(status));
 }
 
@@ -134,13 +153,15 @@ void LibraryStore::startOver() {
     if (hasUnsavedChanges()) {
         saveNow();
     }
-    if (state_->filePath) {
-        state_->setFileAside();
+    if (state_->file) {
+        state_->settleFile();
+        state_->file->setAside();
     }
     State::Status status = state_->status;
     status.accessState = {.kind = AccessState::Kind::needsPassword};
     status.isNewLibrary = true;
     status.usesPassword = false;
+    status.isChangedElsewhere = false;
     state_->setLibraryAndStatus(emptyDocument(defaultCurrencyCode()), std::move(status));
 }
 
@@ -154,9 +175,16 @@ void LibraryStore::useNoPassword() {
     if (state_->status.accessState.kind != AccessState::Kind::needsPassword) {
         return;
     }
-    if (state_->filePath) {
+    if (state_->file) {
         state_->saveWork.cancel();
-        state_->write();
+        try {
+            state_->write();
+        } catch (const DataFileChanged&) {
+            State::Status status = state_->status;
+            status.isChangedElsewhere = true;
+            state_->setStatus(std::move(status));
+            throw;
+        }
     }
     state_->services.defaults.setBoolean(state_->choiceKey, true);
     State::Status status = state_->status;
@@ -164,6 +192,39 @@ void LibraryStore::useNoPassword() {
     status.isNewLibrary = false;
     state_->rememberPassword(std::nullopt, status);
     state_->setStatus(std::move(status));
+}
+
+std::optional<std::string> LibraryStore::keepThisVersion() {
+    state_->settleFile();
+    std::optional<std::string> copy = state_->file->keepOtherVersion();
+    State::Status status = state_->status;
+    status.isChangedElsewhere = false;
+    state_->setStatus(std::move(status));
+    saveNow();
+    return copy;
+}
+
+void LibraryStore::openOtherVersion() {
+    state_->settleFile();
+    const std::optional<DataFile::Version> other = state_->file->otherVersion();
+    if (other) {
+        Library opened = decodeOtherVersion(other->bytes);
+        // What is given up here stays beside the file: undo reaches it until the program ends only.
+        state_->file->releaseVersionBeside();
+        state_->file->accept(other);
+        replaceLibrary(std::move(opened), "Open the Other Version");
+    } else {
+        // It was taken away meanwhile, so there is nothing but this one.
+        state_->file->accept(other);
+        state_->scheduleSave();
+    }
+    State::Status status = state_->status;
+    status.isChangedElsewhere = false;
+    state_->setStatus(std::move(status));
+}
+
+std::vector<std::string> LibraryStore::takeVersionsBeside() {
+    return state_->file ? state_->file->takeVersionsBeside() : std::vector<std::string>();
 }
 
 } // namespace oakfen

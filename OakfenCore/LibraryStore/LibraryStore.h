@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <variant>
+#include <vector>
 
 #include "OakfenCore/LibraryIndex/LibraryIndex.h"
 #include "OakfenCore/Models/Library.h"
@@ -76,9 +77,12 @@ public:
     [[nodiscard]] bool isNewLibrary() const;
     [[nodiscard]] bool isPasswordSaved() const;
     [[nodiscard]] bool usesPassword() const;
-    [[nodiscard]] const std::optional<std::string>& filePath() const;
+    [[nodiscard]] std::optional<std::string> filePath() const;
     /// Whether an edit has not reached the disk yet, although it should.
     [[nodiscard]] bool hasUnsavedChanges() const;
+    /// Whether another program has changed the data file. Until somebody has decided which version
+    /// to keep, edits go on in memory, and are kept beside the file.
+    [[nodiscard]] bool isChangedElsewhere() const;
 
     /// Held weakly.
     void setUndoManager(std::weak_ptr<UndoManager> undoManager);
@@ -106,10 +110,23 @@ public:
     /// changed.
     void useNoPassword();
 
+    /// Decides for this version: keeps the other one beside the data file and saves. Returns the
+    /// name of the copy; nothing when there was no other file any more. Throws a `LocalizedError`
+    /// when the other version can't be kept; then nothing has changed.
+    std::optional<std::string> keepThisVersion();
+    /// Decides for the other version: opens it, in one undo step. Throws a `LocalizedError` when it
+    /// can't be opened; then nothing has changed.
+    void openOtherVersion();
+    /// The names of the versions that earlier programs kept beside the data file since they could
+    /// not save them, each told once.
+    [[nodiscard]] std::vector<std::string> takeVersionsBeside();
+
     /// Told after `library` and `index` changed, or `index` alone.
     Observers<> libraryChanged;
     /// Told after `lastError`, `accessState`, `isNewLibrary` or a password field changed.
     Observers<> statusChanged;
+    /// Told after the data file was written although it had gone.
+    Observers<> missingFileWritten;
 
 private:
     struct State;

@@ -16,11 +16,14 @@ constexpr double secondsBeforeSaving = 0.4;
 
 LibraryStore::State::State(LibraryStore& store, std::optional<std::string> path,
                            const LibraryStoreServices& theServices, std::string key)
-    : owner(store), filePath(std::move(path)), services(theServices), choiceKey(std::move(key)),
-      writer(theServices.scheduler) {}
+    : owner(store), services(theServices), choiceKey(std::move(key)) {
+    if (path) {
+        file.emplace(*std::move(path), services.files, services.scheduler, services.clock);
+    }
+}
 
 bool LibraryStore::State::isSaved() const {
-    return filePath && status.accessState.isOpen() && isPlainByChoice();
+    return file && status.accessState.isOpen() && isPlainByChoice();
 }
 
 void LibraryStore::State::setLibrary(Library newLibrary) {
@@ -54,7 +57,7 @@ void LibraryStore::State::registerUndo(Library snapshot, const std::string& acti
 }
 
 void LibraryStore::State::scheduleSave() {
-    if (!filePath) {
+    if (!file) {
         return;
     }
     hasUnwrittenEdit = true;
@@ -71,38 +74,53 @@ void LibraryStore::State::saveInBackground() {
     if (!isSaved()) {
         return;
     }
-    if (mustSetAsideFirst) {
-        owner.saveNow();
-        return;
-    }
-    if (writer.isBusy()) {
+    if (file->isBusy()) {
         mustSaveAgain = true;
         return;
     }
-    writer.start([&files = services.files, snapshot = library,
-                  path = *filePath] { writeOwnerOnly(files, encodeLibrary(snapshot), path); },
-                 [this, written = edits](const std::optional<std::string>& error) {
-                     if (error) {
-                         tellSaveFailed(*error);
-                     } else if (written == edits) {
-                         hasUnwrittenEdit = false;
-                     }
-                     if (std::exchange(mustSaveAgain, false)) {
-                         saveInBackground();
-                     }
-                 });
+    const auto makeBytes = [snapshot = library] { return encodeLibrary(snapshot); };
+    const auto done = [this, written = edits](const DataFile::Outcome& outcome) {
+        if (outcome.isChangedElsewhere) {
+            tellChangedElsewhere(*outcome.error);
+        } else if (outcome.error) {
+            tellSaveFailed(*outcome.error);
+        } else if (!status.isChangedElsewhere) {
+            wasWritten(outcome, written);
+        }
+        if (std::exchange(mustSaveAgain, false)) {
+            saveInBackground();
+        }
+    };
+    if (status.isChangedElsewhere) {
+        file->startWritingBeside(makeBytes, done);
+    } else {
+        file->startWriting(makeBytes, done);
+    }
 }
 
 void LibraryStore::State::write() {
+    settleFile();
+    const DataFile::Outcome outcome = file->write(encodeLibrary(library));
+    wasWritten(outcome, edits);
+}
+
+void LibraryStore::State::settleFile() {
     mustSaveAgain = false;
-    writer.settle();
-    const std::string bytes = encodeLibrary(library);
-    if (mustSetAsideFirst) {
-        setAside(services, *filePath);
-        mustSetAsideFirst = false;
+    file->settle();
+}
+
+void LibraryStore::State::wasWritten(const DataFile::Outcome& outcome,
+                                     unsigned long long editsWritten) {
+    if (editsWritten == edits) {
+        hasUnwrittenEdit = false;
     }
-    writeOwnerOnly(services.files, bytes, *filePath);
-    hasUnwrittenEdit = false;
+    file->removeVersionBeside();
+    Status now = status;
+    now.isChangedElsewhere = false;
+    setStatus(std::move(now));
+    if (outcome.wasMissing) {
+        owner.missingFileWritten.notify();
+    }
 }
 
 void LibraryStore::State::tellSaveFailed(const std::string& reason) {
@@ -111,15 +129,14 @@ void LibraryStore::State::tellSaveFailed(const std::string& reason) {
     setStatus(std::move(told));
 }
 
-void LibraryStore::State::setFileAside() {
-    mustSaveAgain = false;
-    writer.settle();
-    try {
-        setAside(services, *filePath);
-        mustSetAsideFirst = false;
-    } catch (const LocalizedError&) {
-        mustSetAsideFirst = true;
+void LibraryStore::State::tellChangedElsewhere(const std::string& reason) {
+    if (status.isChangedElsewhere) {
+        return;
     }
+    Status told = status;
+    told.isChangedElsewhere = true;
+    told.lastError = "Couldn’t save: " + reason;
+    setStatus(std::move(told));
 }
 
 void LibraryStore::State::rememberPassword(const std::optional<std::string>& password,

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "OakfenCore/LibraryStore/BackgroundWriter.h"
+#include "OakfenCore/LibraryStore/DataFile.h"
 #include "OakfenCore/LibraryStore/LibraryStore.h"
 
 namespace oakfen {
@@ -14,6 +14,8 @@ struct LibraryStore::State : std::enable_shared_from_this<LibraryStore::State> {
         bool isNewLibrary = false;
         bool isPasswordSaved = false;
         bool usesPassword = false;
+        /// Another program's version stands in the data file until somebody has decided.
+        bool isChangedElsewhere = false;
 
         friend bool operator==(const Status&, const Status&) = default;
     };
@@ -40,15 +42,20 @@ struct LibraryStore::State : std::enable_shared_from_this<LibraryStore::State> {
     /// Writes the document as it is now on a worker; once more afterwards if one is under way.
     void saveInBackground();
 
-    /// The document onto the disk, at once. A damaged file that still stands there is set aside
-    /// first. Throws a `LocalizedError`.
+    /// The document onto the disk, at once. Throws `DataFileChanged` or another `LocalizedError`.
     void write();
+
+    /// Lets nothing that was about to be written follow.
+    void settleFile();
 
     /// Puts the failure of a save into words for the person.
     void tellSaveFailed(const std::string& reason);
 
-    /// Sets the file aside, or sees to it that the next write does.
-    void setFileAside();
+    /// Says so once, and from then on keeps this version beside the file instead.
+    void tellChangedElsewhere(const std::string& reason);
+
+    /// The document is in the file.
+    void wasWritten(const DataFile::Outcome& outcome, unsigned long long editsWritten);
 
     /// Keeps the password in the password store, or with none removes it there. A failure is only
     /// a message.
@@ -63,8 +70,9 @@ struct LibraryStore::State : std::enable_shared_from_this<LibraryStore::State> {
     void forgetUndo();
 
     LibraryStore& owner;
-    const std::optional<std::string> filePath;
     const LibraryStoreServices services;
+    /// None for a document in memory only.
+    std::optional<DataFile> file;
     const std::string choiceKey;
 
     Library library;
@@ -72,12 +80,10 @@ struct LibraryStore::State : std::enable_shared_from_this<LibraryStore::State> {
     Status status;
     std::weak_ptr<UndoManager> undoManager;
     ScheduledWork saveWork;
-    BackgroundWriter writer;
     bool mustSaveAgain = false;
     /// Counts edits, so that a write can tell whether it was of the newest document.
     unsigned long long edits = 0;
     bool hasUnwrittenEdit = false;
-    bool mustSetAsideFirst = false;
 };
 
 } // namespace oakfen

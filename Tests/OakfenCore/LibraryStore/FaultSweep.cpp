@@ -69,6 +69,7 @@ std::vector<std::string> complaintsOfNextStart(FaultyMachine& machine,
     bench.clock.advance(10);
     bench.choosePlain();
     LibraryStore store(FaultyMachine::path, bench.services());
+    (void)store.takeVersionsBeside();
     store.clearError();
     store.useNoPassword();
     store.saveNow();

@@ -242,15 +242,17 @@ TEST_F(OpeningTest, WritesWhereADamagedFileThatStayedHasGoneMeanwhile) {
     EXPECT_EQ(onDisk(), store.library());
 }
 
-TEST(PathForSettingAside, KeepsTheExtensionAtTheEnd) {
+TEST(PathBeside, KeepsTheExtensionAtTheEnd) {
     const Date now = Date::since1970(1'700'000'000.9);
-    EXPECT_EQ(pathForSettingAside("/a.b/Library.tarnwick", now),
+    EXPECT_EQ(pathBeside("/a.b/Library.tarnwick", "damaged", now),
               "/a.b/Library.damaged-1700000000.tarnwick");
-    EXPECT_EQ(pathForSettingAside("/a.b/Library", now), "/a.b/Library.damaged-1700000000.tarnwick");
-    EXPECT_EQ(pathForSettingAside("/a/my.money.json", now),
+    EXPECT_EQ(pathBeside("/a.b/Library", "damaged", now),
+              "/a.b/Library.damaged-1700000000.tarnwick");
+    EXPECT_EQ(pathBeside("/a/my.money.json", "damaged", now),
               "/a/my.money.damaged-1700000000.tarnwick");
-    EXPECT_EQ(pathForSettingAside("/a/.hidden", now), "/a/.hidden.damaged-1700000000.tarnwick");
-    EXPECT_EQ(pathForSettingAside("Library.tarnwick", now), "Library.damaged-1700000000.tarnwick");
+    EXPECT_EQ(pathBeside("/a/.hidden", "damaged", now), "/a/.hidden.damaged-1700000000.tarnwick");
+    EXPECT_EQ(pathBeside("Library.tarnwick", "damaged", now),
+              "Library.damaged-1700000000.tarnwick");
 }
 
 } // namespace

@@ -17,6 +17,7 @@ const Library earlierDocument = documentWithAccounts(2);
 const Library laterDocument = documentWithAccounts(3);
 const std::string damagedBytes = "{\"accounts\":[";
 const std::string earlierDamagedBytes = "damaged before";
+const std::string otherBytes = encodeLibrary(documentWithAccounts(5));
 
 /// Fewer would mean that the failures did not reach what they were to reach.
 constexpr int fewestFailures = 100;
@@ -168,6 +169,74 @@ SaveExpectation chooseForAPlainFile(FaultyMachine& machine,
             .failureWasTold = failed};
 }
 
+/// Another program writes the file while it is open; the edit that follows can't be saved.
+void collide(FaultyMachine& machine, LibraryStore& store) {
+    machine.disk.addFile(FaultyMachine::path, otherBytes);
+    store.mutate("Edit", [](Library& library) { library = laterDocument; });
+}
+
+SaveExpectation saveAfterAnotherProgram(FaultyMachine& machine,
+                                        const std::function<void()>& startFailing) {
+    machine.disk.addFile(FaultyMachine::path, encodeLibrary(earlierDocument));
+    machine.bench.choosePlain();
+    LibraryStore store(FaultyMachine::path, machine.bench.services());
+    collide(machine, store);
+    startFailing();
+    store.saveNow();
+    SaveExpectation expectation{.earlier = {otherBytes},
+                                .failureWasTold = store.lastError().has_value(),
+                                .kept = {{otherBytes}}};
+    if (store.isChangedElsewhere()) {
+        // Told as kept beside the file, so it must be there.
+        expectation.kept.push_back({encodeLibrary(laterDocument)});
+    }
+    return expectation;
+}
+
+SaveExpectation keepThisVersion(FaultyMachine& machine, const std::function<void()>& startFailing) {
+    machine.disk.addFile(FaultyMachine::path, encodeLibrary(earlierDocument));
+    machine.bench.choosePlain();
+    LibraryStore store(FaultyMachine::path, machine.bench.services());
+    collide(machine, store);
+    store.saveNow();
+    store.clearError();
+    startFailing();
+    bool failed = false;
+    try {
+        (void)store.keepThisVersion();
+        failed = store.lastError().has_value();
+    } catch (const LocalizedError&) {
+        failed = true;
+    }
+    return {.earlier = {otherBytes},
+            .later = encodeLibrary(laterDocument),
+            .failureWasTold = failed,
+            .kept = {{otherBytes}, {encodeLibrary(laterDocument)}}};
+}
+
+SaveExpectation openOtherVersion(FaultyMachine& machine,
+                                 const std::function<void()>& startFailing) {
+    machine.disk.addFile(FaultyMachine::path, encodeLibrary(earlierDocument));
+    machine.bench.choosePlain();
+    LibraryStore store(FaultyMachine::path, machine.bench.services());
+    collide(machine, store);
+    store.saveNow();
+    store.clearError();
+    startFailing();
+    bool failed = false;
+    try {
+        store.openOtherVersion();
+        store.saveNow();
+        failed = store.lastError().has_value();
+    } catch (const LocalizedError&) {
+        failed = true;
+    }
+    return {.earlier = {otherBytes},
+            .later = otherBytes,
+            .failureWasTold = failed,
+            .kept = {{otherBytes}, {encodeLibrary(laterDocument)}}};
+}
+
 void expectNothingIsLost(const SaveStory& story) {
     const SweepResult result = sweepFaults(story);
     EXPECT_THAT(result.complaints, IsEmpty());
@@ -215,6 +284,18 @@ TEST(SaveFaults, LoseNothingWhileChoosingAPlainFileForOneThatIsThere) {
     expectNothingIsLost(chooseForAPlainFile);
 }
 
+TEST(SaveFaults, LoseNeitherVersionWhenAnotherProgramHasWrittenTheFile) {
+    expectNothingIsLost(saveAfterAnotherProgram);
+}
+
+TEST(SaveFaults, LoseNeitherVersionWhileKeepingThisOne) {
+    expectNothingIsLost(keepThisVersion);
+}
+
+TEST(SaveFaults, LoseNeitherVersionWhileOpeningTheOther) {
+    expectNothingIsLost(openOtherVersion);
+}
+
 // The same checks must find fault with a way of saving that lacks one of its steps.
 
 class WithoutSync final : public FileSystemFilter {
@@ -255,6 +336,10 @@ public:
         (void)FileSystemFilter::rename(from, to);
         return {};
     }
+    Result exchange(const std::string& one, const std::string& other) override {
+        (void)FileSystemFilter::exchange(one, other);
+        return {};
+    }
 };
 
 class IgnoringShortWrites final : public FileSystemFilter {
@@ -277,6 +362,7 @@ public:
                    : FileSystemFilter::open(path, flags, permissions);
     }
     Result rename(const std::string&, const std::string&) override { return {}; }
+    Result exchange(const std::string&, const std::string&) override { return {}; }
 };
 
 /// Gives the file the permissions that a careless program gives.
@@ -293,6 +379,26 @@ public:
     using FileSystemFilter::FileSystemFilter;
     Result renameWithoutReplacing(const std::string& from, const std::string& to) override {
         return rename(from, to);
+    }
+};
+
+/// Never sees that a file is another one.
+class BlindToChanges final : public FileSystemFilter {
+public:
+    using FileSystemFilter::FileSystemFilter;
+    Result information(const std::string& path, FileInformation& into) override {
+        return alike(FileSystemFilter::information(path, into), into);
+    }
+    Result descriptorInformation(int descriptor, FileInformation& into) override {
+        return alike(FileSystemFilter::descriptorInformation(descriptor, into), into);
+    }
+
+private:
+    static Result alike(Result result, FileInformation& into) {
+        into.inode = 0;
+        into.modified = 0;
+        into.size = 0;
+        return result;
     }
 };
 
@@ -334,6 +440,11 @@ TEST(FaultSweep, FindsADamagedFileThatReplacesAnother) {
     EXPECT_THAT(
         sweepFaults(goOnAfterASecondDamagedFile, variant<ReplacingWhereItMustNot>).complaints,
         Not(IsEmpty()));
+}
+
+TEST(FaultSweep, FindsASaveThatDoesNotLookAtTheFileItReplaces) {
+    EXPECT_THAT(sweepFaults(saveAfterAnotherProgram, variant<BlindToChanges>).complaints,
+                Not(IsEmpty()));
 }
 
 } // namespace

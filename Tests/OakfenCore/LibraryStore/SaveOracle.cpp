@@ -90,7 +90,9 @@ std::vector<std::string> complaints(FileSystem& files, const std::string& path,
 }
 
 bool isSetAside(const std::string& name) {
-    return name.find(".damaged-") != std::string::npos;
+    const char* const kinds[] = {".damaged-", ".other-", ".unsaved-"};
+    return std::ranges::any_of(
+        kinds, [&](const char* kind) { return name.find(kind) != std::string::npos; });
 }
 
 } // namespace oakfen

@@ -81,7 +81,8 @@ protected:
         return bytes ? std::optional(decodeLibrary(*bytes)) : std::nullopt;
     }
 
-    [[nodiscard]] int writeCount() const { return files.count(Call::rename); }
+    /// Each write ends with setting the permissions, and nothing else sets them.
+    [[nodiscard]] int writeCount() const { return files.count(Call::setPermissions); }
 
     InMemoryFileSystem files;
     ManualScheduler scheduler;
