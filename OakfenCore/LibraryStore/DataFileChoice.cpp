@@ -1,6 +1,8 @@
 #include "OakfenCore/LibraryStore/DataFileChoice.h"
 
+#include "OakfenCore/LibraryStore/ContainerFormat.h"
 #include "OakfenCore/LibraryStore/LibraryStore.h"
+#include "OakfenCore/Models/LibraryCoding.h"
 
 namespace oakfen {
 
@@ -16,6 +18,20 @@ std::string canonicalOrGiven(FileSystem& files, const std::string& path) {
 }
 
 } // namespace
+
+bool DataFileChoice::isUsual() const {
+    return choiceKey == LibraryStore::unencryptedKey;
+}
+
+bool isDataFile(FileSystem& files, const std::string& path) {
+    // Longer than any blanks that a document or a container begins with.
+    constexpr std::size_t enoughToTell = 4096;
+    if (path.ends_with(".tarnwick")) {
+        return true;
+    }
+    const std::string start = readFileStart(files, path, enoughToTell);
+    return containerFormat(start) != ContainerFormat::plaintext || beginsLikeLibrary(start);
+}
 
 DataFileChoice dataFileChoice(FileSystem& files, const std::optional<std::string>& argument,
                               const std::string& workingFolder) {

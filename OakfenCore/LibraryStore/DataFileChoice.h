@@ -13,6 +13,9 @@ struct DataFileChoice {
     std::string path;
     std::string choiceKey;
 
+    /// Whether it is the file in the person's data folder, not one that was named.
+    [[nodiscard]] bool isUsual() const;
+
     friend bool operator==(const DataFileChoice&, const DataFileChoice&) = default;
 };
 
@@ -21,5 +24,10 @@ struct DataFileChoice {
 [[nodiscard]] DataFileChoice dataFileChoice(FileSystem& files,
                                             const std::optional<std::string>& argument,
                                             const std::string& workingFolder);
+
+/// Whether a file that was named may be opened as a data file: its name ends in ".tarnwick", or it
+/// begins like a document or a container. Anything else belongs to somebody else and stays as it
+/// is. Throws `FileError` when that can't be told.
+[[nodiscard]] bool isDataFile(FileSystem& files, const std::string& path);
 
 } // namespace oakfen

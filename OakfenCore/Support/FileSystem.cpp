@@ -40,6 +40,35 @@ std::string allOf(FileSystem& files, int descriptor, std::uint64_t expectedSize,
     return bytes;
 }
 
+/// The descriptor. Without O_NONBLOCK, opening a named pipe would wait for somebody to write into
+/// it.
+int openToRead(FileSystem& files, const std::string& path) {
+    const auto opened = uninterrupted(
+        [&] { return files.open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY, 0); });
+    if (opened.failed()) {
+        throw failure(path, "couldn’t be opened", opened.error);
+    }
+    return static_cast<int>(opened.value);
+}
+
+/// Refuses what is no regular file.
+FileInformation informationToRead(FileSystem& files, int descriptor, const std::string& path) {
+    FileInformation information;
+    const auto known =
+        uninterrupted([&] { return files.descriptorInformation(descriptor, information); });
+    if (known.failed()) {
+        throw failure(path, "couldn’t be read", known.error);
+    }
+    if (information.isFolder) {
+        throw failure(path, "couldn’t be read", EISDIR);
+    }
+    if (!information.isRegularFile) {
+        throw FileError("“" + fileCalls::nameOf(path) + "” couldn’t be read: Not a regular file",
+                        EINVAL);
+    }
+    return information;
+}
+
 } // namespace
 
 std::optional<FileInformation> fileInformation(FileSystem& files, const std::string& path) {
@@ -63,27 +92,8 @@ bool fileExists(FileSystem& files, const std::string& path) noexcept {
 }
 
 FileContents readFileContents(FileSystem& files, const std::string& path) {
-    // Without O_NONBLOCK, opening a named pipe would wait for somebody to write into it.
-    const auto opened = uninterrupted(
-        [&] { return files.open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY, 0); });
-    if (opened.failed()) {
-        throw failure(path, "couldn’t be opened", opened.error);
-    }
-    const fileCalls::OpenFile file(files, static_cast<int>(opened.value));
-    FileInformation information;
-    const auto known =
-        uninterrupted([&] { return files.descriptorInformation(file.descriptor(), information); });
-    if (known.failed()) {
-        throw failure(path, "couldn’t be read", known.error);
-    }
-    if (information.isFolder) {
-        throw failure(path, "couldn’t be read", EISDIR);
-    }
-    if (!information.isRegularFile) {
-        throw FileError("“" + fileCalls::nameOf(path) + "” couldn’t be read: Not a regular file",
-                        EINVAL);
-    }
-
+    const fileCalls::OpenFile file(files, openToRead(files, path));
+    const FileInformation information = informationToRead(files, file.descriptor(), path);
     try {
         return {allOf(files, file.descriptor(), information.size, path), information};
     } catch (const std::bad_alloc&) {
@@ -91,6 +101,26 @@ FileContents readFileContents(FileSystem& files, const std::string& path) {
     } catch (const std::length_error&) {
         throw failure(path, "couldn’t be read", EFBIG);
     }
+}
+
+std::string readFileStart(FileSystem& files, const std::string& path, std::size_t count) {
+    const fileCalls::OpenFile file(files, openToRead(files, path));
+    static_cast<void>(informationToRead(files, file.descriptor(), path));
+    std::string bytes(count, '\0');
+    std::size_t length = 0;
+    while (length < count) {
+        const auto got = uninterrupted(
+            [&] { return files.read(file.descriptor(), bytes.data() + length, count - length); });
+        if (got.failed()) {
+            throw failure(path, "couldn’t be read", got.error);
+        }
+        if (got.value == 0) {
+            break;
+        }
+        length += static_cast<std::size_t>(got.value);
+    }
+    bytes.resize(length);
+    return bytes;
 }
 
 std::string readFile(FileSystem& files, const std::string& path) {

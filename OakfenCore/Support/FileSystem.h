@@ -98,6 +98,10 @@ struct FileContents {
 /// The bytes alone of what `readFileContents` reads. Throws `FileError`.
 [[nodiscard]] std::string readFile(FileSystem& files, const std::string& path);
 
+/// The first bytes of the file, at most so many. Throws `FileError` like `readFileContents`.
+[[nodiscard]] std::string readFileStart(FileSystem& files, const std::string& path,
+                                        std::size_t count);
+
 /// Has a say in what a write may replace.
 class ReplacementGuard {
 public:

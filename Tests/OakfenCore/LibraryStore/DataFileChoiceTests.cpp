@@ -3,6 +3,7 @@
 #include "OakfenCore/LibraryStore/ContainerFormat.h"
 #include "OakfenCore/LibraryStore/DataFileChoice.h"
 #include "OakfenCore/LibraryStore/LibraryStore.h"
+#include "OakfenCore/Models/LibraryCoding.h"
 #include "OakfenCore/Support/InMemoryFileSystem.h"
 
 namespace oakfen {
@@ -68,6 +69,46 @@ TEST(ContainerFormat, IsToldByTheFirstBytes) {
     EXPECT_EQ(containerFormat("OAKFEN-ENC-"), ContainerFormat::plaintext);
     EXPECT_EQ(containerFormat(" OAKFEN-ENC-3"), ContainerFormat::plaintext);
     EXPECT_EQ(containerFormat(""), ContainerFormat::plaintext);
+}
+
+TEST(IsDataFile, TakesWhatIsNamedLikeOneWhateverItHolds) {
+    InMemoryFileSystem files;
+    files.addFile("/a.tarnwick", "damaged");
+    EXPECT_TRUE(isDataFile(files, "/a.tarnwick"));
+    EXPECT_TRUE(isDataFile(files, "/not-there-yet.tarnwick"));
+}
+
+TEST(IsDataFile, TakesWhatBeginsLikeADocumentOrAContainer) {
+    InMemoryFileSystem files;
+    const std::string document = encodeLibrary(emptyDocument("CAD"));
+    const std::string beginnings[] = {
+        document,         document.substr(0, 20), " \n{ \"transactions\" : [",
+        "{\"version\":",  "OAKFEN-ENC-3...",      "TARNWICKENC1...",
+        "TARNWICKENC2..."};
+    for (const std::string& bytes : beginnings) {
+        files.addFile("/money.json", bytes);
+        EXPECT_TRUE(isDataFile(files, "/money.json")) << bytes;
+    }
+}
+
+TEST(IsDataFile, LeavesEverythingElseAlone) {
+    InMemoryFileSystem files;
+    const std::string contents[] = {"",
+                                    "Date,Payee,Amount\n",
+                                    "{\"name\":\"package\"}",
+                                    "{\"accounts\"",
+                                    "[{\"accounts\":[]}]",
+                                    "{}",
+                                    "{",
+                                    "accounts:",
+                                    std::string(10, '\0')};
+    for (const std::string& bytes : contents) {
+        files.addFile("/notes.json", bytes);
+        EXPECT_FALSE(isDataFile(files, "/notes.json")) << bytes;
+    }
+    files.addFolder("/folder");
+    EXPECT_THROW((void)isDataFile(files, "/folder"), FileError);
+    EXPECT_THROW((void)isDataFile(files, "/missing.json"), FileError);
 }
 
 } // namespace
