@@ -91,4 +91,15 @@ void AppState::setBusyMessage(std::optional<std::string> message) {
     assign(busyMessage_, std::move(message), busyChanged);
 }
 
+void AppState::showNotice(Notice notice) {
+    notice_ = std::move(notice);
+    noticeChanged.notify();
+}
+
+void AppState::dismissNotice() {
+    if (std::exchange(notice_, std::nullopt)) {
+        noticeChanged.notify();
+    }
+}
+
 } // namespace oakfen

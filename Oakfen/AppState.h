@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -89,6 +90,17 @@ struct ActiveSheet {
     friend bool operator==(const ActiveSheet&, const ActiveSheet&) = default;
 };
 
+/// A quiet word at the foot of the window on something that was done or happened. It goes by
+/// itself.
+struct Notice {
+    std::string text;
+    /// A button beside the text; none while empty.
+    std::string actionTitle = {};
+    std::function<void()> action = {};
+    /// Stays until it is dismissed: it speaks of something that is still so.
+    bool stays = false;
+};
+
 /// The navigation state: all that screens and commands tell each other. A write of an equal value
 /// notifies nobody. Lives on the main thread.
 class AppState {
@@ -119,11 +131,18 @@ public:
     [[nodiscard]] const std::optional<std::string>& busyMessage() const { return busyMessage_; }
     void setBusyMessage(std::optional<std::string> message);
 
+    /// The last notice that has not gone yet.
+    [[nodiscard]] const std::optional<Notice>& notice() const { return notice_; }
+    /// Takes the place of the one that is there.
+    void showNotice(Notice notice);
+    void dismissNotice();
+
     Observers<> selectionChanged;
     Observers<> sheetChanged;
     Observers<> lockChanged;
     Observers<> alertChanged;
     Observers<> busyChanged;
+    Observers<> noticeChanged;
     /// An editor has entered or changed the entry of that id.
     Observers<const UUID&> transactionSaved;
 
@@ -133,6 +152,7 @@ private:
     bool isUnlocked_ = true;
     std::optional<std::string> alertMessage_;
     std::optional<std::string> busyMessage_;
+    std::optional<Notice> notice_;
 };
 
 } // namespace oakfen
