@@ -23,7 +23,7 @@ std::string fileExtension(const std::string& path) {
 }
 
 ImportFormat formatOf(const std::string& path) {
-    if (const auto format = importFormat(fileExtension(path))) {
+    if (const auto format = statementFormat(path)) {
         return *format;
     }
     throw ImportError(ImportError::Kind::unsupportedFormat);
@@ -117,6 +117,25 @@ void importStatement(AppEnvironment& environment, const std::string& path) {
                     review(environment, path, selected, std::move(*items));
                 });
         });
+}
+
+void importStatementWhenReady(AppEnvironment& environment, const std::string& path) {
+    const auto isReady = [&environment] {
+        return isMainScreenFree(environment) && !environment.store.index().openAccounts().empty();
+    };
+    if (!isReady()) {
+        environment.appState.showNotice(
+            {.text = "“" + nameOf(path) + "” is imported as soon as there is an open account.",
+             .stays = true});
+    }
+    waitUntil(environment.scheduler, isReady, [&environment, path] {
+        environment.appState.dismissNotice();
+        importStatement(environment, path);
+    });
+}
+
+std::optional<ImportFormat> statementFormat(const std::string& path) {
+    return importFormat(fileExtension(path));
 }
 
 bool canTakeDroppedFiles(AppEnvironment& environment) {

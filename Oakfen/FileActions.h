@@ -1,10 +1,12 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "Oakfen/AppEnvironment.h"
+#include "OakfenCore/Importers/StatementImporter.h"
 
 /// The flows behind the File menu: each drives a panel, calls into the logic and reports through
 /// the application's state.
@@ -16,6 +18,13 @@ void importTransactions(AppEnvironment& environment);
 /// The same for a file that is known already. The sheet waits until no other one is open and the
 /// window is not locked.
 void importStatement(AppEnvironment& environment, const std::string& path);
+
+/// The same for a file that was named when the program was started: waits for an open document with
+/// an account, and says so.
+void importStatementWhenReady(AppEnvironment& environment, const std::string& path);
+
+/// The format of a statement by its file's name; nothing for other files.
+[[nodiscard]] std::optional<ImportFormat> statementFormat(const std::string& path);
 
 /// Whether files may be dropped onto the main screen: while statements can be imported and nothing
 /// else is going on.
