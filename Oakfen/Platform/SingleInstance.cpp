@@ -1,23 +1,22 @@
 #include "Oakfen/Platform/SingleInstance.h"
 
-#include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <QCryptographicHash>
 #include <QLocalSocket>
-#include <cerrno>
-#include <filesystem>
-#include <optional>
-#include <system_error>
+#include <QThread>
 #include <utility>
 
 #include "Oakfen/Widgets/Bridge.h"
+#include "OakfenCore/Support/FileCalls.h"
 
 namespace oakfen {
 
 namespace {
+
+/// A program that is just starting on a long document needs a moment to answer.
+constexpr int patienceInMilliseconds = 10'000;
 
 bool isOurPrivateFolder(const std::string& path) {
     struct stat status = {};
@@ -37,13 +36,9 @@ std::optional<std::string> runtimeFolder() {
     return isOurPrivateFolder(own) ? std::optional(own) : std::nullopt;
 }
 
-/// The same for every way that leads to the file, and without saying where that is.
-std::string fileIdentifier(const std::string& path) {
-    std::error_code ignored;
-    const auto canonical = std::filesystem::weakly_canonical(path, ignored);
-    const QByteArray bytes =
-        QByteArray::fromStdString(canonical.empty() ? path : canonical.string());
-    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256)
+/// Names the data file in a folder that others may list, without saying what it is called.
+std::string identifier(const std::string& path) {
+    return QCryptographicHash::hash(QByteArray::fromStdString(path), QCryptographicHash::Sha256)
         .toHex()
         .left(32)
         .toStdString();
@@ -51,53 +46,76 @@ std::string fileIdentifier(const std::string& path) {
 
 } // namespace
 
-SingleInstance::SingleInstance(const std::string& dataFilePath) {
+SingleInstance::SingleInstance(const std::string& dataFilePath, DataFileLock::AtTheEnd atTheEnd)
+    : fileName_(fileCalls::nameOf(dataFilePath)), lock_(dataFilePath, atTheEnd) {
     const auto folder = runtimeFolder();
-    if (!folder) {
+    if (lock_.state() != DataFileLock::State::held || !folder) {
         return;
     }
-    const std::string base = *folder + "/oakfen-" + fileIdentifier(dataFilePath);
-    socketPath_ = qt(base + ".socket");
-    lock_ = ::open((base + ".lock").c_str(), O_CREAT | O_RDWR | O_CLOEXEC | O_NOFOLLOW, 0600);
-    if (lock_ >= 0 && ::flock(lock_, LOCK_EX | LOCK_NB) != 0) {
-        isFirst_ = errno != EWOULDBLOCK;
-    }
-}
-
-SingleInstance::~SingleInstance() {
-    server_.reset();
-    if (lock_ >= 0) {
-        ::close(lock_);
-    }
-}
-
-void SingleInstance::listen(std::function<void()> raise) {
-    if (socketPath_.isEmpty()) {
-        return;
-    }
+    const QString socketPath = qt(*folder + "/oakfen-" + identifier(dataFilePath) + ".socket");
     // We hold the lock, so a socket that is still there belongs to a program that was killed.
-    QLocalServer::removeServer(socketPath_);
+    QLocalServer::removeServer(socketPath);
     server_ = std::make_unique<QLocalServer>();
     server_->setSocketOptions(QLocalServer::UserAccessOption);
-    QObject::connect(server_.get(), &QLocalServer::newConnection, server_.get(),
-                     [server = server_.get(), raise = std::move(raise)] {
-                         while (QLocalSocket* socket = server->nextPendingConnection()) {
-                             QObject::connect(socket, &QLocalSocket::disconnected, socket,
-                                              &QObject::deleteLater);
-                             socket->disconnectFromServer();
-                             raise();
-                         }
-                     });
-    server_->listen(socketPath_);
+    // From now on others can reach us; they are answered once the window is there.
+    if (server_->listen(socketPath)) {
+        lock_.announce(utf8(server_->fullServerName()));
+    }
 }
 
-void SingleInstance::raiseFirst() const {
-    constexpr int patienceInMilliseconds = 2000;
-    QLocalSocket socket;
-    socket.connectToServer(socketPath_);
-    if (socket.waitForConnected(patienceInMilliseconds)) {
-        socket.waitForDisconnected(patienceInMilliseconds);
+void SingleInstance::listen(std::function<void(const std::string& statementPath)> present) {
+    if (!server_) {
+        return;
     }
+    const auto take = [server = server_.get(), present = std::move(present)] {
+        while (QLocalSocket* socket = server->nextPendingConnection()) {
+            QObject::connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+            const auto answer = [socket, present] {
+                if (socket->canReadLine()) {
+                    const std::string path = socket->readLine().trimmed().toStdString();
+                    socket->disconnectFromServer();
+                    present(path);
+                }
+            };
+            QObject::connect(socket, &QLocalSocket::readyRead, socket, answer);
+            answer();
+        }
+    };
+    QObject::connect(server_.get(), &QLocalServer::newConnection, server_.get(), take);
+    take();
+}
+
+std::optional<DataFileLock::Holder> SingleInstance::patientHolder() const {
+    // The first may be starting, and not have written yet where it listens.
+    constexpr int millisecondsBetweenLooks = 50;
+    std::optional<DataFileLock::Holder> holder = lock_.holder();
+    for (int waited = 0; waited < patienceInMilliseconds; waited += millisecondsBetweenLooks) {
+        if (holder && (!holder->isOnThisMachine || !holder->socketPath.empty())) {
+            break;
+        }
+        QThread::msleep(millisecondsBetweenLooks);
+        holder = lock_.holder();
+    }
+    return holder;
+}
+
+std::optional<std::string> SingleInstance::presentFirst(const std::string& statementPath) const {
+    const std::optional<DataFileLock::Holder> holder = patientHolder();
+    if (holder && !holder->isOnThisMachine) {
+        return "“" + fileName_ + "” is open on the computer “" + holder->host +
+               "”. Quit Oakfen there first.";
+    }
+    if (holder && !holder->socketPath.empty()) {
+        QLocalSocket socket;
+        socket.connectToServer(qt(holder->socketPath));
+        if (socket.waitForConnected(patienceInMilliseconds)) {
+            socket.write(QByteArray::fromStdString(statementPath + "\n"));
+            if (socket.waitForDisconnected(patienceInMilliseconds)) {
+                return std::nullopt;
+            }
+        }
+    }
+    return "“" + fileName_ + "” is open in another Oakfen, which doesn’t answer. Quit it first.";
 }
 
 } // namespace oakfen

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QMessageBox>
 #include <QSessionManager>
 #include <QTextStream>
 
@@ -116,16 +117,20 @@ int runTour(const std::string& folder, const std::optional<std::string>& file) {
 
 /// Opens the file in a window; raises the window that has it open already.
 int runDataFile(const DataFileChoice& choice) {
-    SingleInstance instance(choice.path);
+    using AtTheEnd = DataFileLock::AtTheEnd;
+    SingleInstance instance(choice.path, choice.isUsual() ? AtTheEnd::keep : AtTheEnd::remove);
+    Theme::apply(*qApp);
     if (!instance.isFirst()) {
-        instance.raiseFirst();
+        if (const auto problem = instance.presentFirst("")) {
+            QMessageBox::warning(nullptr, QStringLiteral("Oakfen"), qt(*problem));
+            return 1;
+        }
         return 0;
     }
-    Theme::apply(*qApp);
     Program program([&](LibraryStoreServices services) {
         return std::make_unique<LibraryStore>(choice.path, services, choice.choiceKey);
     });
-    instance.listen([&] { program.present(); });
+    instance.listen([&](const std::string&) { program.present(); });
     return QApplication::exec();
 }
 

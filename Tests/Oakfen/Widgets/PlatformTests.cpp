@@ -1,16 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QEventLoop>
-#include <QTemporaryDir>
 #include <QThread>
 #include <csignal>
 
 #include "Oakfen/Platform/QtScheduler.h"
-#include "Oakfen/Platform/SingleInstance.h"
 #include "Oakfen/Platform/UnixSignals.h"
-#include "Oakfen/Widgets/Bridge.h"
 
 namespace oakfen {
 namespace {
@@ -98,66 +94,6 @@ TEST(UnixSignals, BringASignalToTheMainThread) {
     std::raise(SIGTERM);
     loop.exec();
     EXPECT_EQ(received, 1);
-}
-
-class SingleInstanceTest : public ::testing::Test {
-protected:
-    SingleInstanceTest() : before_(qgetenv("XDG_RUNTIME_DIR")) {
-        QFile::setPermissions(folder.path(),
-                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8());
-    }
-    ~SingleInstanceTest() override { qputenv("XDG_RUNTIME_DIR", before_); }
-
-    QTemporaryDir folder;
-
-private:
-    QByteArray before_;
-};
-
-TEST_F(SingleInstanceTest, IsTheFirstOnlyOncePerFile) {
-    const SingleInstance first("/home/ann/Library.tarnwick");
-    const SingleInstance second("/home/ann/Library.tarnwick");
-    const SingleInstance other("/home/ann/Other.tarnwick");
-    EXPECT_TRUE(first.isFirst());
-    EXPECT_FALSE(second.isFirst());
-    EXPECT_TRUE(other.isFirst());
-}
-
-TEST_F(SingleInstanceTest, KnowsAFileByEveryPathThatLeadsToIt) {
-    const SingleInstance first("/home/ann/Library.tarnwick");
-    EXPECT_FALSE(SingleInstance("/home/ann/../ann/./Library.tarnwick").isFirst());
-}
-
-TEST_F(SingleInstanceTest, LetsTheNextOneInWhenTheFirstIsGone) {
-    { const SingleInstance first("/home/ann/Library.tarnwick"); }
-    EXPECT_TRUE(SingleInstance("/home/ann/Library.tarnwick").isFirst());
-}
-
-TEST_F(SingleInstanceTest, TellsNothingOfTheFileInItsNames) {
-    const SingleInstance first("/home/ann/Library.tarnwick");
-    const QStringList names = QDir(folder.path()).entryList(QDir::Files);
-    ASSERT_EQ(names.size(), 1);
-    EXPECT_FALSE(names.first().contains(QStringLiteral("Library")));
-}
-
-TEST_F(SingleInstanceTest, RaisesTheFirstWindow) {
-    SingleInstance first("/home/ann/Library.tarnwick");
-    QEventLoop loop;
-    int raised = 0;
-    first.listen([&] {
-        ++raised;
-        loop.quit();
-    });
-    const std::unique_ptr<QThread> second(QThread::create([] {
-        const SingleInstance instance("/home/ann/Library.tarnwick");
-        instance.raiseFirst();
-    }));
-    second->start();
-    loop.exec();
-    QCoreApplication::processEvents();
-    second->wait();
-    EXPECT_EQ(raised, 1);
 }
 
 } // namespace
