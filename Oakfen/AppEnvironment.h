@@ -16,6 +16,7 @@ namespace oakfen {
 struct AppEnvironment {
     LibraryStore& store;
     AppState& appState;
+    UndoManager& undoManager;
     Panels& panels;
     UserDefaults& defaults;
     const Clock& clock;

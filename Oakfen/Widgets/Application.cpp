@@ -4,63 +4,83 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QSessionManager>
 #include <QTextStream>
 
+#include "Oakfen/FileActions.h"
+#include "Oakfen/ForeignFile.h"
 #include "Oakfen/Platform/QtPanels.h"
 #include "Oakfen/Platform/QtScheduler.h"
 #include "Oakfen/Platform/SingleInstance.h"
 #include "Oakfen/Platform/UnixSignals.h"
+#include "Oakfen/Session.h"
 #include "Oakfen/TerminationFlow.h"
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/MainWindow.h"
+#include "Oakfen/Widgets/MessageBox.h"
 #include "Oakfen/Widgets/Theme.h"
 #include "Oakfen/Widgets/Tour.h"
+#include "Oakfen/Widgets/WindowState.h"
 #include "OakfenCore/LibraryStore/DataFileChoice.h"
 #include "OakfenCore/Platform/FileUserDefaults.h"
-#include "OakfenCore/Platform/InMemoryLegacyKeyStore.h"
-#include "OakfenCore/Platform/InMemoryPasswordStore.h"
 
 namespace oakfen {
 
 namespace {
 
-using StoreMaker = std::function<std::unique_ptr<LibraryStore>(LibraryStoreServices)>;
-
-/// The long-lived objects in the order in which they are made, and how they hang together.
+/// What a session works with on this machine, and what stands around it: the window, quitting, the
+/// system's signals.
 class Program {
 public:
-    explicit Program(const StoreMaker& makeStore)
-        : store_(makeStore({files_, scheduler_, clock_, defaults_, passwords_, legacyKeys_})),
-          appState_(defaults_), environment_{*store_,    appState_, panels_,    defaults_, clock_,
-                                             scheduler_, files_,    dayChange_, busyWork_},
-          termination_(environment_, [] { QCoreApplication::exit(0); }),
-          window_(environment_, [this] { termination_.requestQuit(); }),
+    /// Opens the file; without one, a sample household that touches nothing of the person's.
+    explicit Program(const std::optional<DataFileChoice>& file)
+        : session_(makeSession(file)),
+          termination_(environment(), [] { QCoreApplication::exit(0); }),
+          window_(environment(), [this] { termination_.requestQuit(); }),
           signals_([this] { termination_.quitWithoutAsking(); }) {
         panels_.setWindow(&window_);
         // A session that ends may not wait for an answer, but a save is quick.
         QObject::connect(qApp, &QGuiApplication::commitDataRequest, &window_,
-                         [this](QSessionManager&) { store_->saveNow(); });
+                         [this](QSessionManager&) { environment().store.saveNow(); });
         window_.show();
     }
 
-    /// Brings the window to the front.
-    void present() { window_.present(); }
+    /// Brings the window to the front, and imports a statement if one is named.
+    void present(const std::string& statementPath) {
+        window_.present();
+        if (!statementPath.empty()) {
+            FileActions::importStatementWhenReady(environment(), statementPath);
+        }
+    }
 
 private:
-    FileSystem& files_ = systemFiles();
-    SystemClock clock_;
-    FileUserDefaults defaults_{files_, FileUserDefaults::defaultFilePath()};
-    QtScheduler scheduler_;
-    DayChange dayChange_{clock_, scheduler_};
+    AppEnvironment& environment() { return session_->environment(); }
+
+    std::unique_ptr<Session> makeSession(const std::optional<DataFileChoice>& file) {
+        if (!file) {
+            windowState_.emplace();
+            return Session::sample(services(kept_.defaults));
+        }
+        settings_ =
+            std::make_unique<FileUserDefaults>(systemFiles(), FileUserDefaults::defaultFilePath());
+        return std::make_unique<Session>(services(*settings_), *file);
+    }
+
     // Nothing is encrypted yet, so there is nothing to remember beyond the program's life.
-    InMemoryPasswordStore passwords_;
-    InMemoryLegacyKeyStore legacyKeys_;
-    std::unique_ptr<LibraryStore> store_;
-    AppState appState_;
-    BusyWork busyWork_{appState_, scheduler_};
+    SessionServices services(UserDefaults& defaults) {
+        return {
+            {systemFiles(), scheduler_, clock_, defaults, kept_.passwordStore, kept_.legacyKeys},
+            panels_};
+    }
+
+    SystemClock clock_;
+    QtScheduler scheduler_;
+    KeptInMemory kept_;
+    std::optional<windowState::InMemory> windowState_;
+    std::unique_ptr<FileUserDefaults> settings_;
     QtPanels panels_;
-    AppEnvironment environment_;
+    std::unique_ptr<Session> session_;
     TerminationFlow termination_;
     MainWindow window_;
     UnixSignals signals_;
@@ -115,23 +135,70 @@ int runTour(const std::string& folder, const std::optional<std::string>& file) {
     }
 }
 
-/// Opens the file in a window; raises the window that has it open already.
-int runDataFile(const DataFileChoice& choice) {
+/// Says something before there is a window.
+void tell(const QString& title, const std::string& message) {
+    const std::unique_ptr<QMessageBox> box(makeMessageBox(nullptr, title, qt(message)));
+    box->setAttribute(Qt::WA_DeleteOnClose, false);
+    box->setStandardButtons(QMessageBox::Ok);
+    box->exec();
+}
+
+/// Opens the file in a window, and imports a statement if one is named; raises the window that has
+/// the file open already.
+int runDataFile(const DataFileChoice& choice, const std::string& statementPath) {
     using AtTheEnd = DataFileLock::AtTheEnd;
     SingleInstance instance(choice.path, choice.isUsual() ? AtTheEnd::keep : AtTheEnd::remove);
-    Theme::apply(*qApp);
     if (!instance.isFirst()) {
-        if (const auto problem = instance.presentFirst("")) {
-            QMessageBox::warning(nullptr, QStringLiteral("Oakfen"), qt(*problem));
-            return 1;
+        const auto problem = instance.presentFirst(statementPath);
+        if (problem) {
+            tell(QStringLiteral("The data file is in use"), *problem);
         }
-        return 0;
+        return problem ? 1 : 0;
     }
-    Program program([&](LibraryStoreServices services) {
-        return std::make_unique<LibraryStore>(choice.path, services, choice.choiceKey);
-    });
-    instance.listen([&](const std::string&) { program.present(); });
+    Program program(choice);
+    if (!statementPath.empty()) {
+        program.present(statementPath);
+    }
+    instance.listen([&](const std::string& path) { program.present(path); });
     return QApplication::exec();
+}
+
+/// Says what the file is, and offers to import it if it is a statement.
+bool wantsImport(const ForeignFile& file) {
+    if (!file.isStatement) {
+        tell(qt(file.title), file.message);
+        return false;
+    }
+    const std::unique_ptr<QMessageBox> box(
+        makeMessageBox(nullptr, qt(file.title), qt(file.message)));
+    box->setAttribute(Qt::WA_DeleteOnClose, false);
+    QPushButton* import = box->addButton(QStringLiteral("Import…"), QMessageBox::AcceptRole);
+    box->addButton(QStringLiteral("Quit"), QMessageBox::RejectRole);
+    box->setDefaultButton(import);
+    box->exec();
+    return box->clickedButton() == import;
+}
+
+bool mayBeOpened(FileSystem& files, const std::string& path) {
+    try {
+        return isDataFile(files, path);
+    } catch (const FileError&) {
+        return false;
+    }
+}
+
+/// Opens what was named: a data file as such, anything else not at all.
+int runNamedFile(const std::optional<std::string>& name) {
+    FileSystem& files = systemFiles();
+    const std::string folder = utf8(QDir::currentPath());
+    DataFileChoice choice = dataFileChoice(files, name, folder);
+    if (!name || mayBeOpened(files, choice.path)) {
+        return runDataFile(choice, "");
+    }
+    if (!wantsImport(describeForeignFile(files, choice.path))) {
+        return 1;
+    }
+    return runDataFile(dataFileChoice(files, std::nullopt, folder), choice.path);
 }
 
 } // namespace
@@ -145,16 +212,15 @@ int runApplication(int& argumentCount, char** arguments) {
     QGuiApplication::setQuitOnLastWindowClosed(false);
 
     const Arguments given = readArguments(application);
+    Theme::apply(*qApp);
     if (given.tourFolder) {
-        Theme::apply(*qApp);
         return runTour(*given.tourFolder, given.file);
     }
     if (given.wantsSample) {
-        Theme::apply(*qApp);
-        const Program program(&LibraryStore::preview);
+        const Program program(std::nullopt);
         return QApplication::exec();
     }
-    return runDataFile(dataFileChoice(systemFiles(), given.file, utf8(QDir::currentPath())));
+    return runNamedFile(given.file);
 }
 
 } // namespace oakfen

@@ -22,6 +22,7 @@
 #include "Oakfen/Widgets/GateWidget.h"
 #include "Oakfen/Widgets/MenuBar.h"
 #include "Oakfen/Widgets/MessageBox.h"
+#include "Oakfen/Widgets/NoticeWidget.h"
 #include "Oakfen/Widgets/SheetPresenter.h"
 #include "Oakfen/Widgets/SidebarWidget.h"
 #include "Oakfen/Widgets/Theme.h"
@@ -44,11 +45,9 @@ const QString sidebarKey = QStringLiteral("mainWindow/sidebarShown");
 } // namespace
 
 MainWindow::MainWindow(AppEnvironment& environment, std::function<void()> requestQuit)
-    : environment_(environment), requestQuit_(std::move(requestQuit)),
-      undoManager_(std::make_shared<UndoManager>()) {
+    : environment_(environment), requestQuit_(std::move(requestQuit)) {
     setWindowTitle(QStringLiteral("Oakfen"));
     setAcceptDrops(true);
-    environment_.store.setUndoManager(undoManager_);
     buildContent();
     buildMenuBar();
     new SheetPresenter(environment_, this);
@@ -63,8 +62,6 @@ MainWindow::MainWindow(AppEnvironment& environment, std::function<void()> reques
         environment_.defaults.changes.observe([this](const std::string&) { refreshCover(); }));
     subscriptions_.push_back(state.busyChanged.observe(
         [this] { pill_->setMessage(environment_.appState.busyMessage()); }));
-    subscriptions_.push_back(
-        environment_.dayChange.dayChanged.observe([this] { environment_.store.refreshIndex(); }));
     refreshCover();
     if (splitter_->isEnabled()) {
         sidebar_->setFocus();
@@ -93,6 +90,7 @@ void MainWindow::buildContent() {
     splitter_->setSizes({idealSidebarWidth, defaultSize.width() - idealSidebarWidth});
 
     pill_ = new BusyPill(root);
+    notice_ = new NoticeWidget(environment_.appState, root);
     gate_ = new GateWidget(environment_, requestQuit_, *splitter_, root);
     // One cell for all: the later ones lie over the earlier.
     auto* grid = new QGridLayout(root);
@@ -100,11 +98,17 @@ void MainWindow::buildContent() {
     grid->addWidget(splitter_, 0, 0);
     grid->addWidget(pill_, 0, 0, Qt::AlignHCenter | Qt::AlignTop);
     grid->addWidget(gate_, 0, 0);
+    // Over the gate too: what it says of the data file matters there as well. Clear of the figures at
+    // the foot of a screen.
+    auto* foot = new QVBoxLayout;
+    foot->addWidget(notice_);
+    foot->addSpacing(6 * Theme::grid);
+    grid->addLayout(foot, 0, 0, Qt::AlignHCenter | Qt::AlignBottom);
     setCentralWidget(root);
 }
 
 void MainWindow::buildMenuBar() {
-    menu_ = new MenuBar(environment_, *undoManager_,
+    menu_ = new MenuBar(environment_, environment_.undoManager,
                         {.quit = requestQuit_,
                          .showAbout = [this] { showAbout(); },
                          .isSidebarShown = [this] { return !sidebar_->isHidden(); },

@@ -7,7 +7,6 @@
 
 #include "Oakfen/AppEnvironment.h"
 #include "Oakfen/Views/ContentView.h"
-#include "OakfenCore/Support/UndoManager.h"
 
 class QSplitter;
 
@@ -17,6 +16,7 @@ class AlertPresenter;
 class BusyPill;
 class GateWidget;
 class MenuBar;
+class NoticeWidget;
 class SidebarWidget;
 
 /// The one window: sidebar beside detail area, what covers them, the menu bar, alerts and sheets.
@@ -49,12 +49,12 @@ private:
 
     AppEnvironment& environment_;
     std::function<void()> requestQuit_;
-    std::shared_ptr<UndoManager> undoManager_;
     QSplitter* splitter_ = nullptr;
     SidebarWidget* sidebar_ = nullptr;
     GateWidget* gate_ = nullptr;
     ContentView::Cover cover_ = ContentView::Cover::none;
     BusyPill* pill_ = nullptr;
+    NoticeWidget* notice_ = nullptr;
     MenuBar* menu_ = nullptr;
     AlertPresenter* alerts_ = nullptr;
     std::vector<Subscription> subscriptions_;

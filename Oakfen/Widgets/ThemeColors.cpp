@@ -168,7 +168,7 @@ QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
 #Cover { background: @window; }
 #GatePanel, #Card { background: @surface; border: 1px solid @border; border-radius: 10px; }
 #BusyPill { background: @surface; border: 1px solid @border; border-radius: 17px; }
-#Notice { background: @surfaceRaised; border: 1px solid @border; border-radius: 10px; margin-bottom: 16px; }
+#Notice { background: @surfaceRaised; border: 1px solid @border; border-radius: 10px; }
 )");
     const auto put = [&sheet](QLatin1String name, const QColor& color) {
         sheet.replace(name, color.name(QColor::HexArgb));

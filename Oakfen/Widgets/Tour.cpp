@@ -3,13 +3,13 @@
 #include <QBuffer>
 #include <QPixmap>
 #include <QScopeGuard>
-#include <QTemporaryDir>
 #include <QWidget>
 #include <utility>
 
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Theme.h"
 #include "Oakfen/Widgets/TourStage.h"
+#include "Oakfen/Widgets/WindowState.h"
 #include "OakfenCore/Models/LibraryCoding.h"
 #include "OakfenCore/SampleData/SampleData.h"
 #include "OakfenCore/Support/Text.h"
@@ -139,16 +139,13 @@ void walkTheScreens(Album& album, const Library& document) {
 
 void renderTour(const std::string& folder, const std::optional<std::string>& file) {
     // The windows of the tour must not move those of the person.
-    const QTemporaryDir state;
-    const auto stateHome = qgetenv("XDG_STATE_HOME");
+    const windowState::InMemory inMemory;
     const auto wasDark = Theme::isDark();
     const auto putBack = qScopeGuard([&] {
-        stateHome.isNull() ? qunsetenv("XDG_STATE_HOME") : qputenv("XDG_STATE_HOME", stateHome);
         if (Theme::isDark() != wasDark) {
             Theme::setDark(wasDark);
         }
     });
-    qputenv("XDG_STATE_HOME", state.path().toUtf8());
 
     const Library document =
         file ? decodeLibrary(readFile(systemFiles(), *file))

@@ -15,6 +15,13 @@ namespace {
 
 const std::string tourFile = "/tour/Tarnwick/Library.tarnwick";
 
+InMemoryFileSystem& withFile(InMemoryFileSystem& files, const std::string& bytes) {
+    if (!bytes.empty()) {
+        files.addFile(tourFile, bytes);
+    }
+    return files;
+}
+
 /// Lets layouts, queued work and paint requests settle.
 void settle() {
     for (int round = 0; round < 5; ++round) {
@@ -25,45 +32,41 @@ void settle() {
 
 } // namespace
 
-TourStage::TourStage(const std::string& bytes) {
-    if (!bytes.empty()) {
-        files_.addFile(tourFile, bytes);
-    }
-    store_ = std::make_unique<LibraryStore>(
-        tourFile,
-        LibraryStoreServices{files_, scheduler_, clock_, defaults_, passwords_, legacyKeys_});
-    environment_.reset(new AppEnvironment{*store_, appState_, panels_, defaults_, clock_,
-                                          scheduler_, files_, dayChange_, busyWork_});
-    window_ = std::make_unique<MainWindow>(*environment_, [] {});
-    window_->show();
+TourStage::TourStage(const std::string& bytes)
+    : session_({{withFile(files_, bytes), scheduler_, clock_, kept_.defaults, kept_.passwordStore,
+                 kept_.legacyKeys},
+                panels_},
+               {tourFile, std::string(LibraryStore::unencryptedKey)}),
+      window_(session_.environment(), [] {}) {
+    window_.show();
 }
 
 void TourStage::show(Library document) {
-    store_->useNoPassword();
-    store_->replaceLibrary(std::move(document), std::nullopt);
+    store().useNoPassword();
+    store().replaceLibrary(std::move(document), std::nullopt);
 }
 
 void TourStage::showBusy(const std::string& message) {
-    appState_.setBusyMessage(message);
-    window_->findChild<BusyPill*>()->show();
+    appState().setBusyMessage(message);
+    window_.findChild<BusyPill*>()->show();
 }
 
 QPixmap TourStage::picture() {
     settle();
     // The picture is of the end of whatever fades.
-    qDeleteAll(window_->findChildren<CrossFade*>());
-    QPixmap picture = window_->grab();
-    for (QDialog* dialog : window_->findChildren<QDialog*>()) {
+    qDeleteAll(window_.findChildren<CrossFade*>());
+    QPixmap picture = window_.grab();
+    for (QDialog* dialog : window_.findChildren<QDialog*>()) {
         if (!dialog->isVisible()) {
             continue;
         }
         const QPixmap sheet = dialog->grab();
         const QSize size = sheet.deviceIndependentSize().toSize();
         const QRect place(
-            QPoint((window_->width() - size.width()) / 2, (window_->height() - size.height()) / 2),
+            QPoint((window_.width() - size.width()) / 2, (window_.height() - size.height()) / 2),
             size);
         QPainter painter(&picture);
-        painter.fillRect(QRect(QPoint(), window_->size()), QColor(0, 0, 0, 80));
+        painter.fillRect(QRect(QPoint(), window_.size()), QColor(0, 0, 0, 80));
         painter.drawPixmap(place.topLeft(), sheet);
         painter.setPen(QColor(0, 0, 0, 120));
         painter.drawRect(place.adjusted(-1, -1, 0, 0));

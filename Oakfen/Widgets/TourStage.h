@@ -1,14 +1,10 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <string>
 
-#include "Oakfen/AppEnvironment.h"
+#include "Oakfen/Session.h"
 #include "Oakfen/Widgets/MainWindow.h"
-#include "OakfenCore/Platform/InMemoryLegacyKeyStore.h"
-#include "OakfenCore/Platform/InMemoryPasswordStore.h"
-#include "OakfenCore/Platform/InMemoryUserDefaults.h"
 #include "OakfenCore/Platform/ManualScheduler.h"
 #include "OakfenCore/Support/InMemoryFileSystem.h"
 
@@ -43,26 +39,20 @@ public:
     /// The window as it looks now, with the sheet over it when one is open.
     [[nodiscard]] QPixmap picture();
 
-    [[nodiscard]] LibraryStore& store() { return *store_; }
-    [[nodiscard]] AppState& appState() { return appState_; }
+    [[nodiscard]] LibraryStore& store() { return session_.environment().store; }
+    [[nodiscard]] AppState& appState() { return session_.environment().appState; }
     [[nodiscard]] const Calendar& calendar() const { return calendar_; }
-    [[nodiscard]] QWidget& window() { return *window_; }
+    [[nodiscard]] QWidget& window() { return window_; }
 
 private:
     InMemoryFileSystem files_;
     SystemClock clock_;
     Calendar calendar_ = clock_.calendar();
     ManualScheduler scheduler_;
-    DayChange dayChange_{clock_, scheduler_};
-    InMemoryUserDefaults defaults_;
-    InMemoryPasswordStore passwords_;
-    InMemoryLegacyKeyStore legacyKeys_;
+    KeptInMemory kept_;
     SilentPanels panels_;
-    std::unique_ptr<LibraryStore> store_;
-    AppState appState_{defaults_};
-    BusyWork busyWork_{appState_, scheduler_};
-    std::unique_ptr<AppEnvironment> environment_;
-    std::unique_ptr<MainWindow> window_;
+    Session session_;
+    MainWindow window_;
 };
 
 } // namespace oakfen

@@ -12,4 +12,13 @@ namespace oakfen::windowState {
 
 void setValue(const QString& key, const QVariant& value);
 
+/// While it lives, nothing of the person's is read or written: what is set is gone with it.
+class InMemory {
+public:
+    InMemory();
+    ~InMemory();
+    InMemory(const InMemory&) = delete;
+    InMemory& operator=(const InMemory&) = delete;
+};
+
 } // namespace oakfen::windowState

@@ -5,10 +5,20 @@ import pyatspi
 from desktop import eventually
 
 
+watched = None
+
+
+def watch(process):
+    """From now on looks at this one of several programs only."""
+    global watched
+    watched = process.pid
+
+
 def application():
     def look():
         for candidate in pyatspi.Registry.getDesktop(0):
-            if candidate is not None and candidate.name.lower().startswith("oakfen"):
+            if candidate is not None and candidate.name.lower().startswith("oakfen") and (
+                    watched is None or candidate.get_process_id() == watched):
                 return candidate
         return None
     return eventually("the program on the accessibility bus", look)

@@ -58,19 +58,29 @@ class Desktop:
     def data_file(self):
         return os.path.join(self.home, "data", "Tarnwick", "Library.tarnwick")
 
-    def start(self, program, *arguments):
-        """Starts the program; with `network_log` set, notes every call on sockets there."""
+    def start(self, program, *arguments, **changes):
+        """Starts the program; with `network_log` set, notes every call on sockets there. `changes`
+        of the environment: a value, or None to leave a variable out."""
         command = [program, *arguments]
         if self.network_log:
             # -D: the program keeps the process id that signals are sent to.
             command = ["strace", "-D", "-f", "-A", "-o", self.network_log, "-e", "trace=network",
                        *command]
-        return subprocess.Popen(command, env=self.environment)
+        environment = {key: value for key, value in (self.environment | changes).items()
+                       if value is not None}
+        return subprocess.Popen(command, env=environment)
 
     def await_keyboard(self):
         """Waits until the window manager sends the keys to the program's window."""
         eventually("the keyboard",
                    lambda: "Oakfen" in self._ask("getwindowfocus", "getwindowname").stdout)
+
+    def activate(self, process):
+        """Brings the window of this one of several programs to the front."""
+        eventually("the window in front", lambda: self._ask(
+            "search", "--all", "--onlyvisible", "--pid", str(process.pid), "--name", "^Oakfen$",
+            "windowactivate", "--sync").returncode == 0)
+        self.await_keyboard()
 
     def _ask(self, *questions):
         return subprocess.run(["xdotool", *questions], env=self.environment, capture_output=True,

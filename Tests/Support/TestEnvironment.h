@@ -7,10 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "Oakfen/AppEnvironment.h"
-#include "OakfenCore/Platform/InMemoryLegacyKeyStore.h"
-#include "OakfenCore/Platform/InMemoryPasswordStore.h"
-#include "OakfenCore/Platform/InMemoryUserDefaults.h"
+#include "Oakfen/Session.h"
 #include "OakfenCore/Platform/ManualScheduler.h"
 #include "OakfenCore/Support/InMemoryFileSystem.h"
 #include "Tests/Support/TestLedger.h"
@@ -69,8 +66,8 @@ private:
     }
 };
 
-/// All that a screen is handed, in memory: no disk, no display, no waiting. The store is open
-/// without a password on the given document; the clock stands at noon of March 15th, 2026, in UTC.
+/// A whole session in memory: no disk, no display, no waiting. The store is open without a password
+/// on the given document; the clock stands at noon of March 15th, 2026, in UTC.
 class TestEnvironment {
 public:
     /// Opens the store on that file of `files` as it is, without making a choice for the person.
@@ -83,42 +80,44 @@ public:
         store->replaceLibrary(std::move(document), std::nullopt);
     }
 
-    explicit TestEnvironment(Unopened) {
-        openStore();
-        undoManager = std::make_shared<UndoManager>();
-        store->setUndoManager(undoManager);
-        appState = std::make_unique<AppState>(defaults);
-        busyWork = std::make_unique<BusyWork>(*appState, scheduler);
-        environment.reset(new AppEnvironment{*store, *appState, panels, defaults, clock, scheduler,
-                                             files, dayChange, *busyWork});
+    explicit TestEnvironment(Unopened) { openSession(); }
+
+    /// Ends the session and begins the next one on the same files and settings, as the next start
+    /// of the program does.
+    void openSession() {
+        session.reset();
+        session = std::make_unique<Session>(
+            SessionServices{
+                {files, scheduler, clock, kept.defaults, kept.passwordStore, kept.legacyKeys},
+                panels},
+            DataFileChoice{dataFile, std::string(LibraryStore::unencryptedKey)});
+        environment = &session->environment();
+        store = &environment->store;
+        appState = &environment->appState;
+        busyWork = &environment->busyWork;
+        undoManager = &environment->undoManager;
     }
 
     AppEnvironment& operator*() { return *environment; }
-    AppEnvironment* operator->() { return environment.get(); }
+    AppEnvironment* operator->() { return environment; }
 
     [[nodiscard]] const Library& library() const { return store->library(); }
     [[nodiscard]] const LibraryIndex& index() const { return store->index(); }
 
     FixedClock clock{day(2026, 3, 15)};
     ManualScheduler scheduler;
-    DayChange dayChange{clock, scheduler};
     InMemoryFileSystem files;
-    InMemoryUserDefaults defaults;
-    InMemoryPasswordStore passwordStore;
-    InMemoryLegacyKeyStore legacyKeys;
+    KeptInMemory kept;
+    InMemoryUserDefaults& defaults = kept.defaults;
     RecordingPanels panels;
-    std::unique_ptr<LibraryStore> store;
-    std::shared_ptr<UndoManager> undoManager;
-    std::unique_ptr<AppState> appState;
-    std::unique_ptr<BusyWork> busyWork;
-    std::unique_ptr<AppEnvironment> environment;
+    std::unique_ptr<Session> session;
 
-private:
-    void openStore() {
-        store = std::make_unique<LibraryStore>(
-            dataFile,
-            LibraryStoreServices{files, scheduler, clock, defaults, passwordStore, legacyKeys});
-    }
+    // Parts of the session.
+    AppEnvironment* environment = nullptr;
+    LibraryStore* store = nullptr;
+    AppState* appState = nullptr;
+    BusyWork* busyWork = nullptr;
+    UndoManager* undoManager = nullptr;
 };
 
 } // namespace oakfen::testing

@@ -183,7 +183,8 @@ TEST_F(MainWindowTest, GreetsAnewAsTheHoursPass) {
 
 TEST_F(MainWindowTest, LooksAtTheClockWhenThePersonComesBack) {
     int notices = 0;
-    const Subscription watching = test->dayChange.dayChanged.observe([&notices] { ++notices; });
+    const Subscription watching =
+        test->environment->dayChange.dayChanged.observe([&notices] { ++notices; });
     test->clock.set(day(2026, 3, 16));
     QEvent deactivation(QEvent::ActivationChange);
     QApplication::setActiveWindow(nullptr);

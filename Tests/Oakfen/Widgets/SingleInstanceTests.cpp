@@ -5,6 +5,7 @@
 
 #include <sys/file.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QEventLoop>
 #include <QFile>
@@ -157,8 +158,8 @@ TEST_F(SingleInstanceTest, OpensWhereAnOldLockWasLeftBehind) {
 TEST_F(SingleInstanceTest, GoesOnWithoutALockWhereNoneIsToBeHad) {
     // A folder in the lock's place stands for every file that can't be opened.
     QDir(folder.path()).mkdir(QStringLiteral(".Library.tarnwick.lock"));
-    const DataFileLock lock(path("Library.tarnwick"), AtTheEnd::keep);
-    EXPECT_EQ(lock.state(), State::unavailable);
+    const DataFileLock taken(path("Library.tarnwick"), AtTheEnd::keep);
+    EXPECT_EQ(taken.state(), State::unavailable);
     EXPECT_TRUE(SingleInstance(path("Library.tarnwick"), AtTheEnd::keep).isFirst());
 }
 
@@ -168,8 +169,8 @@ TEST_F(SingleInstanceTest, GoesOnWithoutALockInAReadOnlyFolder) {
     }
     const Mount mount = Mount::readOnly(utf8(folder.path()));
     ASSERT_TRUE(mount.isMounted());
-    const DataFileLock lock(path("Library.tarnwick"), AtTheEnd::remove);
-    EXPECT_EQ(lock.state(), State::unavailable);
+    const DataFileLock taken(path("Library.tarnwick"), AtTheEnd::remove);
+    EXPECT_EQ(taken.state(), State::unavailable);
 }
 
 } // namespace

@@ -28,6 +28,18 @@ TEST_F(WindowStateTest, BeginsWithTheUsualSizes) {
     EXPECT_EQ(sidebarWidth(), 250);
 }
 
+TEST_F(WindowStateTest, NeitherReadsNorWritesThePersonsWhileItIsKeptInMemory) {
+    const QString key = QStringLiteral("test/value");
+    windowState::setValue(key, 1);
+    {
+        const windowState::InMemory inMemory;
+        EXPECT_FALSE(windowState::value(key).isValid());
+        windowState::setValue(key, 2);
+        EXPECT_EQ(windowState::value(key), 2);
+    }
+    EXPECT_EQ(windowState::value(key).toInt(), 1);
+}
+
 TEST_F(WindowStateTest, KeepsTheSidebarWithinItsBounds) {
     dragSidebarTo(10);
     EXPECT_EQ(sidebarWidth(), 220);

@@ -1,0 +1,56 @@
+#include "Oakfen/Session.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "OakfenCore/Support/FileCalls.h"
+
+namespace oakfen {
+
+Session::Session(const SessionServices& services, const DataFileChoice& file)
+    : Session(services, std::make_unique<LibraryStore>(file.path, services.store, file.choiceKey)) {
+    tellOfVersionsBeside();
+}
+
+std::unique_ptr<Session> Session::sample(const SessionServices& services) {
+    return std::unique_ptr<Session>(new Session(services, LibraryStore::preview(services.store)));
+}
+
+Session::Session(const SessionServices& services, std::unique_ptr<LibraryStore> store)
+    : dayChange_(services.store.clock, services.store.scheduler), store_(std::move(store)),
+      appState_(services.store.defaults),
+      busyWork_(appState_, services.store.scheduler), environment_{.store = *store_,
+                                                                   .appState = appState_,
+                                                                   .undoManager = *undoManager_,
+                                                                   .panels = services.panels,
+                                                                   .defaults =
+                                                                       services.store.defaults,
+                                                                   .clock = services.store.clock,
+                                                                   .scheduler =
+                                                                       services.store.scheduler,
+                                                                   .files = services.store.files,
+                                                                   .dayChange = dayChange_,
+                                                                   .busyWork = busyWork_,
+    store_->setUndoManager(undoManager_);
+    dayChanged_ = dayChange_.dayChanged.observe([this] { store_->refreshIndex(); });
+    missingFileWritten_ = store_->missingFileWritten.observe([this] {
+        appState_.showNotice({.text = "“" + fileCalls::nameOf(*store_->filePath()) +
+                                      "” had gone and was written again."});
+    });
+}
+
+void Session::tellOfVersionsBeside() {
+    const std::vector<std::string> names = store_->takeVersionsBeside();
+    if (names.empty()) {
+        return;
+    }
+    std::string text = "Changes of an earlier session couldn’t be saved, since another program had "
+                       "changed the data file. They are kept beside it as ";
+    for (std::size_t position = 0; position < names.size(); ++position) {
+        text += (position == 0 ? "“" : ", “") + names[position] + "”";
+    }
+    appState_.setAlertMessage(text + ".");
+}
+
+} // namespace oakfen

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "Oakfen/AppEnvironment.h"
+#include "OakfenCore/LibraryStore/DataFileChoice.h"
+#include "OakfenCore/Platform/InMemoryLegacyKeyStore.h"
+#include "OakfenCore/Platform/InMemoryPasswordStore.h"
+#include "OakfenCore/Platform/InMemoryUserDefaults.h"
+#include "OakfenCore/Support/UndoManager.h"
+
+namespace oakfen {
+
+/// What a session works with: files, time, settings, keyring and dialogs. All must outlive it.
+struct SessionServices {
+    LibraryStoreServices store;
+    Panels& panels;
+};
+
+/// Settings and a keyring that nobody keeps: for looking around without touching a person's own.
+struct KeptInMemory {
+    InMemoryUserDefaults defaults;
+    InMemoryPasswordStore passwordStore;
+    InMemoryLegacyKeyStore legacyKeys;
+};
+
+/// One open document and all that works on it, wired in one way for the program, its pictures and
+/// its tests.
+class Session {
+public:
+    /// Opens the file, and tells of versions that earlier sessions could not save.
+    Session(const SessionServices& services, const DataFileChoice& file);
+    /// Opens a sample household in memory.
+    [[nodiscard]] static std::unique_ptr<Session> sample(const SessionServices& services);
+
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    [[nodiscard]] AppEnvironment& environment() { return environment_; }
+
+private:
+    Session(const SessionServices& services, std::unique_ptr<LibraryStore> store);
+
+    void tellOfVersionsBeside();
+
+    DayChange dayChange_;
+    std::shared_ptr<UndoManager> undoManager_ = std::make_shared<UndoManager>();
+    std::unique_ptr<LibraryStore> store_;
+    AppState appState_;
+    BusyWork busyWork_;
+    AppEnvironment environment_;
+    Subscription dayChanged_;
+    Subscription missingFileWritten_;
+};
+
+} // namespace oakfen

@@ -1,0 +1,45 @@
+#include "Oakfen/Session.h"
+
+#include <gtest/gtest.h>
+
+#include "OakfenCore/LibraryOperations/Accounts.h"
+#include "Tests/Support/TestEnvironment.h"
+
+namespace oakfen {
+namespace {
+
+using testing::TestEnvironment;
+
+TEST(Session, HandsItsUndoManagerToTheStore) {
+    TestEnvironment test;
+    test.store->mutate("New Account",
+                       [](Library& library) { upsert(library, testing::makeAccount("Everyday")); });
+    EXPECT_EQ(test.undoManager->undoActionName(), "New Account");
+}
+
+TEST(Session, FollowsTheDayInItsIndex) {
+    TestEnvironment test;
+    const Date before = test.index().now();
+    test.clock.advance(86400);
+    test.environment->dayChange.check();
+    EXPECT_EQ(test.index().now(), before.adding(86400));
+}
+
+TEST(Session, ShowsASampleWithoutAFileThatIsOpenAndUnlocked) {
+    TestEnvironment own;
+    own.defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    KeptInMemory kept;
+    const std::unique_ptr<Session> sample = Session::sample(
+        {{own.files, own.scheduler, own.clock, kept.defaults, kept.passwordStore, kept.legacyKeys},
+         own.panels});
+    AppEnvironment& environment = sample->environment();
+    EXPECT_FALSE(environment.store.filePath());
+    EXPECT_TRUE(environment.store.accessState().isOpen());
+    EXPECT_TRUE(environment.appState.isUnlocked());
+    EXPECT_FALSE(environment.store.library().accounts.empty());
+    environment.defaults.setBoolean("showClosedAccounts", true);
+    EXPECT_FALSE(own.defaults.boolean("showClosedAccounts"));
+}
+
+} // namespace
+} // namespace oakfen
