@@ -12,6 +12,8 @@
 
 namespace oakfen {
 
+class OtherVersionFlow;
+
 /// What every screen is handed. A bundle of references to objects that live as long as the program.
 struct AppEnvironment {
     LibraryStore& store;
@@ -24,6 +26,7 @@ struct AppEnvironment {
     FileSystem& files;
     DayChange& dayChange;
     BusyWork& busyWork;
+    OtherVersionFlow& otherVersion;
 
     /// The code in which every screen shows money.
     [[nodiscard]] const std::string& currencyCode() const { return store.library().currencyCode; }

@@ -32,6 +32,8 @@ Session::Session(const SessionServices& services, std::unique_ptr<LibraryStore> 
                                                                    .files = services.store.files,
                                                                    .dayChange = dayChange_,
                                                                    .busyWork = busyWork_,
+                                                                   .otherVersion = otherVersion_},
+      otherVersion_(environment_) {
     store_->setUndoManager(undoManager_);
     dayChanged_ = dayChange_.dayChanged.observe([this] { store_->refreshIndex(); });
     missingFileWritten_ = store_->missingFileWritten.observe([this] {

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "Oakfen/AppEnvironment.h"
+#include "Oakfen/OtherVersionFlow.h"
 #include "OakfenCore/LibraryStore/DataFileChoice.h"
 #include "OakfenCore/Platform/InMemoryLegacyKeyStore.h"
 #include "OakfenCore/Platform/InMemoryPasswordStore.h"
@@ -50,6 +51,7 @@ private:
     AppState appState_;
     BusyWork busyWork_;
     AppEnvironment environment_;
+    OtherVersionFlow otherVersion_;
     Subscription dayChanged_;
     Subscription missingFileWritten_;
 };

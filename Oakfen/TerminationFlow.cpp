@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "Oakfen/OtherVersionFlow.h"
+
 namespace oakfen {
 
 TerminationFlow::TerminationFlow(AppEnvironment& environment, std::function<void()> quit)
@@ -27,9 +29,22 @@ void TerminationFlow::requestQuit() {
 void TerminationFlow::saveAndQuit() {
     if (save()) {
         quit_();
+    } else if (environment_.store.isChangedElsewhere()) {
+        askForVersion();
     } else {
         askAfterFailure();
     }
+}
+
+void TerminationFlow::askForVersion() {
+    isAsking_ = true;
+    environment_.otherVersion.ask([this](OtherVersionFlow::Decision decision) {
+        isAsking_ = false;
+        // Whoever opens the other version wants to see it, and undo would end with the program.
+        if (decision == OtherVersionFlow::Decision::keptThisVersion) {
+            requestQuit();
+        }
+    });
 }
 
 void TerminationFlow::quitWithoutAsking() {

@@ -13,17 +13,20 @@ public:
     /// `quit` ends the program.
     TerminationFlow(AppEnvironment& environment, std::function<void()> quit);
 
-    /// Lets files that are being read or written come to their end, saves and quits. When the save
-    /// fails, asks whether to try again or to quit anyway; a file that could not be written holds
+    /// Lets files that are being read or written come to their end, saves and quits. When another
+    /// program has changed the data file, asks first which version to keep. When the save fails,
+    /// asks whether to try again or to quit anyway; a file that could not be written holds
     /// the quit, so that the person learns of it.
     void requestQuit();
 
     /// Saves and quits whatever happens: for a session that ends and can't wait for an answer.
+    /// Where another program has changed the data file, this version is kept beside it.
     void quitWithoutAsking();
 
 private:
     void saveAndQuit();
     [[nodiscard]] bool save();
+    void askForVersion();
     void askAfterFailure();
 
     AppEnvironment& environment_;

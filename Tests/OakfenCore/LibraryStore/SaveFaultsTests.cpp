@@ -296,6 +296,22 @@ TEST(SaveFaults, LoseNeitherVersionWhileOpeningTheOther) {
     expectNothingIsLost(openOtherVersion);
 }
 
+/// A file system that can't exchange two names.
+class WithPlainRenameOnly final : public FileSystemFilter {
+public:
+    using FileSystemFilter::FileSystemFilter;
+    Result exchange(const std::string&, const std::string&) override { return {-1, EINVAL}; }
+};
+
+TEST(SaveFaults, LoseNothingWhereTwoFilesCannotBeExchanged) {
+    const auto withoutExchange = [](FileSystem& files) -> std::unique_ptr<FileSystem> {
+        return std::make_unique<WithPlainRenameOnly>(files);
+    };
+    for (const SaveStory& story : {saveAnEdit, saveAfterAnotherProgram, keepThisVersion}) {
+        EXPECT_THAT(sweepFaults(story, withoutExchange).complaints, IsEmpty());
+    }
+}
+
 // The same checks must find fault with a way of saving that lacks one of its steps.
 
 class WithoutSync final : public FileSystemFilter {
