@@ -5,8 +5,8 @@
 namespace oakfen {
 
 Date SystemClock::now() const {
-    const auto elapsed = std::chrono::system_clock::now().time_since_epoch();
-    return Date::since1970(std::chrono::duration<double>(elapsed).count());
+    const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+    return Date::since1970(static_cast<double>(now.time_since_epoch().count()));
 }
 
 } // namespace oakfen

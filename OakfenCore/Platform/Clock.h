@@ -13,7 +13,8 @@ public:
     [[nodiscard]] virtual Calendar calendar() const = 0;
 };
 
-/// The system's clock and zone.
+/// The system's clock and zone. Its moments are whole seconds, as the file keeps them: a fraction
+/// would be lost with the next start, and entries of one second might change places.
 class SystemClock final : public Clock {
 public:
     [[nodiscard]] Date now() const override;
