@@ -1,39 +1,13 @@
-#include <cstdlib>
-#include <optional>
-
 #include <gtest/gtest.h>
 
 #include "OakfenCore/Platform/FileUserDefaults.h"
 #include "OakfenCore/Platform/UserFolders.h"
+#include "Tests/Support/EnvironmentVariable.h"
 
 namespace oakfen {
 namespace {
 
-/// Sets a variable of the environment, or takes it away, for as long as the object lives.
-class Variable {
-public:
-    Variable(const char* name, const char* value) : name_(name) {
-        if (const char* const before = std::getenv(name)) {
-            before_ = before;
-        }
-        set(value);
-    }
-    ~Variable() { set(before_ ? before_->c_str() : nullptr); }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-
-private:
-    void set(const char* value) const {
-        if (value == nullptr) {
-            ::unsetenv(name_);
-        } else {
-            ::setenv(name_, value, 1);
-        }
-    }
-
-    const char* name_;
-    std::optional<std::string> before_;
-};
+using Variable = testing::EnvironmentVariable;
 
 TEST(UserFolders, AreThoseOfTheEnvironment) {
     const Variable data("XDG_DATA_HOME", "/d");
