@@ -14,7 +14,7 @@ enum class Order { caseInsensitive, standard };
 std::unique_ptr<icu::Collator> makeCollator(Order order) {
     UErrorCode status = U_ZERO_ERROR;
     std::unique_ptr<icu::Collator> collator(
-        icu::Collator::createInstance(icu::Locale(userLocale().c_str()), status));
+        icu::Collator::createInstance(icu::Locale(userLocales().sorting.c_str()), status));
     if (U_FAILURE(status)) {
         throw LocalizedError("The data for sorting texts is missing.");
     }

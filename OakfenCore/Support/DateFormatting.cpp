@@ -15,7 +15,7 @@ namespace {
 /// `Calendar`, whose database is the system's, and not ICU's own.
 std::unique_ptr<icu::SimpleDateFormat> makeFormatter(const char* fields) {
     UErrorCode status = U_ZERO_ERROR;
-    const icu::Locale locale(userLocale().c_str());
+    const icu::Locale locale(userLocales().dates.c_str());
     const std::unique_ptr<icu::DateTimePatternGenerator> patterns(
         icu::DateTimePatternGenerator::createInstance(locale, status));
     if (U_FAILURE(status)) {

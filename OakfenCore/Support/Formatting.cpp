@@ -72,7 +72,7 @@ std::shared_ptr<const LocalizedNumberFormatter> formatterFor(const FormatterKey&
     auto& formatter = formatters[key];
     if (formatter == nullptr) {
         formatter = std::make_shared<const LocalizedNumberFormatter>(
-            styled(key).locale(icu::Locale(userLocale().c_str())));
+            styled(key).locale(icu::Locale(userLocales().money.c_str())));
     }
     return formatter;
 }
@@ -100,7 +100,7 @@ FormatterKey moneyKey(Style style, std::string_view currencyCode) {
 std::string localeCurrencyCode() {
     char16_t buffer[4] = {};
     UErrorCode status = U_ZERO_ERROR;
-    const std::int32_t length = ucurr_forLocale(userLocale().c_str(), buffer, 4, &status);
+    const std::int32_t length = ucurr_forLocale(userLocales().money.c_str(), buffer, 4, &status);
     return U_SUCCESS(status) && length == 3 ? utf8(icu::UnicodeString(buffer, length)) : "CAD";
 }
 
@@ -111,7 +111,7 @@ std::string currencyName(std::string_view currencyCode) {
     icu::UnicodeString code = currencyISOCode(currencyCode);
     UErrorCode status = U_ZERO_ERROR;
     std::int32_t length = 0;
-    const char16_t* name = ucurr_getName(code.getTerminatedBuffer(), userLocale().c_str(),
+    const char16_t* name = ucurr_getName(code.getTerminatedBuffer(), userLocales().money.c_str(),
                                          UCURR_LONG_NAME, nullptr, &length, &status);
     // For want of a name ICU hands the code back.
     const icu::UnicodeString text(name, length);

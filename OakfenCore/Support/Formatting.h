@@ -9,7 +9,7 @@
 #include "OakfenCore/Support/Decimal.h"
 #include "OakfenCore/Support/Locale.h"
 
-/// Numbers, money and dates as people read them, in the user's locale.
+/// Numbers, money and dates as people read them, in the user's locales.
 namespace oakfen {
 
 /// The code of the locale's currency; "CAD" when it has none.

@@ -4,15 +4,16 @@
 #include <cstdlib>
 #include <mutex>
 #include <unicode/locid.h>
+#include <utility>
 
 namespace oakfen {
 namespace {
 
 constexpr const char* fallbackName = "en_CA";
 
-/// The locale of amounts, since a program about money follows that where several are set.
-std::string environmentName() {
-    for (const char* variable : {"LC_ALL", "LC_MONETARY", "LANG"}) {
+/// What the environment says of a category, in the order that the C library follows too.
+std::string environmentName(const char* category) {
+    for (const char* variable : {"LC_ALL", category, "LANG"}) {
         const char* value = std::getenv(variable);
         if (value != nullptr && *value != '\0') {
             return value;
@@ -34,7 +35,7 @@ std::string usableName(std::string_view name) {
 
 struct State {
     std::mutex mutex;
-    std::string name = usableName(environmentName());
+    UserLocales locales = environmentLocales();
     std::atomic<std::uint64_t> generation = 1;
 };
 
@@ -45,17 +46,31 @@ State& state() {
 
 } // namespace
 
-std::string userLocale() {
+UserLocales userLocales() {
     State& current = state();
     const std::scoped_lock lock(current.mutex);
-    return current.name;
+    return current.locales;
+}
+
+UserLocales environmentLocales() {
+    return {.money = usableName(environmentName("LC_MONETARY")),
+            .dates = usableName(environmentName("LC_TIME")),
+            .sorting = usableName(environmentName("LC_COLLATE"))};
+}
+
+void setUserLocales(const UserLocales& locales) {
+    UserLocales usable{.money = usableName(locales.money),
+                       .dates = usableName(locales.dates),
+                       .sorting = usableName(locales.sorting)};
+    State& current = state();
+    const std::scoped_lock lock(current.mutex);
+    current.locales = std::move(usable);
+    ++current.generation;
 }
 
 void setUserLocale(std::string_view name) {
-    State& current = state();
-    const std::scoped_lock lock(current.mutex);
-    current.name = usableName(name);
-    ++current.generation;
+    const std::string each(name);
+    setUserLocales({.money = each, .dates = each, .sorting = each});
 }
 
 std::uint64_t userLocaleGeneration() noexcept {

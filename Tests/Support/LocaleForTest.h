@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>
 #include <string_view>
 
 #include "OakfenCore/Support/Locale.h"
@@ -12,12 +11,13 @@ namespace oakfen::testing {
 class LocaleForTest {
 public:
     explicit LocaleForTest(std::string_view name) { setUserLocale(name); }
-    ~LocaleForTest() { setUserLocale(before_); }
+    explicit LocaleForTest(const UserLocales& locales) { setUserLocales(locales); }
+    ~LocaleForTest() { setUserLocales(before_); }
     LocaleForTest(const LocaleForTest&) = delete;
     LocaleForTest& operator=(const LocaleForTest&) = delete;
 
 private:
-    std::string before_ = userLocale();
+    UserLocales before_ = userLocales();
 };
 
 } // namespace oakfen::testing
