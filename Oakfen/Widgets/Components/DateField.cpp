@@ -8,7 +8,9 @@
 #include <QToolButton>
 #include <utility>
 
+#include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Theme.h"
+#include "OakfenCore/Support/Locale.h"
 
 namespace oakfen {
 
@@ -102,6 +104,8 @@ void DateField::openCalendar() {
 void DateField::makeCalendarSheet() {
     sheet_ = new QCalendarWidget(this);
     sheet_->setWindowFlag(Qt::Popup);
+    // The names of its days and months, and the day that its weeks begin with, go with the dates.
+    sheet_->setLocale(QLocale(qt(userLocales().dates)));
     sheet_->setAccessibleName(accessibleName());
     sheet_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     sheet_->setDateRange(QDate(1, 1, 1), QDate(4001, 1, 1));

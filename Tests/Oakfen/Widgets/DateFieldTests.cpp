@@ -7,11 +7,13 @@
 #include <QVBoxLayout>
 
 #include "Oakfen/Widgets/Bridge.h"
+#include "Tests/Support/LocaleForTest.h"
 #include "Tests/Support/TestLedger.h"
 
 namespace oakfen {
 
 using testing::day;
+using testing::LocaleForTest;
 
 namespace {
 
@@ -139,6 +141,13 @@ TEST_F(DateFieldWidget, LeavesTheDayWhenTheCalendarIsEscaped) {
     QTest::keyClick(days, Qt::Key_Escape);
     EXPECT_FALSE(sheet->isVisible());
     EXPECT_EQ(field->value(), day(2026, 3, 15, 9));
+}
+
+TEST_F(DateFieldWidget, OpensACalendarOfTheLocaleThatItsDatesAreIn) {
+    const LocaleForTest locale({.money = "en_CA", .dates = "de_DE", .sorting = "en_CA"});
+    press(Qt::Key_F4);
+    EXPECT_EQ(field->calendarSheet()->firstDayOfWeek(), Qt::Monday);
+    EXPECT_EQ(field->calendarSheet()->locale().standaloneMonthName(3), QString::fromUtf8("März"));
 }
 
 TEST_F(DateFieldWidget, ShowsTheFirstAndTheLastYear) {
