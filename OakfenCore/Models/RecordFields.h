@@ -8,7 +8,8 @@
 #include "OakfenCore/Models/Library.h"
 
 /// How the records look as objects of the document: one table per record, which the encoder writes
-/// from and the decoder reads into. A field whose type is optional may be missing.
+/// from, the decoder reads into and checks walk through. A field whose type is optional may be
+/// missing.
 namespace oakfen {
 
 /// A key of a record's object and the member that it stands for.
@@ -142,8 +143,28 @@ inline constexpr auto fieldsOf<Library> = std::tuple{
 
 /// A type that the document holds as an object.
 template <typename T>
-concept RecordType = std::tuple_size_v<std::remove_const_t<decltype(fieldsOf<T>)>> >
-0;
+concept RecordType = (std::tuple_size_v<std::remove_const_t<decltype(fieldsOf<T>)>> > 0);
+
+/// How many members of a record its table names.
+template <RecordType Record>
+inline constexpr std::size_t fieldCount =
+    std::tuple_size_v<std::remove_const_t<decltype(fieldsOf<Record>)>>;
+
+/// Stands for a value of any type where none is made.
+struct AnyValue {
+    template <typename Value>
+    operator Value() const; // as implicit as an initializer
+};
+
+/// How many members a record has: with one value more it can't be made.
+template <typename Record, typename... Values>
+consteval std::size_t memberCount() {
+    if constexpr (requires { Record{Values{}..., AnyValue{}}; }) {
+        return memberCount<Record, Values..., AnyValue>();
+    } else {
+        return sizeof...(Values);
+    }
+}
 
 /// Whether the keys ascend, so that the same record always gives the same bytes.
 template <RecordType Record>
@@ -156,9 +177,12 @@ consteval bool keysAscend() {
         fieldsOf<Record>);
 }
 
-static_assert(keysAscend<Account>() && keysAscend<Category>() && keysAscend<Split>() &&
-              keysAscend<Transaction>() && keysAscend<PricePoint>() && keysAscend<Security>() &&
-              keysAscend<InvestmentTransaction>() && keysAscend<ScheduledTransaction>() &&
-              keysAscend<SavingsGoal>() && keysAscend<Library>());
+/// Whether each member of the record has a key, in its place.
+template <RecordType Record>
+inline constexpr bool isWhole = fieldCount<Record> == memberCount<Record>() && keysAscend<Record>();
+
+static_assert(isWhole<Account> && isWhole<Category> && isWhole<Split> && isWhole<Transaction> &&
+              isWhole<PricePoint> && isWhole<Security> && isWhole<InvestmentTransaction> &&
+              isWhole<ScheduledTransaction> && isWhole<SavingsGoal> && isWhole<Library>);
 
 } // namespace oakfen
