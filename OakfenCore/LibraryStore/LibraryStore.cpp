@@ -6,6 +6,7 @@
 #include "OakfenCore/LibraryStore/Opening.h"
 #include "OakfenCore/LibraryStore/StoreState.h"
 #include "OakfenCore/Models/LibraryCoding.h"
+#include "OakfenCore/Models/NumberCheck.h"
 #include "OakfenCore/Platform/UserFolders.h"
 #include "OakfenCore/SampleData/SampleData.h"
 
@@ -102,11 +103,19 @@ void LibraryStore::mutate(const std::string& actionName,
     Library after = state_->library;
     edit(after);
     if (after != state_->library) {
-        state_->apply(std::move(after), actionName);
+        replaceLibrary(std::move(after), actionName);
     }
 }
 
 void LibraryStore::replaceLibrary(Library library, const std::optional<std::string>& actionName) {
+    // Once it were in the document, no save could succeed until it had gone.
+    if (addsNaN(state_->library, library)) {
+        State::Status status = state_->status;
+        status.lastError = (actionName ? "“" + *actionName + "”" : "The change") +
+                           " couldn’t be done: an amount in it is too large to keep.";
+        state_->setStatus(std::move(status));
+        return;
+    }
     state_->apply(std::move(library), actionName);
 }
 

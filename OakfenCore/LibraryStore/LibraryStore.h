@@ -88,10 +88,12 @@ public:
     void setUndoManager(std::weak_ptr<UndoManager> undoManager);
 
     /// The single entry for edits: runs the edit on a copy. When that differs, the document and the
-    /// index are replaced, an undo step with that name is registered and a save is scheduled.
+    /// index are replaced, an undo step with that name is registered and a save is scheduled. An
+    /// edit that stores an amount that is not a number is refused: then `lastError` says so, and
+    /// nothing else has changed.
     void mutate(const std::string& actionName, const std::function<void(Library&)>& edit);
 
-    /// Swaps the whole document; can be undone only when a name is given.
+    /// Swaps the whole document; can be undone only when a name is given. Refused like an edit.
     void replaceLibrary(Library library, const std::optional<std::string>& actionName);
 
     /// Builds the index of the same document again, for the present moment: which entries are

@@ -83,6 +83,68 @@ TEST_F(MutationTest, LeavesTheDocumentAsItWasWhenTheEditThrows) {
     EXPECT_FALSE(undo->canUndo());
 }
 
+TEST_F(MutationTest, RefusesAnAmountThatIsNotANumberAndLeavesEverythingAsItWas) {
+    LibraryStore& store = openPlain(withAccount("Chequing"));
+    addAccount(store, "Savings");
+    undo->undo();
+    scheduler.advance(1);
+    const int writes = writeCount();
+    const LibraryIndex* const index = &store.index();
+    int notices = 0;
+    const Subscription subscription = store.libraryChanged.observe([&] { ++notices; });
+    store.mutate("Edit Account", [](Library& library) {
+        library.accounts.edit(0).name = "Renamed";
+        library.accounts.edit(0).openingBalance = Decimal::nan();
+    });
+    EXPECT_EQ(store.lastError(),
+              "“Edit Account” couldn’t be done: an amount in it is too large to keep.");
+    EXPECT_EQ(store.library(), withAccount("Chequing"));
+    EXPECT_EQ(&store.index(), index);
+    EXPECT_EQ(notices, 0);
+    EXPECT_FALSE(undo->canUndo());
+    EXPECT_EQ(undo->redoActionName(), "Add Savings");
+    EXPECT_FALSE(store.hasUnsavedChanges());
+    scheduler.advance(1);
+    EXPECT_EQ(writeCount(), writes);
+}
+
+TEST_F(MutationTest, SavesTheNextEditAfterOneThatWasRefused) {
+    LibraryStore& store = openPlain();
+    store.mutate("Edit Account", [](Library& library) {
+        library.accounts.edit(0).openingBalance = Decimal::nan();
+    });
+    store.clearError();
+    addAccount(store, "Savings");
+    scheduler.advance(1);
+    EXPECT_FALSE(store.lastError());
+    EXPECT_EQ(onDisk(), store.library());
+}
+
+TEST_F(MutationTest, TellsOfARefusedEditOnce) {
+    LibraryStore& store = openPlain();
+    int notices = 0;
+    const Subscription subscription = store.statusChanged.observe([&] { ++notices; });
+    store.mutate("Edit Account", [](Library& library) {
+        library.accounts.edit(0).openingBalance = Decimal::nan();
+    });
+    EXPECT_EQ(notices, 1);
+}
+
+TEST_F(MutationTest, RefusesADocumentWithAnAmountThatIsNotANumber) {
+    LibraryStore& store = openPlain(withAccount("Chequing"));
+    Library spoilt = withAccount("Restored");
+    spoilt.budget[UUID::random()] = Decimal::nan();
+    store.replaceLibrary(spoilt, "Restore Backup");
+    EXPECT_EQ(store.lastError(),
+              "“Restore Backup” couldn’t be done: an amount in it is too large to keep.");
+    EXPECT_EQ(store.library(), withAccount("Chequing"));
+    store.replaceLibrary(spoilt, std::nullopt);
+    EXPECT_EQ(store.lastError(),
+              "The change couldn’t be done: an amount in it is too large to keep.");
+    EXPECT_EQ(store.library(), withAccount("Chequing"));
+    EXPECT_FALSE(undo->canUndo());
+}
+
 TEST_F(MutationTest, UndoesAndRedoesUnderTheNameOfTheAction) {
     LibraryStore& store = openPlain(withAccount("Chequing"));
     addAccount(store, "Savings");

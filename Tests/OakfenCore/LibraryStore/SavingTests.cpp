@@ -1,4 +1,5 @@
 #include <cerrno>
+#include <limits>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -142,11 +143,11 @@ TEST_F(SavingTest, TellsThatPermissionsCouldNotBeSetThoughTheBytesAreInPlace) {
     EXPECT_TRUE(store.lastError().has_value());
 }
 
-TEST_F(SavingTest, StoresNoAmountThatIsNotANumber) {
+TEST_F(SavingTest, TellsOfADateThatCannotBeWritten) {
     LibraryStore& store = openPlain(withAccount("Chequing"));
-    store.mutate("Divide", [](Library& library) {
+    store.mutate("Never", [](Library& library) {
         Account spoilt = account("Chequing");
-        spoilt.openingBalance = Decimal::nan();
+        spoilt.openingDate = Date{std::numeric_limits<double>::infinity()};
         library.accounts = {spoilt};
     });
     scheduler.advance(1);
