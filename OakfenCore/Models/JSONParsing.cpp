@@ -15,7 +15,7 @@ namespace {
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 [[noreturn]] void fail(std::string_view reason, std::size_t position) {
-    throw JSONError{std::string(reason) + " (byte " + std::to_string(position) + ")"};
+    throw JSONError(std::string(reason) + " (byte " + std::to_string(position) + ")");
 }
 
 /// Passes the reader's events on.
@@ -95,7 +95,7 @@ const char* reasonFor(rapidjson::ParseErrorCode code) {
 void parseJSON(std::string_view text, JSONListener& listener) {
     // The reader counts the bytes of a string in 32 bits.
     if (text.size() > std::numeric_limits<rapidjson::SizeType>::max()) {
-        throw JSONError{"longer than 4 GiB"};
+        throw JSONError("longer than 4 GiB");
     }
     rapidjson::MemoryStream stream(text.data(), text.size());
     if (text.starts_with(byteOrderMark)) {
@@ -107,7 +107,7 @@ void parseJSON(std::string_view text, JSONListener& listener) {
     rapidjson::Reader reader;
     const rapidjson::ParseResult result = reader.Parse<flags>(stream, handler);
     if (result.Code() == rapidjson::kParseErrorNumberTooBig) {
-        throw JSONError{"a number out of range"};
+        throw JSONError("a number out of range");
     }
     if (result.IsError()) {
         const bool isAtEnd = result.Offset() == text.size();

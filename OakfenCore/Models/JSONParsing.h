@@ -1,13 +1,15 @@
 #pragma once
 
-#include <string>
 #include <string_view>
+
+#include "OakfenCore/Support/LocalizedError.h"
 
 namespace oakfen {
 
 /// Why a text can't be read.
-struct JSONError {
-    std::string reason;
+class JSONError : public LocalizedError {
+public:
+    using LocalizedError::LocalizedError;
 };
 
 /// A value as it stands in a JSON text. Of a list or an object it is the beginning only.

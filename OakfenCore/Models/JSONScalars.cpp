@@ -8,7 +8,7 @@ namespace oakfen {
 
 void requireKind(const JSONValue& json, JSONValue::Kind kind, const char* reason) {
     if (json.kind != kind) {
-        throw JSONError{reason};
+        throw JSONError(reason);
     }
 }
 
@@ -30,7 +30,7 @@ void assign(const JSONValue& json, Decimal& number) {
     requireKind(json, JSONValue::Kind::number, "not a number");
     const auto value = Decimal::parseJSONNumber(json.text);
     if (!value) {
-        throw JSONError{"a number out of range"};
+        throw JSONError("a number out of range");
     }
     number = *value;
 }
@@ -39,11 +39,11 @@ void assign(const JSONValue& json, long long& number) {
     Decimal value;
     assign(json, value);
     if (value != value.rounded(0, RoundingMode::plain)) {
-        throw JSONError{"not a whole number"};
+        throw JSONError("not a whole number");
     }
     if (value < Decimal(std::numeric_limits<long long>::min()) ||
         value > Decimal(std::numeric_limits<long long>::max())) {
-        throw JSONError{"a number out of range"};
+        throw JSONError("a number out of range");
     }
     Int128 whole = value.coefficient();
     for (int exponent = value.exponent(); exponent > 0; --exponent) {
@@ -55,7 +55,7 @@ void assign(const JSONValue& json, long long& number) {
 void assign(const JSONValue& json, UUID& id) {
     const auto value = UUID::parse(textOf(json));
     if (!value) {
-        throw JSONError{"not an identifier"};
+        throw JSONError("not an identifier");
     }
     id = *value;
 }
@@ -63,7 +63,7 @@ void assign(const JSONValue& json, UUID& id) {
 void assign(const JSONValue& json, Date& date) {
     const auto value = parseDateText(textOf(json));
     if (!value) {
-        throw JSONError{"not a date"};
+        throw JSONError("not a date");
     }
     date = *value;
 }

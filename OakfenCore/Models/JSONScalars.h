@@ -31,7 +31,7 @@ void assign(const JSONValue& json, Enumeration& value) {
     const std::string_view text = textOf(json);
     const auto known = fromRawValue<Enumeration>(text);
     if (!known) {
-        throw JSONError{"“" + std::string(text) + "” is unknown"};
+        throw JSONError("“" + std::string(text) + "” is unknown");
     }
     value = *known;
 }

@@ -75,7 +75,7 @@ public:
     void valueEnded() override { ++index_; }
     void end() override {
         if (isAtAmount()) {
-            throw JSONError{"the last category has no amount"};
+            throw JSONError("the last category has no amount");
         }
     }
     [[nodiscard]] std::string place() const override { return "[" + std::to_string(index_) + "]"; }
@@ -143,7 +143,7 @@ public:
     void end() override {
         for (std::size_t index = 0; index < fields.size(); ++index) {
             if (fields[index].isRequired && !isPresent_[index]) {
-                throw JSONError{"the key “" + std::string(fields[index].key) + "” is missing"};
+                throw JSONError("the key “" + std::string(fields[index].key) + "” is missing");
             }
         }
     }
@@ -240,7 +240,8 @@ Library decodeLibrary(std::string_view json) {
         parseJSON(json, decoder);
     } catch (const JSONError& error) {
         const std::string path = decoder.path();
-        throw LibraryDecodingError(path.empty() ? error.reason : path + ": " + error.reason);
+        const std::string reason = error.localizedDescription();
+        throw LibraryDecodingError(path.empty() ? reason : path + ": " + reason);
     }
     if (library.version > Library::currentVersion) {
         throw LibraryDecodingError("This file was created by a newer version of Oakfen.");

@@ -25,7 +25,7 @@ std::string reasonOf(std::string_view text) {
         parseJSON(text, events);
         return "";
     } catch (const JSONError& error) {
-        return error.reason;
+        return error.localizedDescription();
     }
 }
 
@@ -183,6 +183,11 @@ TEST(JSONParsing, SaysWhatIsWrongAndAtWhichByte) {
     EXPECT_EQ(reasonOf("[\"\\ud83d\"]"), "half of a character (byte 2)");
     EXPECT_EQ(reasonOf("[] 1"), "something follows the end (byte 3)");
     EXPECT_EQ(reasonOf("[]\0"sv), "something follows the end (byte 2)");
+}
+
+TEST(JSONParsing, IsRefusedWithAnErrorForThePerson) {
+    JSONEvents events;
+    EXPECT_THROW(parseJSON("[", events), LocalizedError);
 }
 
 TEST(JSONParsing, SaysAfterWhichTextItFoundNoUTF8) {
