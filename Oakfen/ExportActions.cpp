@@ -7,6 +7,7 @@
 #include "OakfenCore/Exporters/Exporter.h"
 #include "OakfenCore/Support/FileCalls.h"
 #include "OakfenCore/Support/LocalizedError.h"
+#include "OakfenCore/Support/Quotation.h"
 #include "OakfenCore/Support/Text.h"
 
 namespace oakfen::FileActions {
@@ -40,8 +41,8 @@ std::string fileName(std::string_view name) {
 void checkIsNotTheDataFile(FileSystem& files, const std::string& path,
                            const std::optional<std::string>& dataFile) {
     if (dataFile && canonicalPath(files, path) == canonicalPath(files, *dataFile)) {
-        throw LocalizedError("“" + nameOf(path) +
-                             "” is your data file. Choose another name for the export.");
+        throw LocalizedError(quoted(nameOf(path)) +
+                             " is your data file. Choose another name for the export.");
     }
 }
 
@@ -73,7 +74,7 @@ void exportQIF(AppEnvironment& environment) {
     if (account == nullptr) {
         return;
     }
-    const SavePanelRequest request{.title = "Export “" + account->name + "”",
+    const SavePanelRequest request{.title = "Export " + quoted(account->name),
                                    .suggestedName = fileName(account->name) + ".qif",
                                    .extension = "qif",
                                    .extensionName = "QIF Files"};
@@ -92,7 +93,7 @@ void save(AppEnvironment& environment, const SavePanelRequest& request,
             return;
         }
         environment.busyWork.run(
-            "Saving " + nameOf(*path) + "…",
+            "Saving " + legible(nameOf(*path)) + "…",
             [&files = environment.files, path = *path, makeText,
              dataFile = environment.store.filePath()] {
                 checkIsNotTheDataFile(files, path, dataFile);

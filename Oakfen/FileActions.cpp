@@ -9,6 +9,7 @@
 #include "Oakfen/WaitUntil.h"
 #include "OakfenCore/Importers/StatementImporter.h"
 #include "OakfenCore/Support/FileCalls.h"
+#include "OakfenCore/Support/Quotation.h"
 
 namespace oakfen::FileActions {
 
@@ -105,7 +106,7 @@ void importStatement(AppEnvironment& environment, const std::string& path) {
     }
     auto items = std::make_shared<std::vector<ImportedTransaction>>();
     environment.busyWork.run(
-        "Reading " + nameOf(path) + "…",
+        "Reading " + legible(nameOf(path)) + "…",
         [&files = environment.files, path, format = *format,
          calendar = environment.clock.calendar(),
          items] { *items = StatementImporter::parse(contents(files, path), format, calendar); },

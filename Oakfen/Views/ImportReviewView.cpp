@@ -5,6 +5,7 @@
 #include "Oakfen/Views/Components.h"
 #include "OakfenCore/Importers/Merging.h"
 #include "OakfenCore/Support/Formatting.h"
+#include "OakfenCore/Support/Quotation.h"
 
 namespace oakfen {
 
@@ -24,8 +25,8 @@ void ImportReviewView::setAccountID(std::optional<UUID> accountID) {
     duplicatesIndex_.reset();
 }
 
-std::string ImportReviewView::heading() const {
-    return "Import " + session_->fileName;
+std::string ImportReviewView::heading(const ImportSession& session) {
+    return "Import " + legible(session.fileName);
 }
 
 std::string ImportReviewView::summary() const {

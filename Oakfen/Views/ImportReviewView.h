@@ -23,7 +23,7 @@ public:
 
     [[nodiscard]] const std::vector<ImportedTransaction>& items() const { return session_->items; }
     /// "Import statement.csv".
-    [[nodiscard]] std::string heading() const;
+    [[nodiscard]] static std::string heading(const ImportSession& session);
     /// How many lines there are, and how many of them the account has.
     [[nodiscard]] std::string summary() const;
 

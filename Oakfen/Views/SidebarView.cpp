@@ -6,6 +6,7 @@
 #include "Oakfen/Views/Reminders.h"
 #include "OakfenCore/LibraryOperations/Accounts.h"
 #include "OakfenCore/Support/Formatting.h"
+#include "OakfenCore/Support/Quotation.h"
 
 namespace oakfen {
 
@@ -171,7 +172,7 @@ void SidebarView::requestDeletion(const UUID& accountID) {
         return;
     }
     const ConfirmationRequest request{
-        .title = "Delete " + account->name + "?",
+        .title = "Delete " + legible(account->name) + "?",
         .message = "All of this account’s transactions will be removed. Transfers to other "
                    "accounts stay but become uncategorized.",
         .confirmTitle = "Delete Account",

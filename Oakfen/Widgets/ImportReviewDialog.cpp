@@ -23,8 +23,8 @@ const QList<int> usualColumnWidths{36, 104, 200, 170, 116, 92};
 ImportReviewDialog::ImportReviewDialog(AppEnvironment& environment,
                                        std::shared_ptr<const ImportSession> session,
                                        QWidget* parent)
-    : SheetScaffold(environment.panels, tr("Import %1").arg(qt(singleLine(session->fileName))),
-                    tr("Import"), parent),
+    : SheetScaffold(environment.panels, qt(ImportReviewView::heading(*session)), tr("Import"),
+                    parent),
       view_(environment, std::move(session)),
       model_(new ImportReviewModel(environment, view_, this)),
       account_(new AccountPicker(tr("Into Account"))), table_(new LedgerTable) {

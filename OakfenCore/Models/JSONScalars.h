@@ -8,6 +8,7 @@
 #include "OakfenCore/Models/JSONParsing.h"
 #include "OakfenCore/Support/Date.h"
 #include "OakfenCore/Support/Decimal.h"
+#include "OakfenCore/Support/Quotation.h"
 #include "OakfenCore/Support/UUID.h"
 
 /// How values of the document that are neither lists nor objects are read: a JSON value of the
@@ -31,7 +32,7 @@ void assign(const JSONValue& json, Enumeration& value) {
     const std::string_view text = textOf(json);
     const auto known = fromRawValue<Enumeration>(text);
     if (!known) {
-        throw JSONError("“" + std::string(text) + "” is unknown");
+        throw JSONError(quoted(text) + " is unknown");
     }
     value = *known;
 }

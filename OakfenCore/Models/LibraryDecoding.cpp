@@ -5,6 +5,7 @@
 #include "OakfenCore/Models/LibraryCoding.h"
 #include "OakfenCore/Models/LibraryDecoder.h"
 #include "OakfenCore/Models/RecordFields.h"
+#include "OakfenCore/Support/Quotation.h"
 
 namespace oakfen {
 
@@ -151,7 +152,7 @@ public:
         if (field_ != nullptr) {
             return "." + std::string(field_->key);
         }
-        return unknownKey_.empty() ? "" : "." + unknownKey_;
+        return unknownKey_.empty() ? "" : "." + legible(unknownKey_);
     }
 
 private:

@@ -4,6 +4,8 @@
 #include <cstring>
 #include <utility>
 
+#include "OakfenCore/Support/Quotation.h"
+
 namespace oakfen::fileCalls {
 
 namespace {
@@ -36,7 +38,7 @@ std::string above(const std::string& folder) {
 FileError failure(const std::string& path, std::string_view what, int code) {
     // The description that does not follow the locale: Oakfen speaks English throughout.
     const char* reason = strerrordesc_np(code);
-    return FileError("“" + nameOf(path) + "” " + std::string(what) + ": " +
+    return FileError(quoted(nameOf(path)) + " " + std::string(what) + ": " +
                          (reason != nullptr ? reason : "Unknown error"),
                      code);
 }

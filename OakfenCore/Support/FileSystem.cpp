@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "OakfenCore/Support/FileCalls.h"
+#include "OakfenCore/Support/Quotation.h"
 
 namespace oakfen {
 
@@ -63,7 +64,7 @@ FileInformation informationToRead(FileSystem& files, int descriptor, const std::
         throw failure(path, "couldn’t be read", EISDIR);
     }
     if (!information.isRegularFile) {
-        throw FileError("“" + fileCalls::nameOf(path) + "” couldn’t be read: Not a regular file",
+        throw FileError(quoted(fileCalls::nameOf(path)) + " couldn’t be read: Not a regular file",
                         EINVAL);
     }
     return information;

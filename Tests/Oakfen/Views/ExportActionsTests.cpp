@@ -130,6 +130,21 @@ TEST_F(ExportActions, NeverReplaceTheDataFile) {
     EXPECT_EQ(readFile(test.files, TestEnvironment::dataFile), before);
 }
 
+TEST_F(ExportActions, ShowANameThatWouldBreakTheirMessagesWithEscapes) {
+    test.panels.path = "/home/ann/a\nb.csv";
+    FileActions::exportCSV(*test);
+    EXPECT_EQ(test.appState->busyMessage(), "Saving a\\nb.csv…");
+    test.files.failAll(InMemoryFileSystem::Call::write, ENOSPC);
+    test.scheduler.runBackground();
+    EXPECT_EQ(test.appState->alertMessage(),
+              "“a\\nb.csv” couldn’t be saved: No space left on device");
+}
+
+TEST_F(ExportActions, NameTheAccountInTheTitleOfTheirPanel) {
+    (void)suggestedNameFor("Every\tday");
+    EXPECT_EQ(test.panels.saveRequests.back().title, "Export “Every\\tday”");
+}
+
 TEST_F(ExportActions, DoNothingWithoutASelectedAccount) {
     test.appState->setSelection(SidebarItem{});
     FileActions::exportQIF(*test);

@@ -154,6 +154,11 @@ TEST_F(FileActionsTest, RefusesAFileThatMayNotBeRead) {
     EXPECT_FALSE(test.appState->busyMessage());
 }
 
+TEST_F(FileActionsTest, ShowsANameThatTurnsTheWritingRoundWithAnEscape) {
+    importFile("/home/ann/vsc.\u202Ehcram.csv", statement);
+    EXPECT_EQ(test.appState->busyMessage(), "Reading vsc.\\u202Ehcram.csv…");
+}
+
 TEST_F(FileActionsTest, ReadsOneStatementAtATimeAndTheNextOneInItsTurn) {
     importFile("/home/ann/March.csv", statement);
     importFile("/home/ann/April.csv", statement);

@@ -59,8 +59,12 @@ TEST_F(ImportReview, BeginsWithAllLinesForTheProposedAccount) {
 
 TEST_F(ImportReview, SaysWhatWasFound) {
     const ImportReviewView view = review(everyday_.id);
-    EXPECT_EQ(view.heading(), "Import march.csv");
+    EXPECT_EQ(ImportReviewView::heading({.fileName = "march.csv"}), "Import march.csv");
     EXPECT_EQ(view.summary(), "3 transactions found · 1 already in this account");
+}
+
+TEST_F(ImportReview, ShowsANameWithALineBreakOnOneLine) {
+    EXPECT_EQ(ImportReviewView::heading({.fileName = "a\nb.csv"}), "Import a\\nb.csv");
 }
 
 TEST_F(ImportReview, MarksALineThatTheAccountHas) {

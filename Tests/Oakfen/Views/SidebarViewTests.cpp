@@ -255,6 +255,13 @@ TEST_F(SidebarViewTest, AsksBeforeDeletingAnAccount) {
     EXPECT_NE(test.index().account(id), nullptr);
 }
 
+TEST_F(SidebarViewTest, AsksAboutAnAccountWithALineBreakInItsNameOnOneLine) {
+    test.panels.confirms = false;
+    perform(add(makeAccount("Every\nday")).id, "Delete Account…");
+    ASSERT_EQ(test.panels.confirmations.size(), 1U);
+    EXPECT_EQ(test.panels.confirmations[0].title, "Delete Every\\nday?");
+}
+
 TEST_F(SidebarViewTest, LandsOnTheDashboardAfterDeletingTheSelectedAccount) {
     const UUID id = add(makeAccount("Everyday")).id;
     test.appState->setSelection(SidebarItem::account(id));

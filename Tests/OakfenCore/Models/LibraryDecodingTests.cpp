@@ -323,6 +323,24 @@ TEST(LibraryDecoding, RefusesADamagedValueBehindAnUnknownKey) {
               "unknown: a number out of range");
 }
 
+TEST(LibraryDecoding, ShowsAnUnknownKeyWithEscapesForWhatCannotBeSeen) {
+    EXPECT_EQ(errorFor("{\"\\u0000\",\n5"), "\\u0000: expected a colon (byte 9)");
+    EXPECT_EQ(errorFor("{\"a\\nb\\u202E\":]"), "a\\nb\\u202E: expected a value (byte 14)");
+    EXPECT_EQ(errorFor("{\"" + std::string(1'000'000, 'k') + "\":}"),
+              std::string(80, 'k') + "…: expected a value (byte 1000004)");
+}
+
+TEST(LibraryDecoding, ShowsAnUnknownValueWithEscapesForWhatCannotBeSeen) {
+    const std::string path = "transactions[0].cleared: ";
+    const auto errorForState = [&](const std::string& state) {
+        return errorFor(with(R"("cleared":"cleared")", "\"cleared\":\"" + state + "\""));
+    };
+    EXPECT_EQ(errorForState("\\u0000"), path + "“\\u0000” is unknown");
+    EXPECT_EQ(errorForState("cleared\\u2028\\ud83d\\ude00"), path + "“cleared\\u2028😀” is unknown");
+    EXPECT_EQ(errorForState(std::string(5000, 'x')),
+              path + "“" + std::string(80, 'x') + "…” is unknown");
+}
+
 TEST(LibraryDecoding, SaysWhereDamageLiesBetweenValues) {
     EXPECT_EQ(errorFor(with("\"Metro\",", "\"Metro\";")).substr(0, 17), "transactions[0]: ");
     EXPECT_EQ(errorFor(with("[\"x\"]", "[\"x\" 1]")).substr(0, 25), "transactions[0].tags[1]: ");

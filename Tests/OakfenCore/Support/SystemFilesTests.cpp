@@ -116,6 +116,26 @@ TEST(SystemFiles, SayWhichFileIsMissing) {
     }
 }
 
+std::string messageOnReading(const std::string& path) {
+    try {
+        (void)readFile(systemFiles(), path);
+    } catch (const FileError& error) {
+        return error.localizedDescription();
+    }
+    return "";
+}
+
+TEST(SystemFiles, NameAFileWithEscapesForWhatCannotBeSeen) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(messageOnReading(folder / "a\nb\xFF\x1B[31m"),
+              "“a\\nb\\xFF\\u001B[31m” couldn’t be opened: No such file or directory");
+    EXPECT_THAT(messageOnReading(folder / std::string(250, 'n')),
+                ::testing::StartsWith("“" + std::string(80, 'n') + "…” couldn’t"));
+    ASSERT_EQ(::mkfifo((folder / "pipe\r").c_str(), 0600), 0);
+    EXPECT_EQ(messageOnReading(folder / "pipe\r"),
+              "“pipe\\r” couldn’t be read: Not a regular file");
+}
+
 TEST(SystemFiles, KnowWhatIsThere) {
     const TemporaryFolder folder;
     make(folder / "a", "hello");
