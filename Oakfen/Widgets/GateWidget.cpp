@@ -168,15 +168,15 @@ QWidget* GateWidget::makeLegacyPanel(const std::string& reason) {
             makeUnavailableField(QStringLiteral("Recovery passphrase"), panel));
         panel->content().addWidget(makeUnavailableNote(panel));
     }
+    auto* again = new QPushButton(QStringLiteral("Try Again"), panel);
+    connect(again, &QPushButton::clicked, this, [this] { environment_.store.retryLoading(); });
     auto* over = new QPushButton(QStringLiteral("Start Over…"), panel);
     Theme::setTrait(*over, "destructive");
     connect(over, &QPushButton::clicked, this, [this] { chooseStartOver(environment_); });
-    auto* again = new QPushButton(QStringLiteral("Try Again"), panel);
-    connect(again, &QPushButton::clicked, this, [this] { environment_.store.retryLoading(); });
     auto* row = new QHBoxLayout;
     row->addStretch(1);
-    row->addWidget(over);
     row->addWidget(again);
+    row->addWidget(over);
     row->addStretch(1);
     panel->content().addLayout(row);
     panel->setDefaultButton(again);

@@ -84,6 +84,20 @@ TEST_F(FirstStartTest, OffersToProtectAFileThatIsThereAlready) {
     EXPECT_TRUE(isFailureTold);
 }
 
+TEST_F(FirstStartTest, OffersToTryAgainBeforeStartingOver) {
+    test->files.addFile(TestEnvironment::dataFile, "{}");
+    test->files.failAll(InMemoryFileSystem::Call::open, EIO);
+    test->store->retryLoading();
+    settle();
+    const QPushButton* again = button(QStringLiteral("Try Again"));
+    const QPushButton* over = button(QStringLiteral("Start Over…"));
+    ASSERT_NE(again, nullptr);
+    ASSERT_NE(over, nullptr);
+    EXPECT_EQ(again->y(), over->y());
+    EXPECT_LT(again->geometry().right(), over->x());
+    EXPECT_EQ(again->nextInFocusChain(), over);
+}
+
 class LockTest : public testing::WindowTest {
 protected:
     void lock() {
