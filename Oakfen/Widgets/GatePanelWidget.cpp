@@ -11,7 +11,8 @@
 namespace oakfen {
 
 GatePanelWidget::GatePanelWidget(const GatePanelText& text, QWidget* parent)
-    : QFrame(parent), content_(new QVBoxLayout), errorRow_(new QWidget(this)),
+    : QFrame(parent), fields_(new QVBoxLayout), buttons_(new QVBoxLayout),
+      errorRow_(new QWidget(this)),
       errorLabel_(new WrappedLabel(TextStyle::body, ThemeColor::text,
                                    contentWidth - (3 * Theme::grid), errorRow_)) {
     setObjectName(QStringLiteral("GatePanel"));
@@ -36,7 +37,8 @@ GatePanelWidget::GatePanelWidget(const GatePanelText& text, QWidget* parent)
     errorLayout->addWidget(errorLabel_, 1);
     errorRow_->hide();
 
-    content_->setSpacing(Theme::grid);
+    fields_->setSpacing(Theme::grid);
+    buttons_->setSpacing(Theme::grid);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(Theme::grid * 5, Theme::grid * 4, Theme::grid * 5, Theme::grid * 4);
     column->setSpacing(Theme::grid);
@@ -46,8 +48,9 @@ GatePanelWidget::GatePanelWidget(const GatePanelText& text, QWidget* parent)
     column->addWidget(title);
     column->addWidget(message);
     column->addSpacing(Theme::grid * 2);
-    column->addLayout(content_);
+    column->addLayout(fields_);
     column->addWidget(errorRow_);
+    column->addLayout(buttons_);
 }
 
 void GatePanelWidget::setDefaultButton(QPushButton* button) {

@@ -11,8 +11,9 @@ namespace oakfen {
 
 class WrappedLabel;
 
-/// The common frame of the gate's panels: icon, title, message, and below them what the panel adds.
-/// Return presses the default button and Escape the cancel button, as in a dialog.
+/// The common frame of the gate's panels: icon, title, message, and below them what the panel adds:
+/// its fields, then its buttons. Return presses the default button and Escape the cancel button, as
+/// in a dialog.
 class GatePanelWidget final : public QFrame {
     Q_OBJECT
 
@@ -22,20 +23,21 @@ public:
 
     explicit GatePanelWidget(const GatePanelText& text, QWidget* parent = nullptr);
 
-    /// Where the panel's own content goes.
-    [[nodiscard]] QVBoxLayout& content() { return *content_; }
+    [[nodiscard]] QVBoxLayout& fields() { return *fields_; }
+    [[nodiscard]] QVBoxLayout& buttons() { return *buttons_; }
 
     void setDefaultButton(QPushButton* button);
     void setCancelButton(QPushButton* button) { cancelButton_ = button; }
 
-    /// The text under the fields that tells of a failure; hidden while there is none.
+    /// The text between fields and buttons that tells of a failure; hidden while there is none.
     void setErrorText(const std::optional<std::string>& text);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    QVBoxLayout* content_;
+    QVBoxLayout* fields_;
+    QVBoxLayout* buttons_;
     QWidget* errorRow_;
     WrappedLabel* errorLabel_;
     QPushButton* defaultButton_ = nullptr;

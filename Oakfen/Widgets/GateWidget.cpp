@@ -122,11 +122,11 @@ QWidget* GateWidget::makePanel(ContentView::Cover cover, GatePanel panel,
 
 QWidget* GateWidget::makeUnlockPanel() {
     auto* panel = new GatePanelWidget(gatePanelText(GatePanel::unlock, {}), this);
-    panel->content().addWidget(makeUnavailableField(QStringLiteral("Password"), panel));
-    panel->content().addWidget(makeUnavailableNote(panel));
+    panel->fields().addWidget(makeUnavailableField(QStringLiteral("Password"), panel));
+    panel->fields().addWidget(makeUnavailableNote(panel));
     auto* quit = new QPushButton(QStringLiteral("Quit Oakfen"), panel);
     connect(quit, &QPushButton::clicked, this, quit_);
-    panel->content().addWidget(quit, 0, Qt::AlignHCenter);
+    panel->buttons().addWidget(quit, 0, Qt::AlignHCenter);
     return panel;
 }
 
@@ -148,13 +148,13 @@ QWidget* GateWidget::makeProtectPanel() {
              },
          .submit = [] {}},
         panel);
-    panel->content().addWidget(new NewPasswordFields(
+    panel->fields().addWidget(new NewPasswordFields(
         passwordForm_,
         [this, submit = buttons.submit] {
             submit->setEnabled(isAvailable(Feature::passwords) && passwordForm_.canSubmit());
         },
         panel));
-    panel->content().addWidget(buttons.row);
+    panel->buttons().addWidget(buttons.row);
     panel->setCancelButton(buttons.cancel);
     panel->setDefaultButton(isAvailable(Feature::passwords) ? buttons.submit
                                                             : buttons.useNoPassword);
@@ -164,9 +164,9 @@ QWidget* GateWidget::makeProtectPanel() {
 QWidget* GateWidget::makeLegacyPanel(const std::string& reason) {
     auto* panel = new GatePanelWidget(gatePanelText(GatePanel::legacyUnavailable, reason), this);
     if (environment_.store.accessState().recoverable) {
-        panel->content().addWidget(
+        panel->fields().addWidget(
             makeUnavailableField(QStringLiteral("Recovery passphrase"), panel));
-        panel->content().addWidget(makeUnavailableNote(panel));
+        panel->fields().addWidget(makeUnavailableNote(panel));
     }
     auto* again = new QPushButton(QStringLiteral("Try Again"), panel);
     connect(again, &QPushButton::clicked, this, [this] { environment_.store.retryLoading(); });
@@ -178,7 +178,7 @@ QWidget* GateWidget::makeLegacyPanel(const std::string& reason) {
     row->addWidget(again);
     row->addWidget(over);
     row->addStretch(1);
-    panel->content().addLayout(row);
+    panel->buttons().addLayout(row);
     panel->setDefaultButton(again);
     return panel;
 }
@@ -190,7 +190,7 @@ QWidget* GateWidget::makeLockPanel() {
     // Without a way to authenticate on this machine, unlocking asks for nothing.
     connect(unlock, &QPushButton::clicked, this,
             [this] { environment_.appState.setUnlocked(true); });
-    panel->content().addWidget(unlock, 0, Qt::AlignHCenter);
+    panel->fields().addWidget(unlock, 0, Qt::AlignHCenter);
     panel->setDefaultButton(unlock);
     return panel;
 }

@@ -54,8 +54,8 @@ GatePanelWidget* WelcomeWidget::makeFirstStep() {
     row->addWidget(label);
     row->addWidget(currency);
     row->addStretch(1);
-    panel->content().addLayout(row);
-    panel->content().addSpacing(Theme::grid * 2);
+    panel->fields().addLayout(row);
+    panel->fields().addSpacing(Theme::grid * 2);
 
     auto* fresh = new QPushButton(symbolIcon("sparkles", ThemeColor::onAccent),
                                   QStringLiteral("Start Fresh"), panel);
@@ -70,7 +70,7 @@ GatePanelWidget* WelcomeWidget::makeFirstStep() {
         button->setMinimumWidth(220);
         // A little air between picture and words.
         button->setIconSize({22, 16});
-        panel->content().addWidget(button, 0, Qt::AlignHCenter);
+        panel->buttons().addWidget(button, 0, Qt::AlignHCenter);
     }
     return panel;
 }
@@ -84,13 +84,13 @@ GatePanelWidget* WelcomeWidget::makeSecondStep() {
                                    .useNoPassword = [this] { view_.useNoPassword(); },
                                    .submit = [] {}},
                                   panel);
-    panel->content().addWidget(new NewPasswordFields(
+    panel->fields().addWidget(new NewPasswordFields(
         view_.passwordForm,
         [this, submit = buttons.submit] {
             submit->setEnabled(isAvailable(Feature::passwords) && view_.passwordForm.canSubmit());
         },
         panel));
-    panel->content().addWidget(buttons.row);
+    panel->buttons().addWidget(buttons.row);
     panel->setCancelButton(buttons.cancel);
     panel->setDefaultButton(isAvailable(Feature::passwords) ? buttons.submit
                                                             : buttons.useNoPassword);

@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QVariantAnimation>
 #include <cerrno>
 
@@ -82,6 +83,28 @@ TEST_F(FirstStartTest, OffersToProtectAFileThatIsThereAlready) {
         isFailureTold |= label->isVisible() && label->text().contains(QStringLiteral("space"));
     }
     EXPECT_TRUE(isFailureTold);
+}
+
+TEST_F(FirstStartTest, TellsAFailureUnderTheFieldsAndAboveTheButtons) {
+    test->files.addFile(TestEnvironment::dataFile, encodeLibrary(emptyDocument("CAD")));
+    test->store->retryLoading();
+    test->files.failAll(InMemoryFileSystem::Call::open, ENOSPC);
+    QTest::mouseClick(button(QStringLiteral("Don’t Use a Password")), Qt::LeftButton);
+    settle();
+    const auto place = [this](const QWidget* widget) {
+        return QRect(widget->mapTo(window.get(), QPoint()), widget->size());
+    };
+    const QLabel* told = nullptr;
+    for (const QLabel* label : shown<GateWidget>()->findChildren<QLabel*>()) {
+        told = label->isVisible() && label->text().contains(QStringLiteral("space")) ? label : told;
+    }
+    ASSERT_NE(told, nullptr);
+    const auto fields = shown<GateWidget>()->findChildren<QLineEdit*>();
+    ASSERT_EQ(fields.size(), 2);
+    for (const QLineEdit* field : fields) {
+        EXPECT_GT(place(told).top(), place(field).bottom());
+    }
+    EXPECT_LT(place(told).bottom(), place(button(QStringLiteral("Set Password"))).top());
 }
 
 TEST_F(FirstStartTest, OffersToTryAgainBeforeStartingOver) {
