@@ -5,6 +5,7 @@
 #include "Oakfen/DayChange.h"
 #include "Oakfen/Panels.h"
 #include "OakfenCore/LibraryStore/LibraryStore.h"
+#include "OakfenCore/Platform/Authenticator.h"
 #include "OakfenCore/Platform/Clock.h"
 #include "OakfenCore/Platform/Scheduler.h"
 #include "OakfenCore/Platform/UserDefaults.h"
@@ -27,6 +28,7 @@ struct AppEnvironment {
     DayChange& dayChange;
     BusyWork& busyWork;
     OtherVersionFlow& otherVersion;
+    Authenticator& authenticator;
 
     /// The code in which every screen shows money.
     [[nodiscard]] const std::string& currencyCode() const { return store.library().currencyCode; }

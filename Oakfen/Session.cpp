@@ -19,20 +19,19 @@ std::unique_ptr<Session> Session::sample(const SessionServices& services) {
 
 Session::Session(const SessionServices& services, std::unique_ptr<LibraryStore> store)
     : dayChange_(services.store.clock, services.store.scheduler), store_(std::move(store)),
-      appState_(services.store.defaults),
-      busyWork_(appState_, services.store.scheduler), environment_{.store = *store_,
-                                                                   .appState = appState_,
-                                                                   .undoManager = *undoManager_,
-                                                                   .panels = services.panels,
-                                                                   .defaults =
-                                                                       services.store.defaults,
-                                                                   .clock = services.store.clock,
-                                                                   .scheduler =
-                                                                       services.store.scheduler,
-                                                                   .files = services.store.files,
-                                                                   .dayChange = dayChange_,
-                                                                   .busyWork = busyWork_,
-                                                                   .otherVersion = otherVersion_},
+      appState_(services.store.defaults), busyWork_(appState_, services.store.scheduler),
+      environment_{.store = *store_,
+                   .appState = appState_,
+                   .undoManager = *undoManager_,
+                   .panels = services.panels,
+                   .defaults = services.store.defaults,
+                   .clock = services.store.clock,
+                   .scheduler = services.store.scheduler,
+                   .files = services.store.files,
+                   .dayChange = dayChange_,
+                   .busyWork = busyWork_,
+                   .otherVersion = otherVersion_,
+                   .authenticator = services.authenticator},
       otherVersion_(environment_) {
     store_->setUndoManager(undoManager_);
     dayChanged_ = dayChange_.dayChanged.observe([this] { store_->refreshIndex(); });

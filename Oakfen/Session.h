@@ -13,10 +13,12 @@
 
 namespace oakfen {
 
-/// What a session works with: files, time, settings, keyring and dialogs. All must outlive it.
+/// What a session works with: files, time, settings, keyring, dialogs and the way to authenticate.
+/// All must outlive it.
 struct SessionServices {
     LibraryStoreServices store;
     Panels& panels;
+    Authenticator& authenticator;
 };
 
 /// Settings and a keyring that nobody keeps: for looking around without touching a person's own.

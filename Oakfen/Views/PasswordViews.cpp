@@ -87,10 +87,6 @@ GatePanelText gatePanelText(GatePanel panel, std::string_view reason) {
     return {};
 }
 
-GatePanelText lockPanelText() {
-    return {"lock.shield", "Oakfen is Locked", "Authenticate to view your finances."};
-}
-
 PasswordRating passwordRating(std::string_view password) {
     const std::size_t length = characterCount(password);
     if (length == 0) {

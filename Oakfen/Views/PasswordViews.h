@@ -26,7 +26,6 @@ struct GatePanelText {
 /// For every panel but `welcome`, which has two steps of its own. `reason` is the store's, for the
 /// file that can't be opened.
 [[nodiscard]] GatePanelText gatePanelText(GatePanel panel, std::string_view reason);
-[[nodiscard]] GatePanelText lockPanelText();
 
 /// How hard a password is to guess: a level from 0 to 4 and its word. Advice only.
 struct PasswordRating {

@@ -71,7 +71,8 @@ private:
     SessionServices services(UserDefaults& defaults) {
         return {
             {systemFiles(), scheduler_, clock_, defaults, kept_.passwordStore, kept_.legacyKeys},
-            panels_};
+            panels_,
+            authenticator_};
     }
 
     SystemClock clock_;
@@ -80,6 +81,7 @@ private:
     std::optional<windowState::InMemory> windowState_;
     std::unique_ptr<FileUserDefaults> settings_;
     QtPanels panels_;
+    NoAuthenticator authenticator_;
     std::unique_ptr<Session> session_;
     TerminationFlow termination_;
     MainWindow window_;

@@ -10,6 +10,7 @@
 #include "Oakfen/Widgets/Blur.h"
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/GatePanelWidget.h"
+#include "Oakfen/Widgets/LockWidget.h"
 #include "Oakfen/Widgets/NewPasswordFields.h"
 #include "Oakfen/Widgets/Theme.h"
 #include "Oakfen/Widgets/WelcomeWidget.h"
@@ -103,7 +104,7 @@ void GateWidget::changeEvent(QEvent* event) {
 QWidget* GateWidget::makePanel(ContentView::Cover cover, GatePanel panel,
                                const std::string& reason) {
     if (cover == ContentView::Cover::lock) {
-        return makeLockPanel();
+        return new LockWidget(environment_.appState, environment_.authenticator, this);
     }
     switch (panel) {
     case GatePanel::unlock:
@@ -180,18 +181,6 @@ QWidget* GateWidget::makeLegacyPanel(const std::string& reason) {
     row->addStretch(1);
     panel->buttons().addLayout(row);
     panel->setDefaultButton(again);
-    return panel;
-}
-
-QWidget* GateWidget::makeLockPanel() {
-    auto* panel = new GatePanelWidget(lockPanelText(), this);
-    auto* unlock = new QPushButton(symbolIcon("touchid", ThemeColor::onAccent),
-                                   QStringLiteral("Unlock"), panel);
-    // Without a way to authenticate on this machine, unlocking asks for nothing.
-    connect(unlock, &QPushButton::clicked, this,
-            [this] { environment_.appState.setUnlocked(true); });
-    panel->fields().addWidget(unlock, 0, Qt::AlignHCenter);
-    panel->setDefaultButton(unlock);
     return panel;
 }
 

@@ -40,7 +40,6 @@ private:
     [[nodiscard]] QWidget* makeUnlockPanel();
     [[nodiscard]] QWidget* makeProtectPanel();
     [[nodiscard]] QWidget* makeLegacyPanel(const std::string& reason);
-    [[nodiscard]] QWidget* makeLockPanel();
 
     AppEnvironment& environment_;
     std::function<void()> quit_;

@@ -35,7 +35,8 @@ void settle() {
 TourStage::TourStage(const std::string& bytes)
     : session_({{withFile(files_, bytes), scheduler_, clock_, kept_.defaults, kept_.passwordStore,
                  kept_.legacyKeys},
-                panels_},
+                panels_,
+                authenticator_},
                {tourFile, std::string(LibraryStore::unencryptedKey)}),
       window_(session_.environment(), [] {}) {
     window_.show();

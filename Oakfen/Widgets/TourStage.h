@@ -51,6 +51,7 @@ private:
     ManualScheduler scheduler_;
     KeptInMemory kept_;
     SilentPanels panels_;
+    NoAuthenticator authenticator_;
     Session session_;
     MainWindow window_;
 };

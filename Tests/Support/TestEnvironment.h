@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "Oakfen/Session.h"
+#include "OakfenCore/Platform/InMemoryAuthenticator.h"
 #include "OakfenCore/Platform/ManualScheduler.h"
 #include "OakfenCore/Support/InMemoryFileSystem.h"
 #include "Tests/Support/TestLedger.h"
@@ -89,7 +90,8 @@ public:
         session = std::make_unique<Session>(
             SessionServices{
                 {files, scheduler, clock, kept.defaults, kept.passwordStore, kept.legacyKeys},
-                panels},
+                panels,
+                authenticator},
             DataFileChoice{dataFile, std::string(LibraryStore::unencryptedKey)});
         environment = &session->environment();
         store = &environment->store;
@@ -109,6 +111,7 @@ public:
     InMemoryFileSystem files;
     KeptInMemory kept;
     InMemoryUserDefaults& defaults = kept.defaults;
+    InMemoryAuthenticator authenticator;
     RecordingPanels panels;
     std::unique_ptr<Session> session;
 

@@ -31,7 +31,8 @@ TEST(Session, ShowsASampleWithoutAFileThatIsOpenAndUnlocked) {
     KeptInMemory kept;
     const std::unique_ptr<Session> sample = Session::sample(
         {{own.files, own.scheduler, own.clock, kept.defaults, kept.passwordStore, kept.legacyKeys},
-         own.panels});
+         own.panels,
+         own.authenticator});
     AppEnvironment& environment = sample->environment();
     EXPECT_FALSE(environment.store.filePath());
     EXPECT_TRUE(environment.store.accessState().isOpen());

@@ -124,6 +124,7 @@ TEST_F(FirstStartTest, OffersToTryAgainBeforeStartingOver) {
 class LockTest : public testing::WindowTest {
 protected:
     void lock() {
+        test->authenticator.holdPrompt();
         test->defaults.setBoolean(AppState::requireAuthenticationKey, true);
         test->appState->setUnlocked(false);
         settle();
@@ -137,12 +138,68 @@ TEST_F(LockTest, CoversAndDisablesTheMainScreen) {
     EXPECT_EQ(shown<GateWidget>()->size(), window->centralWidget()->size());
 }
 
-TEST_F(LockTest, GivesTheScreenBackWhenUnlocked) {
+TEST_F(LockTest, AsksAsSoonAsItComesUpAndGivesTheScreenBackWhenUnlocked) {
     lock();
-    QTest::mouseClick(button(QStringLiteral("Unlock")), Qt::LeftButton);
+    EXPECT_EQ(test->authenticator.reasons, std::vector<std::string>{"unlock your financial data"});
+    EXPECT_FALSE(sidebar()->isEnabled());
+    test->authenticator.answer({.kind = AuthenticationResult::Kind::passed});
     settle();
     EXPECT_EQ(shown<GateWidget>(), nullptr);
     EXPECT_TRUE(sidebar()->isEnabled());
+}
+
+TEST_F(LockTest, StaysWithTheReasonAfterAFailureUntilItsButtonAsksAgain) {
+    lock();
+    test->authenticator.answer(
+        {.kind = AuthenticationResult::Kind::failed, .error = "Nobody was recognised."});
+    settle();
+    const auto reason = [this]() -> const QLabel* {
+        for (const QLabel* label : shown<GateWidget>()->findChildren<QLabel*>()) {
+            if (label->isVisible() && label->text() == QStringLiteral("Nobody was recognised.")) {
+                return label;
+            }
+        }
+        return nullptr;
+    };
+    EXPECT_NE(reason(), nullptr);
+    EXPECT_FALSE(sidebar()->isEnabled());
+    QTest::mouseClick(button(QStringLiteral("Unlock")), Qt::LeftButton);
+    settle();
+    EXPECT_EQ(test->authenticator.reasons.size(), 2U);
+    EXPECT_EQ(reason(), nullptr);
+    test->authenticator.answer({.kind = AuthenticationResult::Kind::passed});
+    settle();
+    EXPECT_EQ(shown<GateWidget>(), nullptr);
+}
+
+TEST_F(LockTest, AsksForNothingWhenItIsGoneBeforeItCameUp) {
+    test->authenticator.holdPrompt();
+    test->defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    test->appState->setUnlocked(false);
+    test->defaults.setBoolean(AppState::requireAuthenticationKey, false);
+    settle();
+    EXPECT_TRUE(test->authenticator.reasons.empty());
+    EXPECT_EQ(shown<GateWidget>(), nullptr);
+}
+
+TEST_F(LockTest, OpensAtOnceOnAMachineWithoutAWayToAuthenticate) {
+    test->defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    action(QStringLiteral("Lock Oakfen"))->trigger();
+    EXPECT_NE(shown<GateWidget>(), nullptr);
+    settle();
+    EXPECT_EQ(shown<GateWidget>(), nullptr);
+    EXPECT_TRUE(test->appState->isUnlocked());
+    EXPECT_TRUE(sidebar()->isEnabled());
+}
+
+TEST_F(LockTest, IsThereFromTheStartAndAsksThen) {
+    window.reset();
+    test->authenticator.holdPrompt();
+    test->defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    test->appState->setUnlocked(false);
+    openWindow();
+    EXPECT_NE(shown<GateWidget>(), nullptr);
+    EXPECT_EQ(test->authenticator.reasons.size(), 1U);
 }
 
 TEST_F(LockTest, GoesAwayAsSoonAsTheSettingIsTurnedOff) {
