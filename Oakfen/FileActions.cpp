@@ -126,7 +126,7 @@ void importStatementWhenReady(AppEnvironment& environment, const std::string& pa
     };
     if (!isReady()) {
         environment.appState.showNotice(
-            {.text = "“" + nameOf(path) + "” is imported as soon as there is an open account.",
+            {.text = quoted(nameOf(path)) + " is imported as soon as there is an open account.",
              .stays = true});
     }
     waitUntil(environment.scheduler, isReady, [&environment, path] {

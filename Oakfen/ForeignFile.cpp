@@ -4,6 +4,7 @@
 
 #include "Oakfen/FileActions.h"
 #include "OakfenCore/Support/FileCalls.h"
+#include "OakfenCore/Support/Quotation.h"
 
 namespace oakfen {
 
@@ -24,7 +25,7 @@ std::string_view formatName(ImportFormat format) {
 } // namespace
 
 ForeignFile describeForeignFile(FileSystem& files, const std::string& path) {
-    const std::string quotedName = "“" + fileCalls::nameOf(path) + "”";
+    const std::string quotedName = quoted(fileCalls::nameOf(path));
     std::optional<FileInformation> information;
     try {
         information = fileInformation(files, path);

@@ -6,6 +6,7 @@
 #include "Oakfen/AppEnvironment.h"
 #include "Oakfen/Views/ContentView.h"
 #include "Oakfen/WaitUntil.h"
+#include "OakfenCore/Support/Quotation.h"
 
 namespace oakfen {
 
@@ -78,7 +79,7 @@ void OtherVersionFlow::keepThisVersion() {
         const std::optional<std::string> copy = environment_.store.keepThisVersion();
         if (copy) {
             environment_.appState.showNotice(
-                {.text = "The other version is kept as “" + *copy + "”."});
+                {.text = "The other version is kept as " + quoted(*copy) + "."});
         } else {
             environment_.appState.dismissNotice();
         }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "OakfenCore/Support/FileCalls.h"
+#include "OakfenCore/Support/Quotation.h"
 
 namespace oakfen {
 
@@ -36,8 +37,8 @@ Session::Session(const SessionServices& services, std::unique_ptr<LibraryStore> 
     store_->setUndoManager(undoManager_);
     dayChanged_ = dayChange_.dayChanged.observe([this] { store_->refreshIndex(); });
     missingFileWritten_ = store_->missingFileWritten.observe([this] {
-        appState_.showNotice({.text = "“" + fileCalls::nameOf(*store_->filePath()) +
-                                      "” had gone and was written again."});
+        appState_.showNotice({.text = quoted(fileCalls::nameOf(*store_->filePath())) +
+                                      " had gone and was written again."});
     });
 }
 
@@ -49,7 +50,7 @@ void Session::tellOfVersionsBeside() {
     std::string text = "Changes of an earlier session couldn’t be saved, since another program had "
                        "changed the data file. They are kept beside it as ";
     for (std::size_t position = 0; position < names.size(); ++position) {
-        text += (position == 0 ? "“" : ", “") + names[position] + "”";
+        text += (position == 0 ? "" : ", ") + quoted(names[position]);
     }
     appState_.setAlertMessage(text + ".");
 }

@@ -10,6 +10,7 @@
 
 #include "Oakfen/Widgets/Bridge.h"
 #include "OakfenCore/Support/FileCalls.h"
+#include "OakfenCore/Support/Quotation.h"
 
 namespace oakfen {
 
@@ -102,8 +103,8 @@ std::optional<DataFileLock::Holder> SingleInstance::patientHolder() const {
 std::optional<std::string> SingleInstance::presentFirst(const std::string& statementPath) const {
     const std::optional<DataFileLock::Holder> holder = patientHolder();
     if (holder && !holder->isOnThisMachine) {
-        return "“" + fileName_ + "” is open on the computer “" + holder->host +
-               "”. Quit Oakfen there first.";
+        return quoted(fileName_) + " is open on the computer " + quoted(holder->host) +
+               ". Quit Oakfen there first.";
     }
     if (holder && !holder->socketPath.empty()) {
         QLocalSocket socket;
@@ -115,7 +116,7 @@ std::optional<std::string> SingleInstance::presentFirst(const std::string& state
             }
         }
     }
-    return "“" + fileName_ + "” is open in another Oakfen, which doesn’t answer. Quit it first.";
+    return quoted(fileName_) + " is open in another Oakfen, which doesn’t answer. Quit it first.";
 }
 
 } // namespace oakfen

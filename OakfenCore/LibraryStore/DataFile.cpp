@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "OakfenCore/Support/FileCalls.h"
+#include "OakfenCore/Support/Quotation.h"
 
 namespace oakfen {
 
@@ -52,7 +53,7 @@ public:
 } // namespace
 
 DataFileChanged::DataFileChanged(const std::string& path)
-    : LocalizedError("“" + nameOf(path) + "” was changed by another program.") {}
+    : LocalizedError(quoted(nameOf(path)) + " was changed by another program.") {}
 
 /// Lets a write replace what is known only, and knows the new file before it is in place, so that a
 /// write that fails halfway isn't taken for another program's.
