@@ -1,11 +1,12 @@
 #include "OakfenCore/Support/Calendar.h"
 
 #include <cmath>
-#include <cstdlib>
 #include <gtest/gtest.h>
 #include <limits>
 #include <random>
 #include <thread>
+
+#include "Tests/Support/EnvironmentVariable.h"
 
 namespace oakfen {
 namespace {
@@ -26,28 +27,9 @@ const Calendar& toronto() {
 }
 
 /// `TZ` for one test.
-class ZoneVariable {
+class ZoneVariable : testing::EnvironmentVariable {
 public:
-    explicit ZoneVariable(const char* value) {
-        if (const char* present = std::getenv("TZ")) {
-            before_ = present;
-        }
-        set(value);
-    }
-    ~ZoneVariable() { set(before_ ? before_->c_str() : nullptr); }
-    ZoneVariable(const ZoneVariable&) = delete;
-    ZoneVariable& operator=(const ZoneVariable&) = delete;
-
-private:
-    static void set(const char* value) {
-        if (value == nullptr) {
-            unsetenv("TZ");
-        } else {
-            setenv("TZ", value, 1);
-        }
-    }
-
-    std::optional<std::string> before_;
+    explicit ZoneVariable(const char* value) : EnvironmentVariable("TZ", value) {}
 };
 
 TEST(Calendar, KnowsTheZonesOfTheSystem) {
