@@ -1,5 +1,7 @@
 #include "Oakfen/Views/AccountEditor.h"
 
+#include <algorithm>
+
 #include "Oakfen/Views/Components.h"
 #include "OakfenCore/LibraryOperations/Accounts.h"
 #include "OakfenCore/Support/Text.h"
@@ -29,8 +31,12 @@ std::string_view AccountEditor::primaryTitle() const {
     return isNew() ? "Add Account" : "Save";
 }
 
-bool AccountEditor::canSave() const {
-    return !trimmingWhitespaces(draft.name).empty();
+std::string_view AccountEditor::obstacle() const {
+    if (trimmingWhitespaces(draft.name).empty()) {
+        return "Enter a name.";
+    }
+    const auto amounts = {draft.openingBalance, lowBalance, creditLimit, interestRate};
+    return std::ranges::any_of(amounts, &Decimal::isNaN) ? "An amount is too large to keep." : "";
 }
 
 std::string_view AccountEditor::openingBalanceLabel() const {

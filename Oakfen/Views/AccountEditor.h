@@ -24,8 +24,9 @@ public:
     [[nodiscard]] bool isNew() const { return !accountID_; }
     [[nodiscard]] std::string_view title() const;
     [[nodiscard]] std::string_view primaryTitle() const;
-    /// An account needs a name.
-    [[nodiscard]] bool canSave() const;
+    /// Why the draft can't be saved yet; empty when it can.
+    [[nodiscard]] std::string_view obstacle() const;
+    [[nodiscard]] bool canSave() const { return obstacle().empty(); }
 
     // Which fields the draft's type has, and how they read.
     [[nodiscard]] std::string_view openingBalanceLabel() const;

@@ -82,6 +82,10 @@ void ReconcileView::markAll() {
     }
 }
 
+std::string_view ReconcileView::obstacle() const {
+    return difference().isNaN() ? "The difference is too large to enter as an adjustment." : "";
+}
+
 std::string_view ReconcileView::finishTitle() const {
     return difference().isZero() ? "Finish" : "Finish with Adjustment";
 }

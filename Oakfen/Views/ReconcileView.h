@@ -45,6 +45,9 @@ public:
     /// Ticks exactly the rows that are shown.
     void markAll();
 
+    /// Why what remains can't be entered as an adjustment; empty when it can.
+    [[nodiscard]] std::string_view obstacle() const;
+    [[nodiscard]] bool canFinish() const { return obstacle().empty(); }
     /// "Finish", or that it would enter an adjustment.
     [[nodiscard]] std::string_view finishTitle() const;
     [[nodiscard]] std::string_view finishHelp() const;

@@ -246,16 +246,28 @@ std::string_view TransactionEditor::obstacle() const {
     if (trimmingWhitespaces(draft.payee).empty()) {
         return "Enter a payee.";
     }
-    if (kind_ == Kind::transfer) {
-        if (!transferSelection || transferSelection == accountSelection) {
-            return "Choose the other account of the transfer.";
+    if (kind_ == Kind::transfer && (!transferSelection || transferSelection == accountSelection)) {
+        return "Choose the other account of the transfer.";
+    }
+    return obstacleOfAmount();
+}
+
+std::string_view TransactionEditor::obstacleOfAmount() const {
+    const bool isTransfer = kind_ == Kind::transfer;
+    if (isTransfer || !useSplits) {
+        if (amount.isNaN()) {
+            return "The amount is too large to keep. Enter another.";
         }
-        return amount.isZero() ? "Enter the amount of the transfer." : "";
+        return isTransfer && amount.isZero() ? "Enter the amount of the transfer." : "";
     }
-    if (useSplits && (splitsTotal().isZero() || splitsTotal().isNaN())) {
-        return splits.empty() ? "Add a split line." : "The split lines must add up to an amount.";
+    if (splits.empty()) {
+        return "Add a split line.";
     }
-    return "";
+    const Decimal total = splitsTotal();
+    if (total.isNaN()) {
+        return "The split lines add up to more than can be kept.";
+    }
+    return total.isZero() ? "The split lines must add up to an amount." : "";
 }
 
 std::vector<std::string> TransactionEditor::tags() const {

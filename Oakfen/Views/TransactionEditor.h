@@ -103,6 +103,8 @@ private:
     [[nodiscard]] std::optional<UUID> firstAccount() const;
     [[nodiscard]] std::vector<PickerRow> keepingAccount(std::vector<PickerRow> rows,
                                                         const std::optional<UUID>& id) const;
+    /// What is wrong with the amount or with the split lines; empty when nothing is.
+    [[nodiscard]] std::string_view obstacleOfAmount() const;
     [[nodiscard]] std::vector<std::string> tags() const;
     [[nodiscard]] Transaction transactionToSave() const;
 

@@ -98,6 +98,7 @@ AmountField* AccountEditorDialog::addAmount(const QString& title, Decimal& value
     field->edited = [this, field, &value] {
         value = field->value();
         setProblem({});
+        setCanSave(editor_.canSave());
     };
     return field;
 }

@@ -173,8 +173,10 @@ void ReconcileDialog::showState() {
     showFigure(cleared_, view_.clearedTotal());
     showFigure(difference_, difference);
     mark_->setVisible(isMatched);
-    verdict_->setText(isMatched ? tr("Your register matches the statement")
-                                : tr("Your register doesn’t match the statement yet"));
+    verdict_->setText(!view_.canFinish() ? qt(view_.obstacle())
+                      : isMatched        ? tr("Your register matches the statement")
+                                         : tr("Your register doesn’t match the statement yet"));
+    setCanSave(view_.canFinish());
     primaryButton()->setText(qt(view_.finishTitle()));
     primaryButton()->setToolTip(qt(view_.finishHelp()));
 }

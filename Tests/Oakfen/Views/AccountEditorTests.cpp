@@ -46,9 +46,20 @@ TEST_F(AccountEditing, ANewAccountStartsEmptyAndOpensToday) {
 TEST_F(AccountEditing, ANameOfBlanksIsNone) {
     AccountEditor editor(*test_, std::nullopt);
     editor.draft.name = " \t";
-    EXPECT_FALSE(editor.canSave());
+    EXPECT_EQ(editor.obstacle(), "Enter a name.");
     editor.draft.name = "x";
     EXPECT_TRUE(editor.canSave());
+}
+
+TEST_F(AccountEditing, AnAmountThatIsNoNumberCannotBeSaved) {
+    AccountEditor editor(*test_, account_.id);
+    for (Decimal* const amount : {&editor.draft.openingBalance, &editor.lowBalance,
+                                  &editor.creditLimit, &editor.interestRate}) {
+        EXPECT_TRUE(editor.canSave());
+        *amount = Decimal::nan();
+        EXPECT_EQ(editor.obstacle(), "An amount is too large to keep.");
+        *amount = Decimal();
+    }
 }
 
 TEST_F(AccountEditing, LoadsTheAccountWithItsOptionalFigures) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "Tests/Oakfen/Views/RegisterFixture.h"
 
 namespace oakfen {
@@ -102,6 +104,25 @@ TEST_F(Reconciling, NamesTheButtonByWhatItDoes) {
     sheet.statementBalance += amount("0.001");
     EXPECT_EQ(sheet.finishTitle(), "Finish with Adjustment");
     EXPECT_EQ(sheet.finishHelp(), "Adds a balance adjustment for the difference");
+}
+
+TEST_F(Reconciling, CannotFinishWithADifferenceThatNoAmountHolds) {
+    const Decimal largest = amount(std::string(38, '9') + std::string(127, '0'));
+    EXPECT_TRUE(sheet.canFinish());
+    sheet.statementBalance = largest;
+    EXPECT_TRUE(sheet.canFinish());
+    test.store->mutate("Edit", [&](Library& library) {
+        Transaction changed = shop;
+        changed.amount = -largest;
+        upsert(library, changed);
+    });
+    EXPECT_EQ(sheet.obstacle(), "The difference is too large to enter as an adjustment.");
+    const Library before = test.library();
+    sheet.finish();
+    EXPECT_EQ(test.library(), before);
+    EXPECT_TRUE(test.store->lastError());
+    sheet.setChecked(shop.id, false);
+    EXPECT_TRUE(sheet.canFinish());
 }
 
 TEST_F(Reconciling, ReconcilesTheTickedEntriesInOneStep) {

@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <string>
+
 #include "Tests/Oakfen/Views/TransactionFixture.h"
 #include "Tests/Support/LocaleForTest.h"
 
@@ -57,6 +59,49 @@ TEST_F(TransactionSplits, SplitLinesMustAddUpToAnAmount) {
     EXPECT_TRUE(editor.canSave());
     editor.splits.clear();
     EXPECT_EQ(editor.obstacle(), "Add a split line.");
+}
+
+/// The largest amount there is: twice that is none.
+const Decimal largest = amount(std::string(38, '9') + std::string(127, '0'));
+
+TEST_F(TransactionSplits, LinesThatAddUpToMoreThanAnAmountHoldsCannotBeSaved) {
+    TransactionEditor editor = edit(shop.id);
+    editor.splitAcrossCategories();
+    editor.splits[0].amount = largest;
+    EXPECT_TRUE(editor.canSave());
+    editor.splits[1].amount = largest;
+    EXPECT_EQ(editor.obstacle(), "The split lines add up to more than can be kept.");
+}
+
+TEST_F(TransactionSplits, WhatIsNoAmountAfterRemovingTheSplitsCannotBeSaved) {
+    for (const Kind kind : {Kind::payment, Kind::deposit, Kind::transfer}) {
+        TransactionEditor editor = edit(shop.id);
+        editor.splitAcrossCategories();
+        editor.splits[0].amount = largest;
+        editor.splits[1].amount = largest;
+        editor.removeSplits();
+        editor.setKind(kind);
+        editor.transferSelection = savings.id;
+        EXPECT_EQ(editor.obstacle(), "The amount is too large to keep. Enter another.");
+        editor.amount = amount("12");
+        EXPECT_TRUE(editor.canSave());
+    }
+}
+
+TEST_F(TransactionSplits, AnEntryThatCannotBeKeptIsRefusedAndTheNextOneIsSaved) {
+    TransactionEditor editor = edit(shop.id);
+    editor.splitAcrossCategories();
+    editor.splits[0].amount = largest;
+    editor.splits[1].amount = largest;
+    editor.save();
+    EXPECT_TRUE(test.store->lastError());
+    EXPECT_EQ(stored(shop.id), shop);
+    test.store->clearError();
+    editor.splits[1].amount = amount("12");
+    editor.save();
+    test.store->saveNow();
+    EXPECT_FALSE(test.store->lastError());
+    EXPECT_EQ(stored(shop.id).splits.size(), 2U);
 }
 
 TEST_F(TransactionSplits, ATransferOfASplitEntryHasNoSplits) {

@@ -7,6 +7,8 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
+#include <algorithm>
+#include <string>
 
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/AmountField.h"
@@ -54,6 +56,13 @@ protected:
         return false;
     }
 
+    [[nodiscard]] bool shows(const char* text) const {
+        const auto labels = dialog.findChildren<QLabel*>();
+        return std::ranges::any_of(labels, [&](const QLabel* label) {
+            return label->isVisible() && label->text() == QString::fromLatin1(text);
+        });
+    }
+
     ReconcileDialog dialog{*test, everyday};
 };
 
@@ -92,6 +101,20 @@ TEST_F(ReconcileSheet, IsTickedWithTheSpaceBar) {
     QTest::keyClick(dialog.table(), Qt::Key_Space);
     EXPECT_FALSE(isTicked(0));
     EXPECT_FALSE(isTicked(1));
+}
+
+TEST_F(ReconcileSheet, CannotFinishWithADifferenceThatNoAmountHolds) {
+    const std::string largest = std::string(38, '9') + std::string(127, '0');
+    test.store->mutate("Edit", [&](Library& library) {
+        shop.amount = -amount(largest);
+        upsert(library, shop);
+    });
+    EXPECT_TRUE(dialog.primaryButton()->isEnabled());
+    type(largest.c_str());
+    EXPECT_FALSE(dialog.primaryButton()->isEnabled());
+    EXPECT_TRUE(shows("The difference is too large to enter as an adjustment."));
+    type("460");
+    EXPECT_TRUE(dialog.primaryButton()->isEnabled());
 }
 
 TEST_F(ReconcileSheet, MarksAll) {
