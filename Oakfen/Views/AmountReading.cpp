@@ -196,7 +196,9 @@ AmountReading readAmount(std::string_view text, const NumberPunctuation& punctua
                                ", or a sum such as " + exampleCalculation() + "."};
     }
     if (value->isNaN()) {
-        return {.explanation = "This calculation has no result."};
+        return {.explanation = isOneNumber(entry.substr(entry.front() == '-' ? 1 : 0))
+                                   ? "This amount is too large."
+                                   : "This calculation has no result."};
     }
     return {.value = value};
 }

@@ -103,8 +103,9 @@ private:
             {decimal_, other},
         }};
         for (const auto& [decimal, grouping] : attempts) {
-            if (const auto plain = plainNumber(text, decimal, grouping)) {
-                return Decimal::parse(*plain);
+            const auto plain = plainNumber(text, decimal, grouping);
+            if (plain && !plain->empty()) {
+                return Decimal::parse(*plain).value_or(Decimal::nan());
             }
         }
         return std::nullopt;

@@ -7,7 +7,8 @@
 
 namespace oakfen {
 
-/// The result of a sum of products of signed numbers; nothing when the text is no such thing. The
+/// The result of a sum of products of signed numbers, `Decimal::nan()` where that is none or too
+/// large; nothing when the text is no such thing. The
 /// numbers are read with the given separators first, and with the point and the comma in each
 /// other's place only if that fails; blanks may set groups apart always.
 [[nodiscard]] std::optional<Decimal> calculate(std::string_view text, char decimal, char grouping);

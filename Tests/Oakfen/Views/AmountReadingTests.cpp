@@ -201,8 +201,19 @@ TEST(AmountReading, ExplainsWhyTextHasNoValue) {
     EXPECT_EQ(readAmount("abc").explanation,
               "“abc” isn’t an amount. Enter a number, for example 1,234.50, or a sum such as "
               "12.50+3*2.");
+    for (const char* unfinished : {"12+", "*3", "-", "."}) {
+        EXPECT_EQ(readAmount(unfinished).explanation,
+                  "“" + std::string(unfinished) +
+                      "” isn’t an amount. Enter a number, for example 1,234.50, or a sum such as "
+                      "12.50+3*2.");
+    }
     EXPECT_EQ(readAmount("  ").explanation, "Enter an amount, for example 1,234.50.");
     EXPECT_EQ(readAmount("1/0").explanation, "This calculation has no result.");
+    const std::string thousands = "1" + std::string(100, '0');
+    EXPECT_EQ(readAmount(thousands + "*" + thousands).explanation,
+              "This calculation has no result.");
+    EXPECT_EQ(readAmount(std::string(200, '9')).explanation, "This amount is too large.");
+    EXPECT_EQ(readAmount("-" + std::string(200, '9')).explanation, "This amount is too large.");
 }
 
 TEST(AmountReading, ShowsItsExamplesInTheLocalesPunctuation) {
