@@ -91,8 +91,8 @@ void AccountEditorDialog::fillTypes() {
     type_->setCurrentIndex(type_->findData(static_cast<int>(editor_.draft.type)));
 }
 
-AmountField* AccountEditorDialog::addAmount(const QString& title, Decimal& value) {
-    auto* field = new AmountField(title);
+AmountField* AccountEditorDialog::addAmount(const QString& title, Decimal& value, AmountKind kind) {
+    auto* field = new AmountField(title, kind);
     field->setMaximumWidth(amountWidth);
     field->setValue(value);
     field->edited = [this, field, &value] {
@@ -124,7 +124,7 @@ void AccountEditorDialog::addBalanceFields() {
 void AccountEditorDialog::addTypeFields() {
     creditLimit_ = addAmount(tr("Credit Limit"), editor_.creditLimit);
     form_->addRow(tr("Credit Limit"), creditLimit_);
-    interestRate_ = addAmount(tr("Interest Rate (%)"), editor_.interestRate);
+    interestRate_ = addAmount(tr("Interest Rate (%)"), editor_.interestRate, AmountKind::number);
     form_->addRow(tr("Interest Rate (%)"), interestRate_);
 
     hasAlert_->setChecked(editor_.hasLowBalanceAlert);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Oakfen/Views/AccountEditor.h"
+#include "Oakfen/Views/AmountEntry.h"
 #include "Oakfen/Widgets/Components/SheetScaffold.h"
 
 class QCheckBox;
@@ -35,7 +36,8 @@ private:
     void addTypeFields();
     void addLastFields();
     void fillTypes();
-    AmountField* addAmount(const QString& title, Decimal& value);
+    AmountField* addAmount(const QString& title, Decimal& value,
+                           AmountKind kind = AmountKind::money);
     /// Shows the fields that the chosen type has.
     void showFieldsOfType();
 

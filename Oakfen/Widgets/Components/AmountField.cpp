@@ -17,9 +17,9 @@ constexpr int greatestWidth = 260;
 
 } // namespace
 
-AmountField::AmountField(const QString& title, QWidget* parent)
-    : EntryField(title, tr("An amount, or a sum such as %1").arg(qt(exampleCalculation())),
-                 parent) {
+AmountField::AmountField(const QString& title, AmountKind kind, QWidget* parent)
+    : EntryField(title, tr("An amount, or a sum such as %1").arg(qt(exampleCalculation())), parent),
+      entry_(kind) {
     setAlignment(Qt::AlignRight);
     setMaxLength(greatestLength);
     showEntry();

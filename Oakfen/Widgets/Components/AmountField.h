@@ -8,7 +8,8 @@ namespace oakfen {
 /// A field for an amount: shows two decimals, and reads what people type or paste.
 class AmountField final : public EntryField {
 public:
-    explicit AmountField(const QString& title, QWidget* parent = nullptr);
+    explicit AmountField(const QString& title, AmountKind kind = AmountKind::money,
+                         QWidget* parent = nullptr);
 
     /// What the text stands for, or stood for before it could not be read.
     [[nodiscard]] const Decimal& value() const { return entry_.value(); }

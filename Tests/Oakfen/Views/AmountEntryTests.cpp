@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "Tests/Support/LocaleForTest.h"
 #include "Tests/Support/TestLedger.h"
 
@@ -32,6 +34,41 @@ TEST(AmountEntry, GetsTheHeldValueBackWhenItsTextIsTypedAgain) {
     EXPECT_EQ(entry.value(), amount("12.3"));
     entry.edit("12.35");
     EXPECT_EQ(entry.value(), amount("12.3456"));
+}
+
+TEST(AmountEntry, RoundsCalculatedMoneyToTheCentHalfAwayFromZero) {
+    const LocaleForTest locale("en_CA");
+    for (const auto& [typed, cents] :
+         {std::pair("100/3", 3333), std::pair("200/3", 6667), std::pair("0.01/2", 1),
+          std::pair("-0.01/2", -1), std::pair("1.005*1", 101), std::pair("-2/3", -67)}) {
+        AmountEntry entry;
+        entry.edit(typed);
+        EXPECT_EQ(entry.value(), Decimal::cents(cents)) << typed;
+        EXPECT_EQ(entry.text(), typed);
+        entry.finishEditing();
+        EXPECT_EQ(entry.value(), Decimal::cents(cents)) << typed;
+    }
+}
+
+TEST(AmountEntry, RoundsMoneyThatIsTypedWithMoreDecimalsThanItShows) {
+    const LocaleForTest locale("en_CA");
+    AmountEntry entry;
+    entry.edit("12.3456");
+    EXPECT_EQ(entry.value(), amount("12.35"));
+    entry.finishEditing();
+    EXPECT_EQ(entry.text(), "12.35");
+    entry.edit("0.004");
+    EXPECT_TRUE(entry.value().isZero());
+}
+
+TEST(AmountEntry, HoldsSharesPricesAndRatesAsTheyAreTyped) {
+    const LocaleForTest locale("en_CA");
+    AmountEntry entry(AmountKind::number);
+    entry.edit("5.125");
+    entry.finishEditing();
+    EXPECT_EQ(entry.value(), amount("5.125"));
+    entry.edit("1/8");
+    EXPECT_EQ(entry.value(), amount("0.125"));
 }
 
 TEST(AmountEntry, KeepsTheValueWhenTheFieldIsEmptied) {

@@ -76,6 +76,13 @@ protected:
         Q_EMIT types->activated(types->currentIndex());
     }
 
+    void type(const char* field, const char* text) const {
+        auto* amountField = named<AmountField>(field);
+        amountField->setFocus();
+        amountField->selectAll();
+        QTest::keyClicks(amountField, QString::fromUtf8(text));
+    }
+
     void save() const { QTest::mouseClick(dialog->primaryButton(), Qt::LeftButton); }
 
     [[nodiscard]] const Account& stored() const { return *test.index().account(everyday.id); }
@@ -164,15 +171,35 @@ TEST_F(AccountSheet, SavesTheTextsThatWereTyped) {
     EXPECT_EQ(stored().notes, "Ours\nsince 2020");
 }
 
+TEST_F(AccountSheet, RoundsItsMoneyToTheCentButNotTheRate) {
+    open(everyday.id);
+    choose(AccountType::lineOfCredit);
+    type("Opening Balance", "-1000/3");
+    type("Credit Limit", "2500.005");
+    type("Interest Rate (%)", "6.125");
+    save();
+    EXPECT_EQ(stored().openingBalance, amount("-333.33"));
+    EXPECT_EQ(stored().creditLimit, amount("2500.01"));
+    EXPECT_EQ(stored().interestRate, amount("6.125"));
+}
+
+TEST_F(AccountSheet, KeepsDigitsThatItDoesNotShowWhenNothingIsTyped) {
+    test.store->mutate("Spoil", [](Library& library) {
+        library.accounts.edit(0).openingBalance = amount("33.3333");
+    });
+    open(everyday.id);
+    named<QLineEdit>("Name")->setText(QStringLiteral("Daily"));
+    save();
+    EXPECT_EQ(stored().name, "Daily");
+    EXPECT_EQ(stored().openingBalance, amount("33.3333"));
+}
+
 TEST_F(AccountSheet, KeepsALimitThatATypeWithoutOneHides) {
     open(everyday.id);
     choose(AccountType::creditCard);
-    auto* limit = named<AmountField>("Credit Limit");
-    limit->setFocus();
-    limit->selectAll();
-    QTest::keyClicks(limit, QStringLiteral("2500"));
+    type("Credit Limit", "2500");
     choose(AccountType::chequing);
-    EXPECT_FALSE(limit->isVisible());
+    EXPECT_FALSE(named<AmountField>("Credit Limit")->isVisible());
     save();
     EXPECT_EQ(stored().creditLimit, amount("2500"));
     EXPECT_EQ(stored().type, AccountType::chequing);

@@ -20,7 +20,7 @@ QString qs(const char* text) {
 /// A field in a window that it can lose the focus in.
 struct Form {
     QWidget window;
-    AmountField* field = new AmountField(qs("Opening Balance"), &window);
+    AmountField* field = new AmountField(qs("Opening Balance"), AmountKind::money, &window);
     QLineEdit* other = new QLineEdit(&window);
 
     Form() {

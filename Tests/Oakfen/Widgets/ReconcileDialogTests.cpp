@@ -103,6 +103,12 @@ TEST_F(ReconcileSheet, IsTickedWithTheSpaceBar) {
     EXPECT_FALSE(isTicked(1));
 }
 
+TEST_F(ReconcileSheet, MatchesAStatementWhoseBalanceIsCalculated) {
+    type("460/3*3");
+    EXPECT_TRUE(reads("Difference, $0.00"));
+    EXPECT_EQ(finishTitle(), "Finish");
+}
+
 TEST_F(ReconcileSheet, CannotFinishWithADifferenceThatNoAmountHolds) {
     const std::string largest = std::string(38, '9') + std::string(127, '0');
     test.store->mutate("Edit", [&](Library& library) {

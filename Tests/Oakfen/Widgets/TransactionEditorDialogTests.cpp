@@ -35,6 +35,37 @@ TEST_F(TransactionSheet, APaymentIsTypedAndSavedWithReturn) {
     EXPECT_EQ(last().accountID, everyday.id);
 }
 
+TEST_F(TransactionSheet, ACalculatedAmountIsRoundedToTheCent) {
+    openNew();
+    type("Dinner");
+    tabTo("Amount");
+    type("100/3");
+    press(Qt::Key_Return);
+    EXPECT_EQ(last().amount, amount("-33.33"));
+}
+
+TEST_F(TransactionSheet, AnAmountThatNobodyTouchesKeepsItsHiddenDigits) {
+    const auto restore = [this] {
+        test.store->mutate("Spoil", [this](Library& library) {
+            shop.amount = amount("-33.333333");
+            upsert(library, shop);
+        });
+    };
+    restore();
+    openEdit(shop.id);
+    tabTo("Memo");
+    type("a third");
+    press(Qt::Key_Return);
+    EXPECT_EQ(stored(shop.id).memo, "a third");
+    EXPECT_EQ(stored(shop.id).amount, amount("-33.333333"));
+    restore();
+    openEdit(shop.id);
+    tabTo("Amount");
+    type("33.339");
+    press(Qt::Key_Return);
+    EXPECT_EQ(stored(shop.id).amount, amount("-33.34"));
+}
+
 TEST_F(TransactionSheet, TabFollowsTheReadingOrder) {
     openNew();
     std::string order = focusName();
