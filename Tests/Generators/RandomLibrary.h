@@ -20,7 +20,13 @@ namespace oakfen::testing {
 /// sum of their lines. Texts, amounts and dates are meant to be awkward.
 class RandomLibrary {
 public:
-    explicit RandomLibrary(std::uint64_t seed) : engine_(seed) {}
+    enum class Amounts {
+        awkward,    ///< sometimes of many digits
+        wholeCents, ///< all money and prices; shares are whole, so that their values are cents too
+    };
+
+    explicit RandomLibrary(std::uint64_t seed, Amounts amounts = Amounts::awkward)
+        : engine_(seed), amounts_(amounts) {}
 
     /// A document with at least that many entries: one more when the last is a transfer.
     [[nodiscard]] Library make(std::size_t transactionCount) {
@@ -61,10 +67,10 @@ public:
         return result;
     }
 
-    /// Mostly everyday money; sometimes many digits.
+    /// Mostly everyday money; sometimes many digits, where they are wanted.
     Decimal amount() {
         const auto cents = static_cast<std::int64_t>(below(2'000'001)) - 1'000'000;
-        if (chance(20)) {
+        if (amounts_ == Amounts::awkward && chance(20)) {
             const auto digits = static_cast<std::int64_t>(engine_() >> 1U);
             return Decimal::make(Int128{digits} * (chance(2) ? 1 : -1'000'003),
                                  static_cast<int>(below(40)) - 30);
@@ -136,6 +142,11 @@ private:
     }
     std::optional<Decimal> maybeAmount() {
         return maybe([&] { return amount(); });
+    }
+
+    Decimal shares() {
+        return amounts_ == Amounts::awkward ? amount().magnitude()
+                                            : Decimal(static_cast<std::int64_t>(below(1'000)));
     }
 
     void addAccounts() {
@@ -224,8 +235,8 @@ private:
         for (; count > 0; --count) {
             library_.investmentTransactions.push_back(
                 {id(), anyOf(accountIDs_), maybe([&] { return anyOf(securityIDs_); }), date(),
-                 any<InvestmentAction>(), amount().magnitude(), amount().magnitude(),
-                 amount().magnitude(), amount().magnitude(), text()});
+                 any<InvestmentAction>(), shares(), amount().magnitude(), amount().magnitude(),
+                 amount().magnitude(), text()});
         }
     }
 
@@ -257,6 +268,7 @@ private:
     }
 
     std::mt19937_64 engine_;
+    Amounts amounts_;
     Library library_;
     std::vector<UUID> accountIDs_;
     std::vector<UUID> categoryIDs_;
