@@ -10,6 +10,7 @@
 #include "Benchmarks/References.h"
 #include "OakfenCore/Importers/Merging.h"
 #include "OakfenCore/LibraryIndex/LibraryIndex.h"
+#include "OakfenCore/LibraryOperations/ScheduledTransactions.h"
 #include "OakfenCore/Models/LibraryCoding.h"
 
 namespace oakfen::benchmarks {
@@ -98,6 +99,32 @@ void timeEntryOutOfOrder(benchmark::State& state, std::size_t count) {
     });
 }
 
+/// What opening a ledger that lay untouched for a month does: every reminder has fallen due once.
+void timeCatchUp(benchmark::State& state, std::size_t count) {
+    constexpr std::size_t reminders = 75;
+    const Calendar calendar = Calendar::utc();
+    Library library = bigLibrary(count);
+    for (std::size_t number = 0; number < reminders; ++number) {
+        ScheduledTransaction reminder{.id = UUID::random(),
+                                      .payee = "Reminder " + std::to_string(number),
+                                      .accountID = library.accounts[0].id,
+                                      .amount = Decimal::cents(-1000),
+                                      .nextDate = calendar.addingDays(bigLibraryNow(), -7),
+                                      .autoEnter = true};
+        if (number % 3 == 0) {
+            reminder.transferAccountID = library.accounts[1].id;
+        }
+        library.scheduled.push_back(std::move(reminder));
+    }
+    for ([[maybe_unused]] const auto _ : state) {
+        Library after = library;
+        if (processAutoEnter(after, bigLibraryNow(), calendar) != reminders) {
+            state.SkipWithError("Another number of reminders was entered.");
+            break;
+        }
+    }
+}
+
 void timePayees(benchmark::State& state, std::size_t count) {
     const Library& library = bigLibrary(count);
     const Calendar calendar = Calendar::utc();
@@ -151,6 +178,7 @@ void registerLedgerBenchmarks(std::size_t count) {
     add("index", timeIndex);
     add("edit of an amount", timeEditOfAnAmount);
     add("entry out of order", timeEntryOutOfOrder);
+    add("catch-up of 75 reminders", timeCatchUp);
     add("payees after an edit", timePayees);
     add("duplicates among as many lines", timeDuplicates);
 }

@@ -40,10 +40,30 @@ Transaction mirrored(Transaction twin, const Transaction& leg) {
     return twin;
 }
 
-void upsertTransfer(Transactions& transactions, Transaction leg) {
-    const auto index = indexOf(transactions, leg.id);
+/// A transfer into the same account moves nothing, so it is none.
+bool hasTwoLegs(const Transaction& entry) {
+    return entry.transferAccountID && entry.transferAccountID != entry.accountID;
+}
+
+/// Takes from a leg what a transfer has not.
+void normaliseLeg(Transaction& leg) {
     leg.categoryID.reset();
     leg.splits.clear();
+}
+
+/// Takes from an entry what only a transfer has, and gives a split one the sum of its lines.
+void normaliseOrdinary(Transaction& entry) {
+    entry.transferAccountID.reset();
+    entry.transferID.reset();
+    if (entry.isSplit()) {
+        entry.amount = sum(entry.splits, &Split::amount);
+        entry.categoryID.reset();
+    }
+}
+
+void upsertTransfer(Transactions& transactions, Transaction leg) {
+    const auto index = indexOf(transactions, leg.id);
+    normaliseLeg(leg);
     if (!leg.transferID && index) {
         leg.transferID = transactions[*index].transferID;
     }
@@ -63,34 +83,39 @@ void upsertTransfer(Transactions& transactions, Transaction leg) {
 
 void upsertOrdinary(Transactions& transactions, Transaction entry) {
     auto index = indexOf(transactions, entry.id);
-    entry.transferAccountID.reset();
     // The caller may have cleared the field already, so the stored entry knows its twin best.
     std::optional<UUID> droppedID = entry.transferID;
     if (index && transactions[*index].transferID) {
         droppedID = transactions[*index].transferID;
     }
-    entry.transferID.reset();
     if (droppedID) {
         transactions.eraseIf(
             [&](const Transaction& candidate) { return candidate.id == *droppedID; });
         index.reset();
     }
-    if (entry.isSplit()) {
-        entry.amount = sum(entry.splits, &Split::amount);
-        entry.categoryID.reset();
-    }
+    normaliseOrdinary(entry);
     replace(transactions, index, std::move(entry));
 }
 
 } // namespace
 
 void upsert(Library& library, Transaction transaction) {
-    // A transfer into the same account moves nothing.
-    if (transaction.transferAccountID && transaction.transferAccountID != transaction.accountID) {
+    if (hasTwoLegs(transaction)) {
         upsertTransfer(library.transactions, std::move(transaction));
     } else {
         upsertOrdinary(library.transactions, std::move(transaction));
     }
+}
+
+void appendNew(Library& library, Transaction transaction) {
+    if (hasTwoLegs(transaction)) {
+        normaliseLeg(transaction);
+        transaction.transferID = UUID::random();
+        library.transactions.push_back(mirrored(Transaction{}, transaction));
+    } else {
+        normaliseOrdinary(transaction);
+    }
+    library.transactions.push_back(std::move(transaction));
 }
 
 void deleteTransactions(Library& library, const UUIDSet& ids) {

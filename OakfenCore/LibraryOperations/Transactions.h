@@ -12,6 +12,10 @@ namespace oakfen {
 /// entry the sum of its lines.
 void upsert(Library& library, Transaction transaction);
 
+/// Adds an entry with an id that no entry has, and without another leg yet, as `upsert` does, but
+/// without looking through the ledger for it; for adding many.
+void appendNew(Library& library, Transaction transaction);
+
 /// Removes these entries and the other legs of transfers among them.
 void deleteTransactions(Library& library, const UUIDSet& ids);
 
