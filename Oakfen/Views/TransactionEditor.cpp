@@ -98,7 +98,8 @@ void TransactionEditor::load(const Transaction& entry) {
             : entry.amount.isPositive() ? Kind::deposit
                                         : Kind::payment;
     splits = splitDrafts(entry);
-    useSplits = entry.isSplit();
+    // A file may hold a transfer with split lines; it is a transfer all the same.
+    useSplits = entry.isSplit() && !entry.isTransfer();
     tagsText = joined(entry.tags, ", ");
     transferIn = entry.isTransfer() && entry.amount.isPositive();
 }

@@ -116,6 +116,35 @@ TEST_F(TransactionSplits, ATransferOfASplitEntryHasNoSplits) {
     EXPECT_EQ(stored(market.id).amount, amount("-25"));
 }
 
+TEST_F(TransactionSplits, ATransferThatAFileHoldsWithSplitLinesIsATransfer) {
+    Transaction leg = transfer("-75");
+    leg.splits = splitEntry("Market", "-30", "5").splits;
+    test.store->mutate("Load", [&](Library& library) { library.transactions.push_back(leg); });
+    TransactionEditor editor = edit(leg.id);
+    EXPECT_EQ(editor.kind(), Kind::transfer);
+    EXPECT_FALSE(editor.useSplits);
+    EXPECT_EQ(editor.amount, amount("75"));
+    EXPECT_EQ(editor.remainderText(), "");
+    EXPECT_EQ(editor.obstacle(), "");
+    editor.amount = amount("80");
+    editor.save();
+    EXPECT_FALSE(stored(leg.id).isSplit());
+    EXPECT_EQ(stored(leg.id).amount, amount("-80"));
+    EXPECT_EQ(stored(leg.id).transferAccountID, savings.id);
+}
+
+TEST_F(TransactionSplits, ATransferWithSplitLinesThatBecomesAPaymentShowsOneCategory) {
+    Transaction leg = transfer("-75");
+    leg.splits = splitEntry("Market", "-30", "5").splits;
+    test.store->mutate("Load", [&](Library& library) { library.transactions.push_back(leg); });
+    TransactionEditor editor = edit(leg.id);
+    editor.setKind(Kind::payment);
+    EXPECT_FALSE(editor.useSplits);
+    editor.save();
+    EXPECT_EQ(stored(leg.id).amount, amount("-75"));
+    EXPECT_FALSE(stored(leg.id).isSplit());
+}
+
 TEST_F(TransactionSplits, ChangingToATransferAndBackKeepsTheLinesButShowsOneCategory) {
     TransactionEditor editor = newEntry("Market");
     editor.splitAcrossCategories();

@@ -35,6 +35,21 @@ TEST_F(TransactionSheetSplits, AnEntryIsSplitAndSaved) {
     EXPECT_EQ(stored(shop.id).splits[1].amount, amount("-10.25"));
 }
 
+TEST_F(TransactionSheetSplits, ATransferThatAFileHoldsWithSplitLinesShowsNone) {
+    Transaction leg = testing::makeTransaction(everyday.id, shop.date, "Moved", "-75");
+    leg.transferAccountID = savings.id;
+    leg.splits = {{.id = UUID::random(), .categoryID = food.id, .amount = amount("-30")}};
+    test.store->mutate("Load", [&](Library& library) { library.transactions.push_back(leg); });
+    openEdit(leg.id);
+    ASSERT_NE(named<AmountField>("Amount"), nullptr);
+    EXPECT_EQ(named<AmountField>("Amount")->value(), amount("75"));
+    EXPECT_NE(named<AccountPicker>("To Account"), nullptr);
+    EXPECT_EQ(named<CategoryPicker>("Category"), nullptr);
+    for (const QPushButton* button : dialog->findChildren<QPushButton*>()) {
+        EXPECT_FALSE(button->isVisible() && button->text() == QStringLiteral("Remove Splits"));
+    }
+}
+
 TEST_F(TransactionSheetSplits, SplitLinesAreAddedAndRemovedWithTheKeyboard) {
     openEdit(shop.id);
     tabTo("Split Across Categories…");

@@ -37,6 +37,14 @@ TEST(CategoryLines, HoldEachSplitAndNothingOfItsEntry) {
     EXPECT_EQ(lines[1].transactionID, ledger.library.transactions[0].id);
 }
 
+TEST(CategoryLines, LeaveOutTransfersEvenWithSplitLines) {
+    OneAccount ledger;
+    ledger.add(day(2026, 1, 5), "Transfer", "-10");
+    ledger.library.transactions.edit(0).transferAccountID = UUID::random();
+    ledger.library.transactions.edit(0).splits.resize(2);
+    EXPECT_TRUE(indexOf(ledger.library)->categoryLines(january).empty());
+}
+
 TEST(CategoryLines, LeaveOutTransfersEvenWithACategory) {
     OneAccount ledger;
     ledger.add(day(2026, 1, 5), "Transfer", "-10");

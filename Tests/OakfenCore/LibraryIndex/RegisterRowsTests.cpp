@@ -49,6 +49,16 @@ TEST(RegisterRows, SayWhatIsATransferAndWhatIsSplit) {
     EXPECT_EQ(rows[1].categoryName, "— Split (2) —");
 }
 
+TEST(RegisterRows, DescribeATransferWithSplitLinesAsATransfer) {
+    OneAccount ledger;
+    ledger.add(day(2026, 1, 1), "Transfer", "1");
+    ledger.library.transactions.edit(0).transferAccountID = ledger.id();
+    ledger.library.transactions.edit(0).splits.resize(2);
+    const auto rows = indexOf(ledger.library)->registerRows(ledger.id());
+    EXPECT_TRUE(rows[0].isTransfer);
+    EXPECT_EQ(rows[0].categoryName, "[" + ledger.library.accounts[0].name + "]");
+}
+
 TEST(RegisterRows, ComeInLedgerOrderAndEndAtAllCashWithoutInvestments) {
     OneAccount ledger("100");
     ledger.add(day(2026, 6, 1), "Future", "-30");
