@@ -55,7 +55,7 @@ std::string_view title(TransactionEditor::Kind value) noexcept {
 TransactionEditor::TransactionEditor(AppEnvironment& environment,
                                      const ActiveSheet::NewTransaction& sheet)
     : environment_(environment) {
-    startEmpty(sheet.accountID ? sheet.accountID : firstAccount(), environment.clock.now());
+    startEmpty(accountToBeginWith(sheet.accountID), environment.clock.now());
 }
 
 TransactionEditor::TransactionEditor(AppEnvironment& environment,
@@ -64,12 +64,15 @@ TransactionEditor::TransactionEditor(AppEnvironment& environment,
     if (const Transaction* entry = environment.store.index().transaction(sheet.id)) {
         load(*entry);
     } else {
-        startEmpty(firstAccount(), environment.clock.now());
+        startEmpty(accountToBeginWith(std::nullopt), environment.clock.now());
     }
 }
 
-std::optional<UUID> TransactionEditor::firstAccount() const {
+std::optional<UUID> TransactionEditor::accountToBeginWith(const std::optional<UUID>& wanted) const {
     const LibraryIndex& index = environment_.store.index();
+    if (wanted && index.account(*wanted) != nullptr) {
+        return wanted;
+    }
     auto candidates = index.accounts(AccountGroup::banking, false);
     if (candidates.empty()) {
         candidates = index.openAccounts();

@@ -27,7 +27,7 @@ public:
         friend bool operator==(const SplitDraft&, const SplitDraft&) = default;
     };
 
-    /// For a new entry of that account, or of the first one when none is named.
+    /// For a new entry of that account, or of the first one when none is named or it is gone.
     TransactionEditor(AppEnvironment& environment, const ActiveSheet::NewTransaction& sheet);
     TransactionEditor(AppEnvironment& environment, const ActiveSheet::EditTransaction& sheet);
 
@@ -100,7 +100,8 @@ public:
 private:
     void startEmpty(const std::optional<UUID>& accountID, Date date);
     void load(const Transaction& entry);
-    [[nodiscard]] std::optional<UUID> firstAccount() const;
+    /// The wanted account; where none is named, or it is gone, the first one.
+    [[nodiscard]] std::optional<UUID> accountToBeginWith(const std::optional<UUID>& wanted) const;
     [[nodiscard]] std::vector<PickerRow> keepingAccount(std::vector<PickerRow> rows,
                                                         const std::optional<UUID>& id) const;
     /// What is wrong with the amount or with the split lines; empty when nothing is.

@@ -44,6 +44,19 @@ TEST_F(TransactionEditing, ANewEntryOfNoAccountTakesTheFirstBankAccountByName) {
     EXPECT_EQ(editor.draft.accountID, everyday.id);
 }
 
+TEST_F(TransactionEditing, ANewEntryOfAnAccountThatIsGoneTakesTheFirstBankAccount) {
+    const Account spare = testing::makeAccount("Spare");
+    test.store->mutate("New Account", [&](Library& library) { library.accounts.push_back(spare); });
+    test.appState->setSelection(SidebarItem::account(spare.id));
+    test.undoManager->undo();
+    ASSERT_EQ(test.appState->selectedAccountID(), spare.id);
+    const TransactionEditor editor(*test,
+                                   ActiveSheet::NewTransaction{test.appState->selectedAccountID()});
+    EXPECT_EQ(editor.accountSelection, everyday.id);
+    EXPECT_EQ(editor.draft.accountID, everyday.id);
+    EXPECT_EQ(editor.accountChoices(), accountPickerRows(test.index()));
+}
+
 TEST_F(TransactionEditing, WithoutABankAccountANewEntryTakesTheFirstOpenOne) {
     test.store->mutate("Close", [](Library& library) {
         library.accounts.edit(0).isClosed = true;
@@ -51,6 +64,13 @@ TEST_F(TransactionEditing, WithoutABankAccountANewEntryTakesTheFirstOpenOne) {
     });
     const TransactionEditor editor(*test, ActiveSheet::NewTransaction{});
     EXPECT_EQ(editor.accountSelection, card.id);
+}
+
+TEST(TransactionEditorWithoutAccounts, OffersNoneForOneThatIsGone) {
+    TestEnvironment test;
+    const TransactionEditor editor(*test, ActiveSheet::NewTransaction{UUID::random()});
+    EXPECT_FALSE(editor.accountSelection);
+    EXPECT_TRUE(editor.accountChoices().empty());
 }
 
 TEST(TransactionEditorWithoutAccounts, CannotSaveAndDoesNothing) {
