@@ -307,7 +307,8 @@ TEST(SaveFaults, LoseNothingWhereTwoFilesCannotBeExchanged) {
     const auto withoutExchange = [](FileSystem& files) -> std::unique_ptr<FileSystem> {
         return std::make_unique<WithPlainRenameOnly>(files);
     };
-    for (const SaveStory& story : {saveAnEdit, saveAfterAnotherProgram, keepThisVersion}) {
+    const SaveStory stories[] = {saveAnEdit, saveAfterAnotherProgram, keepThisVersion};
+    for (const SaveStory& story : stories) {
         EXPECT_THAT(sweepFaults(story, withoutExchange).complaints, IsEmpty());
     }
 }

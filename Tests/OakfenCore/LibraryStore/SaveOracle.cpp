@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t longestQuote = 40;
 
-std::string quoted(const Contents& contents) {
+std::string inQuotes(const Contents& contents) {
     return contents ? "“" + contents->substr(0, longestQuote) + "” (" +
                           std::to_string(contents->size()) + " bytes)"
                     : "no file";
@@ -43,10 +43,10 @@ private:
             return;
         }
         if (!expectation_.failureWasTold) {
-            complaints_.push_back("nothing was told, yet there is " + quoted(contents));
+            complaints_.push_back("nothing was told, yet there is " + inQuotes(contents));
         } else if (std::ranges::find(expectation_.earlier, contents) ==
                    expectation_.earlier.end()) {
-            complaints_.push_back("neither earlier nor later: " + quoted(contents));
+            complaints_.push_back("neither earlier nor later: " + inQuotes(contents));
         }
     }
 
@@ -70,7 +70,7 @@ private:
                 return std::ranges::find(found_, bytes) != found_.end();
             });
             if (!isThere) {
-                complaints_.push_back("lost: " + quoted(group.front()));
+                complaints_.push_back("lost: " + inQuotes(group.front()));
             }
         }
     }
