@@ -127,7 +127,7 @@ std::vector<const Account*> LibraryIndex::accounts(AccountGroup group, bool incl
             result.push_back(&account);
         }
     }
-    sortForPeople(result, &Account::name);
+    sortRecordsForPeople(result, &Account::name);
     return result;
 }
 

@@ -17,7 +17,7 @@ std::vector<const Category*> sortedByName(const SharedArray<Category>& categorie
             result.push_back(&category);
         }
     }
-    sortForPeople(result, &Category::name);
+    sortRecordsForPeople(result, &Category::name);
     return result;
 }
 
@@ -54,8 +54,8 @@ const std::vector<const Category*>& CategoryTree::sortedByPath() const {
         for (const Category& category : categories_) {
             sortedByPath_.push_back(&category);
         }
-        sortForPeople(sortedByPath_,
-                      [this](const Category* category) { return *path(category->id); });
+        sortRecordsForPeople(sortedByPath_,
+                             [this](const Category* category) { return *path(category->id); });
     });
     return sortedByPath_;
 }

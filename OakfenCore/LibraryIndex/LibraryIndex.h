@@ -86,7 +86,7 @@ public:
 
     /// Accounts that are not closed, in the document's order.
     [[nodiscard]] std::vector<const Account*> openAccounts() const;
-    /// The accounts of a group by name.
+    /// The accounts of a group by name, then id.
     [[nodiscard]] std::vector<const Account*> accounts(AccountGroup group,
                                                        bool includeClosed) const;
 
@@ -104,10 +104,11 @@ public:
     [[nodiscard]] std::string categoryName(const std::optional<UUID>& id) const;
     /// The text of the register's category column.
     [[nodiscard]] std::string categoryDescription(const Transaction& transaction) const;
-    /// All categories of the kind by full path, so parents precede their children.
+    /// All categories of the kind by full path, then id, so parents precede their children.
     [[nodiscard]] std::vector<const Category*> sortedCategories(CategoryKind kind) const;
+    /// By name, then id.
     [[nodiscard]] std::vector<const Category*> children(const UUID& id) const;
-    /// Categories of the kind without a parent, by name.
+    /// Categories of the kind without a parent, by name, then id.
     [[nodiscard]] std::vector<const Category*> topLevelCategories(CategoryKind kind) const;
     /// The id of the category's root, at most eight steps up.
     [[nodiscard]] UUID topLevelID(const UUID& id) const;

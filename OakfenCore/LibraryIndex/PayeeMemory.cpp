@@ -58,8 +58,6 @@ PayeeMemory::PayeeMemory(const SharedArray<Transaction>& transactions) {
         latest_.emplace(name, placed.entry);
         payees_.push_back(placed.entry->payee);
     }
-    // Names that collate as equal stand in plain order, so that the list never depends on a table.
-    std::sort(payees_.begin(), payees_.end());
     sortForPeople(payees_, std::identity());
     tags_.assign(tags.begin(), tags.end());
     std::sort(tags_.begin(), tags_.end());

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <string_view>
 #include <tuple>
 
 namespace oakfen {
@@ -149,6 +150,12 @@ std::vector<UUID> budgetedCategoryIDs(const Library& library) {
             ids.push_back(id);
         }
     }
+    std::map<UUID, std::string_view> names;
+    for (const Category& category : library.categories) {
+        names.try_emplace(category.id, category.name);
+    }
+    std::stable_sort(ids.begin(), ids.end(), // the budget is in order of the ids
+                     [&](const UUID& a, const UUID& b) { return names[a] < names[b]; });
     return ids;
 }
 

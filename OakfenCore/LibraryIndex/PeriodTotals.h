@@ -68,7 +68,7 @@ cashFlow(const LibraryIndex& index, const DateInterval& interval, const Calendar
 [[nodiscard]] Decimal actual(const LibraryIndex& index, const UUID& categoryID,
                              const DateInterval& interval, bool includeChildren);
 
-/// The categories with a budget above zero.
+/// The categories with a budget above zero, by name and id.
 [[nodiscard]] std::vector<UUID> budgetedCategoryIDs(const Library& library);
 
 } // namespace oakfen

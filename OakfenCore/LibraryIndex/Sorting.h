@@ -44,7 +44,8 @@ void sortNoticingOrder(std::vector<Element>& elements, Less&& less) {
     }
 }
 
-/// Sorts stably by a text of each element, in the order for people.
+/// Sorts by a text of each element, in the locale's collation order. Texts that collate as equal
+/// stand in plain order, elements of one text as they did before.
 template <typename Element, typename TextOf>
 void sortForPeople(std::vector<Element>& elements, TextOf&& textOf) {
     std::vector<std::pair<std::string, Element>> keyed;
@@ -53,11 +54,24 @@ void sortForPeople(std::vector<Element>& elements, TextOf&& textOf) {
         std::string key = localizedSortKey(std::invoke(textOf, std::as_const(element)));
         keyed.emplace_back(std::move(key), std::move(element));
     }
-    std::stable_sort(keyed.begin(), keyed.end(),
-                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::stable_sort(keyed.begin(), keyed.end(), [&textOf](const auto& a, const auto& b) {
+        if (a.first != b.first) {
+            return a.first < b.first;
+        }
+        return std::invoke(textOf, a.second) < std::invoke(textOf, b.second);
+    });
     for (std::size_t index = 0; index < keyed.size(); ++index) {
         elements[index] = std::move(keyed[index].second);
     }
+}
+
+/// Sorts records likewise, and those of one text by id: rows never jump when the document's order
+/// changes.
+template <typename Record, typename TextOf>
+void sortRecordsForPeople(std::vector<const Record*>& records, TextOf&& textOf) {
+    std::stable_sort(records.begin(), records.end(),
+                     [](const Record* a, const Record* b) { return a->id < b->id; });
+    sortForPeople(records, textOf);
 }
 
 } // namespace oakfen

@@ -253,5 +253,18 @@ TEST(Accounts, OfAGroupComeByNameWithoutRegardToCase) {
     EXPECT_TRUE(index->accounts(AccountGroup::investing, true).empty());
 }
 
+TEST(Accounts, OfOneNameComeByIDHoweverTheDocumentHoldsThem) {
+    Account first = accountWith("0", "Card", AccountType::creditCard);
+    Account second = first;
+    first.id.bytes[0] = 1;
+    second.id.bytes[0] = 2;
+    Library library = emptyDocument("CAD");
+    library.accounts = {second, first};
+    const std::vector<UUID> expected{first.id, second.id};
+    EXPECT_EQ(idsOf(indexOf(library)->accounts(AccountGroup::credit, false)), expected);
+    library.accounts = {first, second};
+    EXPECT_EQ(idsOf(indexOf(library)->accounts(AccountGroup::credit, false)), expected);
+}
+
 } // namespace
 } // namespace oakfen

@@ -101,6 +101,30 @@ TEST(CategoryTree, ListsChildrenAndRootsByName) {
     EXPECT_TRUE(index->children(UUID::random()).empty());
 }
 
+TEST(CategoryTree, ListsCategoriesOfOneNameByIDHoweverTheDocumentHoldsThem) {
+    std::vector<Category> twins(4);
+    for (std::size_t index = 0; index < twins.size(); ++index) {
+        twins[index].id.bytes[0] = static_cast<std::uint8_t>(index);
+        twins[index].name = index == 3 ? "car" : "Car";
+    }
+    std::vector<UUID> expected;
+    for (const Category& twin : twins) {
+        expected.push_back(twin.id);
+    }
+    const UUID parent = UUID::random();
+    for (const auto& order : {std::vector{3, 2, 1, 0}, std::vector{1, 3, 0, 2}}) {
+        Library library = emptyDocument("CAD");
+        for (const int index : order) {
+            library.categories.push_back(twins[static_cast<std::size_t>(index)]);
+        }
+        EXPECT_EQ(idsOf(indexOf(library)->sortedCategories(CategoryKind::expense)), expected);
+        EXPECT_EQ(idsOf(indexOf(library)->topLevelCategories(CategoryKind::expense)), expected);
+        library.categories.editWhere([](const Category&) { return true; },
+                                     [&](Category& category) { category.parentID = parent; });
+        EXPECT_EQ(idsOf(indexOf(library)->children(parent)), expected);
+    }
+}
+
 TEST(CategoryName, IsUncategorizedForNoneAndForADeletedOne) {
     Library library = emptyDocument("CAD");
     const Category food = makeCategory("Food");

@@ -58,6 +58,15 @@ std::vector<std::string> namesOf(const Pointers& records) {
 }
 
 template <typename Pointers>
+std::vector<UUID> idsOf(const Pointers& records) {
+    std::vector<UUID> ids;
+    for (const auto* record : records) {
+        ids.push_back(record->id);
+    }
+    return ids;
+}
+
+template <typename Pointers>
 std::vector<std::string> payeesOf(const Pointers& entries) {
     std::vector<std::string> names;
     for (const Transaction* entry : entries) {

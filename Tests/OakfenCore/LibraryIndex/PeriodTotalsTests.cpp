@@ -187,6 +187,15 @@ TEST(PeriodTotals, TakeOnlyAPositiveAmountForABudget) {
     EXPECT_EQ(budgetedCategoryIDs(home.library), std::vector<UUID>{home.groceries});
 }
 
+TEST(PeriodTotals, ListBudgetsByTheNamesOfTheirCategories) {
+    Household home;
+    for (const UUID& id : {home.food, home.groceries, home.dining, home.salary}) {
+        home.library.budget[id] = Decimal(1);
+    }
+    const std::vector<UUID> byName{home.dining, home.food, home.groceries, home.salary};
+    EXPECT_EQ(budgetedCategoryIDs(home.library), byName);
+}
+
 TEST(PeriodTotals, KeepAnUnknownCategoryApartFromNone) {
     Household home;
     const UUID unknown = UUID::random();

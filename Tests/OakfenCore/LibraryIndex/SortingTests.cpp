@@ -41,10 +41,16 @@ TEST(SortNoticingOrder, ComparesASortedInputOnlyOnce) {
     EXPECT_EQ(comparisons, 999);
 }
 
-TEST(SortForPeople, KeepsTheOrderOfTextsThatDifferOnlyInCase) {
-    std::vector<std::string> texts{"b", "A", "B", "a"};
+TEST(SortForPeople, PutsTextsThatDifferOnlyInCaseInPlainOrder) {
+    std::vector<std::string> texts{"b", "a", "B", "A"};
     sortForPeople(texts, std::identity());
-    EXPECT_EQ(texts, (std::vector<std::string>{"A", "a", "b", "B"}));
+    EXPECT_EQ(texts, (std::vector<std::string>{"A", "a", "B", "b"}));
+}
+
+TEST(SortForPeople, KeepsTheOrderOfElementsWithOneText) {
+    Pairs elements{{2, 0}, {1, 1}, {2, 2}, {1, 3}};
+    sortForPeople(elements, [](const auto& pair) { return std::to_string(pair.first); });
+    EXPECT_EQ(elements, (Pairs{{1, 1}, {1, 3}, {2, 0}, {2, 2}}));
 }
 
 } // namespace
