@@ -92,22 +92,44 @@ Decimal AccountLedger::runningBalance(const Transaction& entry) const {
     return runningBalances()[static_cast<std::size_t>(found - entries_.begin())];
 }
 
-Decimal AccountLedger::cash(const Decimal& openingBalance, Date asOf) const {
-    if (hasAccount_ && openingBalance == openingBalance_) {
-        const auto after = std::upper_bound(
-            entries_.begin(), entries_.end(), asOf,
-            [](Date date, const Transaction* entry) { return date < entry->date; });
-        return after == entries_.begin()
-                   ? openingBalance
-                   : runningBalances()[static_cast<std::size_t>(after - entries_.begin()) - 1];
+std::vector<const Transaction*>::const_iterator AccountLedger::firstAfter(Date instant) const {
+    return std::upper_bound(entries_.begin(), entries_.end(), instant,
+                            [](Date date, const Transaction* entry) { return date < entry->date; });
+}
+
+std::vector<Decimal> AccountLedger::cash(const Decimal& openingBalance,
+                                         std::span<const Date> instants) const {
+    std::vector<Decimal> balances;
+    if (!hasAccount_) {
+        for (const Date instant : instants) {
+            Decimal total = openingBalance;
+            for (const Transaction* entry : entries_) {
+                total += entry->date <= instant ? entry->amount : Decimal();
+            }
+            balances.push_back(total);
+        }
+        return balances;
     }
+    auto next = entries_.begin();
     Decimal total = openingBalance;
-    for (const Transaction* entry : entries_) {
-        if (entry->date <= asOf) {
-            total += entry->amount;
+    if (totals_.areExact(openingBalance) && !instants.empty()) {
+        // A history mostly begins near its end, so it is quicker to go back from there.
+        const auto start = firstAfter(instants.front());
+        if (entries_.end() - start < start - entries_.begin()) {
+            next = start;
+            total = totals_.figures(openingBalance).ending;
+            for (auto later = start; later != entries_.end(); ++later) {
+                total -= (*later)->amount;
+            }
         }
     }
-    return total;
+    for (const Date instant : instants) {
+        for (; next != entries_.end() && (*next)->date <= instant; ++next) {
+            total += (*next)->amount;
+        }
+        balances.push_back(total);
+    }
+    return balances;
 }
 
 } // namespace oakfen

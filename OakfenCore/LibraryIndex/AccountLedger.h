@@ -48,8 +48,10 @@ public:
     [[nodiscard]] const std::vector<Decimal>& runningBalances() const;
     /// The running balance of one of the entries.
     [[nodiscard]] Decimal runningBalance(const Transaction& entry) const;
-    /// That opening balance and all entries up to and including that instant.
-    [[nodiscard]] Decimal cash(const Decimal& openingBalance, Date asOf) const;
+    /// That opening balance and all entries up to and including each of the instants, which
+    /// ascend.
+    [[nodiscard]] std::vector<Decimal> cash(const Decimal& openingBalance,
+                                            std::span<const Date> instants) const;
 
 private:
     /// An entry with its date beside it, so that most comparisons touch no record.
@@ -72,6 +74,8 @@ private:
         }
     }
     void closeInstant();
+    /// The first entry after that instant, where there is an account.
+    [[nodiscard]] std::vector<const Transaction*>::const_iterator firstAfter(Date instant) const;
 
     UUID id_;
     bool hasAccount_ = false;

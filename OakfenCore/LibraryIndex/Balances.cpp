@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "OakfenCore/LibraryIndex/IndexTables.h"
 #include "OakfenCore/LibraryIndex/LibraryIndex.h"
@@ -74,24 +75,42 @@ Decimal LibraryIndex::endingBalance(const UUID& accountID) const {
 }
 
 Decimal LibraryIndex::balance(const Account& account, Date asOf) const {
-    if (account.openingDate > asOf) {
-        return Decimal();
-    }
+    return balances(account, std::span(&asOf, 1)).front();
+}
+
+std::vector<Decimal> LibraryIndex::balances(const Account& account,
+                                            std::span<const Date> instants) const {
+    const auto opening = std::lower_bound(instants.begin(), instants.end(), account.openingDate);
+    std::vector<Decimal> result(static_cast<std::size_t>(opening - instants.begin()));
+    const std::span<const Date> since(opening, instants.end());
     const AccountLedger* ledger = tables_->ledger(account.id);
     if (!ledger) {
-        return account.openingBalance;
+        result.resize(instants.size(), account.openingBalance);
+        return result;
     }
-    Decimal total = ledger->cash(account.openingBalance, asOf);
+    std::vector<Decimal> cash = ledger->cash(account.openingBalance, since);
     if (isInvestment(account.type)) {
-        for (const InvestmentTransaction* row : ledger->rows()) {
-            if (row->date <= asOf) {
-                total += cashEffect(*row);
+        addInvestments(cash, *ledger, since);
+    }
+    result.insert(result.end(), cash.begin(), cash.end());
+    return result;
+}
+
+void LibraryIndex::addInvestments(std::vector<Decimal>& balances, const AccountLedger& ledger,
+                                  std::span<const Date> instants) const {
+    std::vector<std::pair<Date, Decimal>> effects;
+    for (const InvestmentTransaction* row : ledger.rows()) {
+        effects.emplace_back(row->date, cashEffect(*row));
+    }
+    HoldingsHistory history(ledger.rows(), [this](const UUID& id) { return security(id); });
+    for (std::size_t index = 0; index < instants.size(); ++index) {
+        for (const auto& [date, effect] : effects) {
+            if (date <= instants[index]) {
+                balances[index] += effect;
             }
         }
-        total += valueOf(computeHoldings(
-            ledger->rows(), [this](const UUID& id) { return security(id); }, asOf));
+        balances[index] += valueOf(history.at(instants[index]));
     }
-    return total;
 }
 
 Decimal LibraryIndex::netWorth() const {

@@ -2,52 +2,15 @@
 #include "OakfenCore/LibraryIndex/Holdings.h"
 
 #include <algorithm>
-#include <map>
+#include <iterator>
 #include <tuple>
+#include <utility>
 
 #include "OakfenCore/Models/InvestmentAmounts.h"
 
 namespace oakfen {
 
 namespace {
-
-struct Position {
-    Decimal shares;
-    Decimal basis;
-    Decimal realized;
-};
-
-void takeAway(Position& position, const InvestmentTransaction& row) {
-    const Decimal sold = std::min(position.shares, row.shares);
-    const Decimal removed =
-        position.shares.isPositive() ? position.basis * sold / position.shares : Decimal();
-    if (row.action == InvestmentAction::sell) {
-        position.realized += sold * row.price - row.commission - removed;
-    }
-    position.shares -= sold;
-    position.basis -= removed;
-}
-
-void apply(Position& position, const InvestmentTransaction& row) {
-    switch (row.action) {
-    case InvestmentAction::buy:
-        position.shares += row.shares;
-        position.basis += row.shares * row.price + row.commission;
-        break;
-    case InvestmentAction::reinvest:
-    case InvestmentAction::sharesIn:
-        position.shares += row.shares;
-        position.basis += row.shares * row.price;
-        break;
-    case InvestmentAction::sell:
-    case InvestmentAction::sharesOut:
-        takeAway(position, row);
-        break;
-    case InvestmentAction::dividend:
-    case InvestmentAction::interest:
-        break;
-    }
-}
 
 Decimal toCents(const Decimal& amount) {
     return amount.rounded(2, RoundingMode::plain);
@@ -68,36 +31,70 @@ void sortByValue(std::vector<Holding>& holdings, const SecurityLookup& security)
 
 } // namespace
 
-std::vector<Holding> computeHoldings(std::span<const InvestmentTransaction* const> rows,
-                                     const SecurityLookup& security,
-                                     const std::optional<Date>& asOf) {
-    std::vector<const InvestmentTransaction*> ordered;
-    for (const InvestmentTransaction* row : rows) {
-        if (row->securityID && (!asOf || row->date <= *asOf)) {
-            ordered.push_back(row);
-        }
+void HoldingsHistory::Position::takeAway(const InvestmentTransaction& row) {
+    const Decimal sold = std::min(shares, row.shares);
+    const Decimal removed = shares.isPositive() ? basis * sold / shares : Decimal();
+    if (row.action == InvestmentAction::sell) {
+        realized += sold * row.price - row.commission - removed;
     }
-    std::stable_sort(ordered.begin(), ordered.end(),
-                     [](const auto* a, const auto* b) { return a->date < b->date; });
-    std::map<UUID, Position> positions;
-    for (const InvestmentTransaction* row : ordered) {
-        apply(positions[*row->securityID], *row);
-    }
+    shares -= sold;
+    basis -= removed;
+}
 
+void HoldingsHistory::Position::apply(const InvestmentTransaction& row) {
+    switch (row.action) {
+    case InvestmentAction::buy:
+        shares += row.shares;
+        basis += row.shares * row.price + row.commission;
+        break;
+    case InvestmentAction::reinvest:
+    case InvestmentAction::sharesIn:
+        shares += row.shares;
+        basis += row.shares * row.price;
+        break;
+    case InvestmentAction::sell:
+    case InvestmentAction::sharesOut:
+        takeAway(row);
+        break;
+    case InvestmentAction::dividend:
+    case InvestmentAction::interest:
+        break;
+    }
+}
+
+HoldingsHistory::HoldingsHistory(std::span<const InvestmentTransaction* const> rows,
+                                 SecurityLookup security)
+    : security_(std::move(security)) {
+    std::copy_if(rows.begin(), rows.end(), std::back_inserter(rows_),
+                 [](const InvestmentTransaction* row) { return row->securityID.has_value(); });
+    std::stable_sort(rows_.begin(), rows_.end(),
+                     [](const auto* a, const auto* b) { return a->date < b->date; });
+}
+
+std::vector<Holding> HoldingsHistory::at(const std::optional<Date>& instant) {
+    for (; next_ < rows_.size() && (!instant || rows_[next_]->date <= *instant); ++next_) {
+        positions_[*rows_[next_]->securityID].apply(*rows_[next_]);
+    }
     std::vector<Holding> holdings;
-    for (const auto& [id, position] : positions) {
-        const Security* held = security(id);
+    for (const auto& [id, position] : positions_) {
+        const Security* held = security_(id);
         if (held == nullptr || (position.shares.isZero() && position.realized.isZero())) {
             continue;
         }
         holdings.push_back({.securityID = id,
                             .shares = position.shares,
                             .costBasis = toCents(position.basis),
-                            .price = asOf ? priceOn(*held, *asOf) : held->price,
+                            .price = instant ? priceOn(*held, *instant) : held->price,
                             .realizedGain = toCents(position.realized)});
     }
-    sortByValue(holdings, security);
+    sortByValue(holdings, security_);
     return holdings;
+}
+
+std::vector<Holding> computeHoldings(std::span<const InvestmentTransaction* const> rows,
+                                     const SecurityLookup& security,
+                                     const std::optional<Date>& asOf) {
+    return HoldingsHistory(rows, security).at(asOf);
 }
 
 std::vector<Holding> mergeHoldings(std::span<const std::vector<Holding>* const> accounts,

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
+#include <map>
 #include <optional>
 #include <span>
 #include <vector>
@@ -37,6 +39,31 @@ using SecurityLookup = std::function<const Security*(const UUID&)>;
 [[nodiscard]] std::vector<Holding>
 computeHoldings(std::span<const InvestmentTransaction* const> rows, const SecurityLookup& security,
                 const std::optional<Date>& asOf);
+
+/// The positions of one account from instant to instant, each row being looked at only once.
+class HoldingsHistory {
+public:
+    /// The rows, in document order, and what the lookup rests on must outlive the history.
+    HoldingsHistory(std::span<const InvestmentTransaction* const> rows, SecurityLookup security);
+
+    /// What `computeHoldings` returns for that instant, which must not be before an earlier one.
+    [[nodiscard]] std::vector<Holding> at(const std::optional<Date>& instant);
+
+private:
+    struct Position {
+        Decimal shares;
+        Decimal basis;
+        Decimal realized;
+
+        void apply(const InvestmentTransaction& row);
+        void takeAway(const InvestmentTransaction& row);
+    };
+
+    SecurityLookup security_;
+    std::vector<const InvestmentTransaction*> rows_; // in order of date
+    std::size_t next_ = 0;                           // the first row that isn't in the positions
+    std::map<UUID, Position> positions_;
+};
 
 /// One position a security over several accounts; without those that are sold out.
 [[nodiscard]] std::vector<Holding>

@@ -27,6 +27,8 @@ struct CategoryLine {
     friend bool operator==(const CategoryLine&, const CategoryLine&) = default;
 };
 
+class AccountLedger;
+
 /// Every derived figure of one document: lookup tables, balances, names, rows. Made whole from a
 /// `Library`, never patched; safe to read from any thread. Queries never fail: an unknown id gives
 /// zero, an empty list or a fallback text.
@@ -77,6 +79,9 @@ public:
     [[nodiscard]] Decimal endingBalance(const UUID& accountID) const;
     /// The balance as it stood at a past instant; zero before the account's opening date.
     [[nodiscard]] Decimal balance(const Account& account, Date asOf) const;
+    /// That balance at each of the instants, which ascend, in one walk through the account.
+    [[nodiscard]] std::vector<Decimal> balances(const Account& account,
+                                                std::span<const Date> instants) const;
 
     // All open accounts together.
     [[nodiscard]] Decimal netWorth() const;
@@ -130,6 +135,9 @@ public:
 private:
     struct Tables;
 
+    /// Adds the cash and the holdings of investment rows to the cash of other entries.
+    void addInvestments(std::vector<Decimal>& balances, const AccountLedger& ledger,
+                        std::span<const Date> instants) const;
     /// All of a row but its balance.
     [[nodiscard]] RegisterRow registerRow(const Transaction& entry) const;
     /// Turns the rows of some entries into those of others, but for the balances; which row is the

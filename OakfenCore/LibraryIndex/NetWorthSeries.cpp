@@ -4,21 +4,6 @@
 
 namespace oakfen {
 
-namespace {
-
-NetWorthPoint valueAt(const LibraryIndex& index, Date date) {
-    NetWorthPoint point{.date = date};
-    for (const Account& account : index.library().accounts) {
-        const Decimal balance = index.balance(account, date);
-        (balance.isNegative() ? point.liabilities : point.assets) += balance;
-    }
-    point.assets = point.assets.rounded(2, RoundingMode::plain);
-    point.liabilities = point.liabilities.rounded(2, RoundingMode::plain);
-    return point;
-}
-
-} // namespace
-
 std::vector<NetWorthPoint> netWorthSeries(const LibraryIndex& index, int months,
                                           const Calendar& calendar) {
     const Date thisMonth = calendar.startOfMonth(index.now());
@@ -28,13 +13,28 @@ std::vector<NetWorthPoint> netWorthSeries(const LibraryIndex& index, int months,
     }
     const Date firstMonth = calendar.startOfMonth(firstOpening.value_or(index.now()));
 
-    std::vector<NetWorthPoint> series;
+    std::vector<Date> instants;
     for (int remaining = months; remaining >= 1; --remaining) {
         const Date start = calendar.addingMonths(thisMonth, 1 - remaining);
         if (start >= firstMonth) {
             const bool isPresent = remaining == 1;
-            series.push_back(valueAt(index, isPresent ? index.now() : calendar.endOfMonth(start)));
+            instants.push_back(isPresent ? index.now() : calendar.endOfMonth(start));
         }
+    }
+    std::vector<NetWorthPoint> series;
+    for (const Date instant : instants) {
+        series.push_back({.date = instant});
+    }
+    for (const Account& account : index.library().accounts) {
+        const std::vector<Decimal> balances = index.balances(account, instants);
+        for (std::size_t point = 0; point < series.size(); ++point) {
+            const Decimal& balance = balances[point];
+            (balance.isNegative() ? series[point].liabilities : series[point].assets) += balance;
+        }
+    }
+    for (NetWorthPoint& point : series) {
+        point.assets = point.assets.rounded(2, RoundingMode::plain);
+        point.liabilities = point.liabilities.rounded(2, RoundingMode::plain);
     }
     return series;
 }
