@@ -92,6 +92,30 @@ Decimal AccountLedger::runningBalance(const Transaction& entry) const {
     return runningBalances()[static_cast<std::size_t>(found - entries_.begin())];
 }
 
+std::span<const Transaction* const> AccountLedger::entries(const DateInterval& interval) const {
+    if (!hasAccount_) {
+        return entries_;
+    }
+    const auto first =
+        std::lower_bound(entries_.begin(), entries_.end(), interval.start,
+                         [](const Transaction* entry, Date start) { return entry->date < start; });
+    // An interval that ends before it starts holds nothing.
+    return {first, std::max(first, firstAfter(interval.end))};
+}
+
+std::optional<DateInterval> AccountLedger::dates() const {
+    if (entries_.empty()) {
+        return std::nullopt;
+    }
+    if (hasAccount_) {
+        return DateInterval{entries_.front()->date, entries_.back()->date};
+    }
+    const auto [first, last] = std::minmax_element(
+        entries_.begin(), entries_.end(),
+        [](const Transaction* a, const Transaction* b) { return a->date < b->date; });
+    return DateInterval{(*first)->date, (*last)->date};
+}
+
 std::vector<const Transaction*>::const_iterator AccountLedger::firstAfter(Date instant) const {
     return std::upper_bound(entries_.begin(), entries_.end(), instant,
                             [](Date date, const Transaction* entry) { return date < entry->date; });

@@ -41,6 +41,12 @@ public:
     [[nodiscard]] const std::vector<Holding>& holdings() const { return holdings_; }
     /// In ledger order; in document order where there is no account.
     [[nodiscard]] std::span<const Transaction* const> entries() const { return entries_; }
+    /// Those of the interval; all of them where there is no account.
+    [[nodiscard]] std::span<const Transaction* const> entries(const DateInterval& interval) const;
+    /// From the first entry to the last; none without entries.
+    [[nodiscard]] std::optional<DateInterval> dates() const;
+    /// Whether sums of the entries' amounts are the same in any order.
+    [[nodiscard]] bool sumsAreExact() const { return totals_.areExact(); }
     [[nodiscard]] std::span<const InvestmentTransaction* const> rows() const { return rows_; }
 
     /// The cash just after each of the entries; empty where there is no account. Made when first

@@ -62,6 +62,8 @@ public:
             sums_[static_cast<std::size_t>(entry.cleared)][time].add(entry.amount);
         }
     }
+    /// Whether all amounts are of everyday size, so that sums of them are exact in any order.
+    [[nodiscard]] bool areExact() const { return isExact_; }
     /// Whether the sums are exact on top of that opening balance. Where they are not, digits are
     /// rounded away, and the figures must be added up in ledger order.
     [[nodiscard]] bool areExact(const Decimal& openingBalance) const {

@@ -39,6 +39,7 @@ LibraryIndex::Tables::Tables(Library snapshot, Date instant, const Calendar& cal
     const auto security = [this](const UUID& id) { return securities.find(id); };
     for (AccountLedger& ledger : ledgers_) {
         ledger.finish(cutOff, security);
+        sumsAreExact = sumsAreExact && ledger.sumsAreExact();
     }
 }
 
@@ -51,6 +52,9 @@ void LibraryIndex::Tables::addTransactions() {
         ledger->add(entry, cutOff);
         if (!entry.categoryID && !entry.isTransfer() && !entry.isSplit()) {
             ++uncategorizedCount;
+        }
+        for (const Split& split : entry.splits) {
+            sumsAreExact = sumsAreExact && ExactSum::fits(split.amount);
         }
     }
 }

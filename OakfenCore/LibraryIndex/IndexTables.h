@@ -2,12 +2,14 @@
 
 #include <deque>
 #include <mutex>
+#include <optional>
 #include <unordered_map>
 
 #include "OakfenCore/LibraryIndex/AccountLedger.h"
 #include "OakfenCore/LibraryIndex/CategoryTree.h"
 #include "OakfenCore/LibraryIndex/LibraryIndex.h"
 #include "OakfenCore/LibraryIndex/PayeeMemory.h"
+#include "OakfenCore/LibraryIndex/PeriodSums.h"
 #include "OakfenCore/LibraryIndex/PositionTable.h"
 
 namespace oakfen {
@@ -49,6 +51,9 @@ struct LibraryIndex::Tables {
     RecordsByID<Security> securities;
     CategoryTree categories;
     int uncategorizedCount = 0;
+    /// Whether sums of lines are the same in any order.
+    bool sumsAreExact = true;
+    mutable PeriodMemory periods;
 
 private:
     AccountLedger& ledgerFor(const UUID& accountID);

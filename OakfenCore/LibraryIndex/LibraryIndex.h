@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -27,7 +28,16 @@ struct CategoryLine {
     friend bool operator==(const CategoryLine&, const CategoryLine&) = default;
 };
 
+/// The same line where it stands in the document, for those that add many up: nothing is copied.
+struct LedgerLine {
+    const Transaction& entry;
+    const std::optional<UUID>& categoryID;
+    const Decimal& amount;
+    bool isIncome = false;
+};
+
 class AccountLedger;
+class PeriodSums;
 
 /// Every derived figure of one document: lookup tables, balances, names, rows. Made whole from a
 /// `Library`, never patched; safe to read from any thread. Queries never fail: an unknown id gives
@@ -122,6 +132,18 @@ public:
     [[nodiscard]] std::vector<CategoryLine> categoryLines(const DateInterval& interval) const;
     /// By the category's kind; without a category, by the sign.
     [[nodiscard]] bool isIncomeLine(const CategoryLine& line) const;
+    /// Calls `take` with the same lines, looking at no entry outside of the interval. They come
+    /// account by account; but in document order if `sumsAreExact` doesn't hold.
+    void forEachLine(const DateInterval& interval,
+                     const std::function<void(const LedgerLine&)>& take) const;
+    /// Whether the sum of any lines is the same in whatever order they are added. Only amounts of
+    /// an absurd size or with many decimals make it depend on the order, by rounding.
+    [[nodiscard]] bool sumsAreExact() const;
+    /// The sums of the interval's lines, from which all totals over it come. Made at the first
+    /// question about the interval, in one pass. Valid as long as the index.
+    [[nodiscard]] std::shared_ptr<const PeriodSums> periodSums(const DateInterval& interval) const;
+    /// From the first entry to the last; none without entries.
+    [[nodiscard]] std::optional<DateInterval> datesOfEntries() const;
     /// Entries that are no transfer, have no splits and no category.
     [[nodiscard]] int uncategorizedCount() const;
 
@@ -138,6 +160,7 @@ private:
     /// Adds the cash and the holdings of investment rows to the cash of other entries.
     void addInvestments(std::vector<Decimal>& balances, const AccountLedger& ledger,
                         std::span<const Date> instants) const;
+    [[nodiscard]] bool isIncome(const std::optional<UUID>& categoryID, const Decimal& amount) const;
     /// All of a row but its balance.
     [[nodiscard]] RegisterRow registerRow(const Transaction& entry) const;
     /// Turns the rows of some entries into those of others, but for the balances; which row is the

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <tuple>
 
+#include "OakfenCore/LibraryIndex/PeriodSums.h"
+
 namespace oakfen {
 
 namespace {
@@ -17,15 +19,13 @@ Decimal toCents(const Decimal& amount) {
 std::vector<CategoryTotal> totalsByCategory(const LibraryIndex& index, const DateInterval& interval,
                                             bool rollUp, bool income) {
     std::map<std::optional<UUID>, Decimal> totals;
-    for (const CategoryLine& line : index.categoryLines(interval)) {
-        if (index.isIncomeLine(line) != income) {
-            continue;
-        }
-        std::optional<UUID> key = line.categoryID;
+    const auto sums = index.periodSums(interval);
+    for (const PeriodSums::CategoryPart& part : sums->categories()) {
+        std::optional<UUID> key = part.categoryID;
         if (rollUp && key) {
             key = index.topLevelID(*key);
         }
-        totals[key] += income ? line.amount : -line.amount;
+        totals[key] += income ? part.income : -part.spending;
     }
     std::vector<CategoryTotal> result;
     for (const auto& [categoryID, total] : totals) {
@@ -57,10 +57,9 @@ std::vector<CategoryTotal> incomeByCategory(const LibraryIndex& index, const Dat
 
 std::vector<PayeeTotal> spendingByPayee(const LibraryIndex& index, const DateInterval& interval) {
     std::map<std::string, Decimal> totals;
-    for (const CategoryLine& line : index.categoryLines(interval)) {
-        if (!index.isIncomeLine(line)) {
-            totals[line.payee.empty() ? "(No Payee)" : line.payee] -= line.amount;
-        }
+    const auto sums = index.periodSums(interval);
+    for (const PeriodSums::PayeePart& part : sums->payees()) {
+        totals[part.payee.empty() ? "(No Payee)" : std::string(part.payee)] -= part.spending;
     }
     std::vector<PayeeTotal> result;
     for (const auto& [payee, total] : totals) {
@@ -74,20 +73,16 @@ std::vector<PayeeTotal> spendingByPayee(const LibraryIndex& index, const DateInt
 }
 
 DateInterval clamp(const LibraryIndex& index, const DateInterval& interval) {
-    std::optional<Date> first;
-    std::optional<Date> last;
-    const auto include = [&](Date date) {
-        first = std::min(first.value_or(date), date);
-        last = std::max(last.value_or(date), date);
-    };
-    for (const Transaction& transaction : index.library().transactions) {
-        include(transaction.date);
-    }
+    std::optional<DateInterval> covered = index.datesOfEntries();
     for (const Account& account : index.library().accounts) {
-        include(account.openingDate);
+        const Date opened = account.openingDate;
+        covered =
+            covered ? DateInterval{std::min(covered->start, opened), std::max(covered->end, opened)}
+                    : DateInterval{opened, opened};
     }
-    const Date lower = std::max(first.value_or(index.now()), interval.start);
-    const Date upper = std::min(std::max(last.value_or(index.now()), index.now()), interval.end);
+    const auto [first, last] = covered.value_or(DateInterval{index.now(), index.now()});
+    const Date lower = std::max(first, interval.start);
+    const Date upper = std::min(std::max(last, index.now()), interval.end);
     return {lower, std::max(lower, upper)};
 }
 
@@ -100,22 +95,22 @@ std::vector<MonthlyCashFlow> cashFlow(const LibraryIndex& index, const DateInter
         months.push_back({month, calendar.endOfMonth(month)});
         flows.push_back({.month = month});
     }
-    for (const CategoryLine& line : index.categoryLines(range)) {
+    index.forEachLine(range, [&](const LedgerLine& line) {
         // The last month that begins on or before the line; the last second of a month that isn't
         // whole belongs to none.
         const auto after = std::upper_bound(
-            months.begin(), months.end(), line.date,
+            months.begin(), months.end(), line.entry.date,
             [](Date date, const DateInterval& month) { return date < month.start; });
-        if (after == months.begin() || !std::prev(after)->contains(line.date)) {
-            continue;
+        if (after == months.begin() || !std::prev(after)->contains(line.entry.date)) {
+            return;
         }
         MonthlyCashFlow& flow = flows[static_cast<std::size_t>(after - months.begin()) - 1];
-        if (index.isIncomeLine(line)) {
+        if (line.isIncome) {
             flow.income += line.amount;
         } else {
             flow.expenses -= line.amount;
         }
-    }
+    });
     for (MonthlyCashFlow& flow : flows) {
         flow.income = toCents(flow.income);
         flow.expenses = toCents(flow.expenses);
@@ -125,19 +120,17 @@ std::vector<MonthlyCashFlow> cashFlow(const LibraryIndex& index, const DateInter
 
 Decimal actual(const LibraryIndex& index, const UUID& categoryID, const DateInterval& interval,
                bool includeChildren) {
-    UUIDSet ids{categoryID};
+    const auto sums = index.periodSums(interval);
+    Decimal total;
     if (includeChildren) {
-        for (const Category& category : index.library().categories) {
-            if (index.topLevelID(category.id) == categoryID) {
-                ids.insert(category.id);
+        for (const PeriodSums::CategoryPart& part : sums->categories()) {
+            const auto& id = part.categoryID;
+            if (id && (*id == categoryID || index.topLevelID(*id) == categoryID)) {
+                total += part.income + part.spending;
             }
         }
-    }
-    Decimal total;
-    for (const CategoryLine& line : index.categoryLines(interval)) {
-        if (line.categoryID && ids.contains(*line.categoryID)) {
-            total += line.amount;
-        }
+    } else {
+        total = sums->amount(categoryID);
     }
     const Category* category = index.category(categoryID);
     return category != nullptr && category->kind == CategoryKind::expense ? -total : total;

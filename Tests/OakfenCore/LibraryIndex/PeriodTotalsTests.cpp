@@ -167,6 +167,29 @@ TEST(PeriodTotals, GiveEveryMonthOfTheRangeItsIncomeAndExpenses) {
     EXPECT_EQ(flow, expected);
 }
 
+TEST(PeriodTotals, AddUpInDocumentOrderWhereThatMatters) {
+    Household home;
+    // Beside the first of these a cent is too small to be held; beside what is left, it isn't.
+    home.enter("-10000000000000000000000000000000000000", home.food, day(2026, 3, 20));
+    home.enter("10000000000000000000000000000000000000", home.food, day(2026, 3, 10));
+    home.enter("-0.01", home.food, day(2026, 3, 15));
+    EXPECT_FALSE(indexOf(home.library)->sumsAreExact());
+    EXPECT_EQ(actual(*indexOf(home.library), home.food, march, false), amount("0.01"));
+    std::vector<Transaction> entries(home.library.transactions.begin(),
+                                     home.library.transactions.end());
+    std::swap(entries[1], entries[2]);
+    home.library.transactions = SharedArray(entries);
+    EXPECT_EQ(actual(*indexOf(home.library), home.food, march, false), Decimal(0));
+}
+
+TEST(PeriodTotals, AddUpInAnyOrderUnlessAnAmountIsOfAnAbsurdSize) {
+    Household home;
+    home.enter("-12.345678", home.food);
+    EXPECT_TRUE(indexOf(home.library)->sumsAreExact());
+    home.library.transactions.edit(0).splits = {{.amount = amount("0.0000000000001")}};
+    EXPECT_FALSE(indexOf(home.library)->sumsAreExact());
+}
+
 TEST(PeriodTotals, CompareABudgetWithItsCategoryAloneOrWithItsChildren) {
     Household home;
     home.enter("-30", home.groceries);
