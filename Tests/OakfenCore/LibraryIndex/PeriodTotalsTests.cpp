@@ -167,6 +167,51 @@ TEST(PeriodTotals, GiveEveryMonthOfTheRangeItsIncomeAndExpenses) {
     EXPECT_EQ(flow, expected);
 }
 
+TEST(PeriodTotals, NetIsIncomeLessExpenses) {
+    Household home;
+    home.enter("100", home.salary);
+    home.enter("-130.25", home.food);
+    const auto index = indexOf(home.library);
+    EXPECT_EQ(cashFlow(*index, march, Calendar::utc()).at(0).net(), amount("-30.25"));
+}
+
+TEST(PeriodTotals, GoByTheTextOfTheirCategorysID) {
+    EXPECT_EQ(
+        (CategoryTotal{.categoryID = UUID::parse("0A1B2C3D-0000-4000-8000-00000000FFEE")}.id()),
+        "0A1B2C3D-0000-4000-8000-00000000FFEE");
+    EXPECT_EQ(CategoryTotal{}.id(), "uncategorized");
+}
+
+TEST(PeriodTotals, EndACashFlowAfterTwoHundredAndFortyMonths) {
+    Household home;
+    home.library.accounts.edit(0).openingDate = day(2000, 1, 20);
+    home.enter("1", home.salary, day(2019, 12, 31, 23));
+    home.enter("2", home.salary, day(2020, 1, 1, 0));
+    home.enter("-4", home.food, day(2026, 3, 1));
+    const auto index = indexOf(home.library);
+    const auto flow =
+        cashFlow(*index, {Date::distantPast(), Date::distantFuture()}, Calendar::utc());
+    ASSERT_EQ(flow.size(), 240U);
+    EXPECT_EQ(flow.back(), (MonthlyCashFlow{day(2019, 12, 1, 0), Decimal(1), Decimal(0)}));
+}
+
+TEST(PeriodTotals, LeaveTheLastFractionOfAMonthToNoMonth) {
+    Household home;
+    home.library.accounts.edit(0).openingDate = day(2026, 2, 1);
+    const Date end = Calendar::utc().endOfMonth(day(2026, 2, 1));
+    home.enter("1", home.salary, end);
+    home.enter("2", home.salary, end.adding(0.5));
+    home.enter("4", home.salary, end.adding(1));
+    const auto index = indexOf(home.library);
+    const auto flow =
+        cashFlow(*index, {Date::distantPast(), Date::distantFuture()}, Calendar::utc());
+    const std::vector<MonthlyCashFlow> expected{{day(2026, 2, 1, 0), Decimal(1), Decimal(0)},
+                                                {day(2026, 3, 1, 0), Decimal(4), Decimal(0)}};
+    EXPECT_EQ(flow, expected);
+    EXPECT_EQ(incomeByCategory(*index, {day(2026, 2, 1, 0), end}, false),
+              Totals{total(home.salary, "Salary", "1")});
+}
+
 TEST(PeriodTotals, AddUpInDocumentOrderWhereThatMatters) {
     Household home;
     // Beside the first of these a cent is too small to be held; beside what is left, it isn't.
