@@ -237,6 +237,41 @@ TEST(PastBalance, SumsTheEntriesOfAMissingAccount) {
     EXPECT_EQ(indexOf(library)->balance(missing, day(2026, 1, 1)), amount("11"));
 }
 
+TEST(Balances, OfAnAccountWithoutInvestmentRowsHaveNoMarketValue) {
+    OneAccount ledger("100");
+    ledger.library.accounts.push_back(accountWith("5", "Shares", AccountType::brokerage));
+    ledger.library.securities.push_back({.id = UUID::random(), .price = Decimal(3)});
+    const auto index = indexOf(ledger.library);
+    for (const Account& account : ledger.library.accounts) {
+        EXPECT_EQ(index->marketValue(account.id), Decimal(0));
+        EXPECT_EQ(index->balance(account.id), account.openingBalance);
+    }
+    EXPECT_EQ(index->marketValue(UUID::random()), Decimal(0));
+}
+
+TEST(Balances, OfClosedAccountsBringTheirHoldingsIntoThoseOfAll) {
+    Library library = emptyDocument("CAD");
+    const Security fund{.id = UUID::random(), .name = "Fund", .price = Decimal(3)};
+    library.securities = {fund};
+    for (const bool isClosed : {false, true}) {
+        Account account = accountWith("0", "Shares", AccountType::brokerage);
+        account.isClosed = isClosed;
+        library.accounts.push_back(account);
+        library.investmentTransactions.push_back({.id = UUID::random(),
+                                                  .accountID = account.id,
+                                                  .securityID = fund.id,
+                                                  .date = day(2026, 1, 5),
+                                                  .action = InvestmentAction::sharesIn,
+                                                  .shares = Decimal(isClosed ? 10 : 1),
+                                                  .price = Decimal(2)});
+    }
+    const auto index = indexOf(library);
+    const std::vector<Holding> expected{
+        {fund.id, Decimal(11), Decimal(22), Decimal(3), Decimal(0)}};
+    EXPECT_EQ(index->allHoldings(), expected);
+    EXPECT_EQ(index->netWorth(), Decimal(3)); // of the open account alone
+}
+
 TEST(Accounts, OfAGroupComeByNameWithoutRegardToCase) {
     Library library = emptyDocument("CAD");
     Account closed = accountWith("0", "Bravo", AccountType::cash);

@@ -23,6 +23,15 @@ TEST(NetWorthSeries, IsOnePointOfZerosWithoutAccounts) {
     EXPECT_TRUE(series(Library{}, 0).empty());
 }
 
+TEST(NetWorthSeries, HasNoPointBeforeAllAccountsAreOpened) {
+    OneAccount ledger("100");
+    ledger.library.accounts.edit(0).openingDate = day(2026, 4, 1);
+    EXPECT_TRUE(series(ledger.library, 12).empty());
+    ledger.library.accounts.edit(0).openingDate = day(2026, 3, 31); // later this month
+    const std::vector<NetWorthPoint> expected{{.date = today()}};
+    EXPECT_EQ(series(ledger.library, 12), expected);
+}
+
 TEST(NetWorthSeries, BeginsInTheMonthOfTheFirstOpening) {
     OneAccount ledger("100");
     ledger.library.accounts.edit(0).openingDate = day(2025, 10, 14);
