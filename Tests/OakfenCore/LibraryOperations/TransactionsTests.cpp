@@ -155,6 +155,21 @@ TEST_F(TransactionsTest, ATransferWithAForgottenTwinFindsItThroughTheStoredEntry
     EXPECT_EQ(stored(twinID).amount, amount("55"));
 }
 
+TEST_F(TransactionsTest, ATransferThatNamesAnotherTwinThanTheStoredOneIsPairedWithThat) {
+    Transaction leg = storeTransfer("-50");
+    const UUID former = leg.transferID.value();
+    Transaction other = entry("9");
+    other.accountID = b;
+    upsert(library, other);
+    leg.transferID = other.id;
+    upsert(library, leg);
+    EXPECT_EQ(stored(leg.id).transferID, other.id);
+    EXPECT_EQ(stored(other.id).transferID, leg.id);
+    EXPECT_EQ(stored(other.id).amount, amount("50"));
+    EXPECT_EQ(stored(former).transferID, leg.id); // left as it was
+    EXPECT_EQ(library.transactions.size(), 3U);
+}
+
 TEST_F(TransactionsTest, ATransferWhoseTwinIsGoneGetsANewOneUnderTheSameID) {
     const Transaction leg = storeTransfer("-50");
     library.transactions.eraseIf(
