@@ -39,6 +39,17 @@ TEST(SavingsGoals, DivideTheRestByWholeMonths) {
         Decimal::cents(3333));
 }
 
+TEST(SavingsGoals, CountWholeMonthsAndNotThoseOfTheCalendar) {
+    const Date june5 = calendar.date({2026, 6, 5, 9, 0, 0}); // of March 10th: not yet three months
+    EXPECT_EQ(monthlyContributionNeeded(goal(100, 40, june5), today, calendar), Decimal(30));
+}
+
+TEST(SavingsGoals, RoundHalfACentUp) {
+    SavingsGoal small = goal(1, 0, calendar.addingMonths(today, 2));
+    small.target = Decimal::cents(5);
+    EXPECT_EQ(monthlyContributionNeeded(small, today, calendar), Decimal::cents(3));
+}
+
 TEST(SavingsGoals, AskForAllOfItWhenLessThanAMonthIsLeft) {
     const Date soon = calendar.addingDays(today, 12);
     const Date past = calendar.addingMonths(today, -4);
