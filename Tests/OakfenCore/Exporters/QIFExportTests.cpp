@@ -80,6 +80,32 @@ TEST_F(QIFExport, WritesEachSplitWithItsMemoAndAmount) {
                      "SUncategorized\n$-9.5\n^\n");
 }
 
+TEST_F(QIFExport, WritesUncategorizedForACategoryThatIsGone) {
+    Transaction& shop = add(day(2026, 3, 5), "Shop", "-7");
+    shop.categoryID = UUID::random();
+    EXPECT_EQ(qif(), "!Type:Bank\nD03/05/2026\nT-7\nPShop\nLUncategorized\n^\n");
+    shop.splits = {{.id = UUID::random(), .categoryID = UUID::random(), .amount = amount("-7")}};
+    EXPECT_EQ(qif(), "!Type:Bank\nD03/05/2026\nT-7\nPShop\nSUncategorized\n$-7\n^\n");
+}
+
+TEST_F(QIFExport, JoinsALineBreakInACategorysName) {
+    library.categories.edit(0).name = "Food\nand\rDrink";
+    Transaction& shop = add(day(2026, 3, 5), "Shop", "-7");
+    shop.categoryID = groceries.id;
+    EXPECT_EQ(qif(), "!Type:Bank\nD03/05/2026\nT-7\nPShop\nLFood and Drink:Groceries\n^\n");
+    shop.splits = {{.id = UUID::random(), .categoryID = food.id, .amount = amount("-7")}};
+    EXPECT_EQ(qif(), "!Type:Bank\nD03/05/2026\nT-7\nPShop\nSFood and Drink\n$-7\n^\n");
+}
+
+TEST_F(QIFExport, KeepsTheGivenOrderOfEntriesThatAgreeInDateAmountAndPayee) {
+    std::string expected = "!Type:Bank\n";
+    for (const std::string memo : {"m", "c", "z", "a", "k"}) {
+        add(day(2026, 3, 5), "Shop", "-7").memo = memo;
+        expected += "D03/05/2026\nT-7\nPShop\nM" + memo + "\n^\n";
+    }
+    EXPECT_EQ(qif(), expected);
+}
+
 TEST_F(QIFExport, SortsAsTheRegisterDoes) {
     add(day(2026, 3, 6), "Later", "1");
     add(day(2026, 3, 5), "B", "-2");
