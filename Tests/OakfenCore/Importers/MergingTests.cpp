@@ -89,6 +89,19 @@ TEST_F(Merging, AddsNothingWhenAnOFXFileComesAgain) {
     EXPECT_EQ(library_.transactions.size(), 3U);
 }
 
+TEST_F(Merging, KnowsTheEntriesOfAnOFXFileByTheirIDsWhateverElseChanged) {
+    EXPECT_EQ(import(lines(ofxStatement, ImportFormat::ofx)), 3U);
+    library_.transactions.editWhere([](const Transaction&) { return true; },
+                                    [](Transaction& stored) {
+                                        stored.date = stored.date.adding(30 * 86400.0);
+                                        stored.payee = "Another name";
+                                        stored.amount += Decimal(1);
+                                    });
+    EXPECT_EQ(import(lines(ofxStatement, ImportFormat::ofx)), 0U);
+    library_.transactions.edit(1).importID = "changed too";
+    EXPECT_EQ(import(lines(ofxStatement, ImportFormat::ofx)), 1U);
+}
+
 TEST_F(Merging, AddsNothingWhenACSVFileComesAgain) {
     EXPECT_EQ(import(lines("2024-03-01,Shop,-4.50\n", ImportFormat::csv)), 1U);
     EXPECT_EQ(import(lines("2024-03-01,Shop,-4.50\n", ImportFormat::csv)), 0U);
