@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "Tests/Generators/RandomLibrary.h"
+#include "Tests/Support/LocaleForTest.h"
 #include "Tests/Support/TestLedger.h"
 
 namespace oakfen {
@@ -25,8 +26,12 @@ TEST(Library, StartsEmptyInItsCurrency) {
     EXPECT_TRUE(library.goals.empty());
 }
 
-TEST(Library, DefaultCurrencyIsACode) {
-    EXPECT_EQ(defaultCurrencyCode().size(), 3U);
+TEST(Library, DefaultCurrencyIsThatOfTheUsersLocale) {
+    for (const auto& [locale, code] : {std::pair("en_CA", "CAD"), std::pair("de_DE", "EUR"),
+                                       std::pair("ja_JP", "JPY"), std::pair("eo", "CAD")}) {
+        const testing::LocaleForTest userLocale(locale);
+        EXPECT_EQ(defaultCurrencyCode(), code) << locale;
+    }
 }
 
 TEST(Library, DiffersFromOneWithAnotherSplitMemo) {
