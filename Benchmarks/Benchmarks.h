@@ -7,6 +7,7 @@ namespace oakfen::benchmarks {
 // Each registers its benchmarks for a ledger, or a statement, of that many lines.
 void registerLedgerBenchmarks(std::size_t count);
 void registerRegisterBenchmarks(std::size_t count);
+void registerFigureBenchmarks(std::size_t count);
 void registerStatementBenchmarks(std::size_t lines);
 
 } // namespace oakfen::benchmarks

@@ -34,11 +34,13 @@ int main(int argc, char** argv) {
     for (const std::size_t count : {10'000U, 100'000U}) {
         registerLedgerBenchmarks(count);
         registerRegisterBenchmarks(count);
+        registerFigureBenchmarks(count);
         registerStatementBenchmarks(count);
     }
     if (withMillion) {
         registerLedgerBenchmarks(1'000'000);
         registerRegisterBenchmarks(1'000'000);
+        registerFigureBenchmarks(1'000'000);
     }
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
