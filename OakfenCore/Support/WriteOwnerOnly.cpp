@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <optional>
 
 #include "OakfenCore/Support/FileCalls.h"
 #include "OakfenCore/Support/FileSystem.h"
@@ -26,14 +27,11 @@ public:
         const std::string folder = fileCalls::folderOf(target);
         provideFolder(folder, fileExists(files_, target));
         const std::string temporary = temporaryBeside(target);
-        removeStray(temporary);
-        const int descriptor = create(temporary);
-        try {
-            fill(descriptor, bytes);
-            place(temporary, target);
-        } catch (...) {
-            (void)files_.unlink(temporary);
-            throw;
+        constexpr int attempts = 3;
+        for (int attempt = 1; !wroteAndPlaced(bytes, temporary, target); ++attempt) {
+            if (attempt == attempts) {
+                throw fileCalls::failure(path_, what, EBUSY);
+            }
         }
         syncFolder(folder);
         require(uninterrupted([&] { return files_.setPermissions(target, ownerFile); }));
@@ -41,6 +39,31 @@ public:
 
 private:
     static constexpr std::string_view what = "couldn’t be saved";
+
+    /// False when another program, which writes the same file at the same moment under the same
+    /// temporary name, has put its own in the place of ours.
+    bool wroteAndPlaced(std::string_view bytes, const std::string& temporary,
+                        const std::string& target) const {
+        removeStray(temporary);
+        const int descriptor = create(temporary);
+        std::optional<FileInformation> ours;
+        try {
+            ours = fill(descriptor, bytes);
+            return isAt(*ours, temporary) && placed(*ours, temporary, target);
+        } catch (...) {
+            if (!ours || isAt(*ours, temporary)) {
+                (void)files_.unlink(temporary);
+            }
+            throw;
+        }
+    }
+
+    /// Whether that file stands at that place.
+    bool isAt(const FileInformation& file, const std::string& place) const {
+        FileInformation there;
+        const auto known = uninterrupted([&] { return files_.information(place, there); });
+        return !known.failed() && there.device == file.device && there.inode == file.inode;
+    }
 
     FileSystem::Result require(FileSystem::Result result) const {
         if (result.failed()) {
@@ -100,7 +123,8 @@ private:
         return static_cast<int>(opened.value);
     }
 
-    void fill(int descriptor, std::string_view bytes) const {
+    /// Returns what is known of the whole file.
+    FileInformation fill(int descriptor, std::string_view bytes) const {
         OpenFile file(files_, descriptor);
         while (!bytes.empty()) {
             const auto written = require(uninterrupted(
@@ -111,25 +135,31 @@ private:
             bytes.remove_prefix(static_cast<std::size_t>(written.value));
         }
         require(uninterrupted([&] { return files_.sync(descriptor); }));
+        FileInformation information;
+        require(
+            uninterrupted([&] { return files_.descriptorInformation(descriptor, information); }));
         require(file.close());
+        return information;
     }
 
-    void place(const std::string& temporary, const std::string& target) const {
+    bool placed(const FileInformation& ours, const std::string& temporary,
+                const std::string& target) const {
         if (guard_ == nullptr) {
             require(files_.rename(temporary, target));
-            return;
+            return true;
         }
-        guard_->willPlace(informationOn(temporary));
+        guard_->willPlace(ours);
         if (isThere(target)) {
-            replace(temporary, target);
-        } else {
-            placeAnew(temporary, target);
+            return replaced(ours, temporary, target);
         }
+        placeAnew(temporary, target);
+        return true;
     }
 
     /// Between the last look at the file and the moment at which it is replaced, another program
     /// may write it. Exchanging the two keeps what was replaced, to be looked at once more.
-    void replace(const std::string& temporary, const std::string& target) const {
+    bool replaced(const FileInformation& ours, const std::string& temporary,
+                  const std::string& target) const {
         guard_->requireReplaceable(target);
         const auto exchanged = files_.exchange(temporary, target);
         if (exchanged.failed()) {
@@ -142,7 +172,11 @@ private:
             } else {
                 require(exchanged);
             }
-            return;
+            return true;
+        }
+        if (!isAt(ours, target)) {
+            (void)files_.exchange(temporary, target);
+            return false;
         }
         try {
             guard_->requireReplaceable(temporary);
@@ -154,12 +188,15 @@ private:
             throw;
         }
         removeStray(temporary);
+        return true;
     }
 
     void placeAnew(const std::string& temporary, const std::string& target) const {
         if (files_.renameWithoutReplacing(temporary, target).failed()) {
             // Somebody else was quicker, or the file system has no such call.
-            guard_->requireReplaceable(target);
+            if (isThere(target)) {
+                guard_->requireReplaceable(target);
+            }
             require(files_.rename(temporary, target));
         }
     }
@@ -173,12 +210,6 @@ private:
                 return;
             }
         }
-    }
-
-    FileInformation informationOn(const std::string& place) const {
-        FileInformation information;
-        require(uninterrupted([&] { return files_.information(place, information); }));
-        return information;
     }
 
     bool isThere(const std::string& place) const {
