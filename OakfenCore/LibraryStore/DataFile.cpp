@@ -33,11 +33,31 @@ std::string withoutExtension(const std::string& path) {
     return dot != std::string::npos && dot > nameStart ? path.substr(0, dot) : path;
 }
 
+/// Cut so that a name of a file has room for what is added to it.
+std::string shortened(const std::string& stem, std::size_t added) {
+    constexpr std::size_t longestName = 255;
+    std::size_t length = nameOf(stem).size();
+    const std::string name = nameOf(stem);
+    const auto isContinuation = [&](std::size_t place) {
+        return place < name.size() && (static_cast<unsigned char>(name[place]) & 0xC0U) == 0x80U;
+    };
+    while (length + added > longestName || isContinuation(length)) {
+        --length;
+    }
+    return stem.substr(0, stem.size() - name.size()) + name.substr(0, length);
+}
+
+/// How the names of copies of that kind begin: all but the moment.
+std::string nameStart(const std::string& path, const std::string& kind) {
+    const std::string name = nameOf(oakfen::pathBeside(path, kind, Date()));
+    return name.substr(0, name.rfind('-') + 1);
+}
+
 /// A write of a copy beside the data file that was cut off; later copies have other names, so none
 /// of their writes removes it.
-bool isStrayOfACopy(const std::string& name, const std::string& stem) {
-    const bool isOfACopy = name.starts_with("." + stem + "." + otherKind + "-") ||
-                           name.starts_with("." + stem + "." + unsavedKind + "-");
+bool isStrayOfACopy(const std::string& name, const std::string& path) {
+    const bool isOfACopy = name.starts_with("." + nameStart(path, otherKind)) ||
+                           name.starts_with("." + nameStart(path, unsavedKind));
     return isOfACopy && name.ends_with(std::string(extension) + ".saving");
 }
 
@@ -52,7 +72,7 @@ public:
 
 } // namespace
 
-DataFileChanged::DataFileChanged(const std::string& path)
+DataFileChangedError::DataFileChangedError(const std::string& path)
     : LocalizedError(quoted(nameOf(path)) + " was changed by another program.") {}
 
 /// Lets a write replace what is known only, and knows the new file before it is in place, so that a
@@ -96,6 +116,7 @@ std::optional<DataFile::Version> DataFile::otherVersion() const {
 
 void DataFile::accept(const std::optional<Version>& version) {
     known_.clear();
+    openedOther_.reset();
     wasThere_ = version.has_value();
     if (version) {
         known_.push_back({version->information, contentHash(version->bytes)});
@@ -103,17 +124,23 @@ void DataFile::accept(const std::optional<Version>& version) {
 }
 
 void DataFile::requireKnown(const std::string& place) {
-    std::optional<FileContents> found;
+    std::optional<FileInformation> information;
     try {
-        const std::optional<FileInformation> information = fileInformation(files_, place);
-        if (!information || std::ranges::any_of(known_, [&](const Stamp& stamp) {
-                return isSameFile(stamp.information, *information);
-            })) {
-            return;
-        }
-        found = readFileContents(files_, place);
+        information = fileInformation(files_, place);
     } catch (const FileError& error) {
         throw fileCalls::failure(path_, "couldn’t be saved", error.code());
+    }
+    if (!information || std::ranges::any_of(known_, [&](const Stamp& stamp) {
+            return isSameFile(stamp.information, *information);
+        })) {
+        return;
+    }
+    std::optional<FileContents> found;
+    try {
+        found = readFileContents(files_, place);
+    } catch (const FileError&) {
+        // Another file that can't even be read: a folder, or somebody else's.
+        throw DataFileChangedError(path_);
     }
     // Another file, or another time. A tool that copies, moves or syncs does that too, so what
     // counts is what the file holds.
@@ -121,7 +148,7 @@ void DataFile::requireKnown(const std::string& place) {
     const auto same =
         std::ranges::find_if(known_, [&](const Stamp& stamp) { return stamp.hash == hash; });
     if (same == known_.end()) {
-        throw DataFileChanged(path_);
+        throw DataFileChangedError(path_);
     }
     same->information = found->information;
 }
@@ -130,7 +157,14 @@ DataFile::Outcome DataFile::put(const std::string& bytes) {
     if (mustSetAsideFirst_) {
         moveAside();
     }
-    Guard guard(*this, contentHash(bytes));
+    const ContentHash hash = contentHash(bytes);
+    if (openedOther_ && openedOther_ != hash) {
+        // Undo has brought this version back, or edits go on: what the other program wrote stays.
+        requireKnown(path_);
+        static_cast<void>(copyOtherVersion(freePathBeside(otherKind)));
+        openedOther_.reset();
+    }
+    Guard guard(*this, hash);
     const bool wasMissing = wasThere_ && !fileExists(files_, path_);
     writeOwnerOnly(files_, bytes, path_, &guard);
     known_ = {known_.back()};
@@ -150,10 +184,8 @@ void DataFile::startWriting(std::function<std::string()> makeBytes,
             const std::string bytes = makeBytes();
             try {
                 return put(bytes);
-            } catch (const DataFileChanged& changed) {
-                // Should the program end before anybody has decided, this version is not lost.
-                putBeside(bytes);
-                return Outcome{.error = changed.localizedDescription(), .isChangedElsewhere = true};
+            } catch (const DataFileChangedError& changed) {
+                return Outcome{.error = keepBeside(bytes, changed), .isChangedElsewhere = true};
             }
         },
         std::move(done));
@@ -203,37 +235,82 @@ void DataFile::moveAside() {
     known_.clear();
 }
 
-void DataFile::writeBeside(const std::string& bytes) {
+std::string DataFile::writeBeside(const std::string& bytes, const DataFileChangedError& changed) {
     settle();
-    putBeside(bytes);
+    return keepBeside(bytes, changed);
+}
+
+std::string DataFile::keepBeside(const std::string& bytes, const DataFileChangedError& changed) {
+    // Should the program end before anybody has decided, this version is not lost.
+    std::string text = changed.localizedDescription();
+    try {
+        putBeside(bytes);
+    } catch (const FileError& error) {
+        text += " This version couldn’t be kept beside it: " + error.localizedDescription() + ".";
+    }
+    return text;
 }
 
 void DataFile::putBeside(const std::string& bytes) {
-    if (!pathBeside_) {
-        pathBeside_ = freePathBeside(unsavedKind);
+    if (pathBeside_) {
+        writeOwnerOnly(files_, bytes, *pathBeside_);
+        return;
     }
-    writeOwnerOnly(files_, bytes, *pathBeside_);
+    constexpr int mostNames = 100;
+    for (int tries = 1;; ++tries) {
+        const std::string path = freePathBeside(unsavedKind);
+        NewFileGuard guard;
+        try {
+            writeOwnerOnly(files_, bytes, path, &guard);
+            pathBeside_ = path;
+            return;
+        } catch (const FileError& error) {
+            // Another program was quicker in taking that name.
+            if (error.code() != EEXIST || tries == mostNames) {
+                throw;
+            }
+        }
+    }
 }
 
 std::optional<std::string> DataFile::keepOtherVersion() {
     settle();
     const std::string copy = freePathBeside(otherKind);
-    std::optional<Version> other;
-    try {
-        other = otherVersion();
-    } catch (const FileError&) {
-        // What can't be read can still be moved.
+    if (isThereButUnreadable()) {
         moveFile(files_, path_, copy);
         accept(std::nullopt);
         return nameOf(copy);
     }
+    const std::optional<Version> other = copyOtherVersion(copy);
+    accept(other);
+    return other ? std::optional(nameOf(copy)) : std::nullopt;
+}
+
+/// What can't be read can still be moved.
+bool DataFile::isThereButUnreadable() const {
+    try {
+        static_cast<void>(otherVersion());
+        return false;
+    } catch (const FileError&) {
+        return true;
+    }
+}
+
+std::optional<DataFile::Version> DataFile::copyOtherVersion(const std::string& path) {
+    std::optional<Version> other = otherVersion();
     if (other) {
         // A copy, not a move: there is no moment at which the data file isn't there.
         NewFileGuard guard;
-        writeOwnerOnly(files_, other->bytes, copy, &guard);
+        writeOwnerOnly(files_, other->bytes, path, &guard);
     }
-    accept(other);
-    return other ? std::optional(nameOf(copy)) : std::nullopt;
+    return other;
+}
+
+void DataFile::acceptAsOpened(const std::optional<Version>& version) {
+    accept(version);
+    if (version) {
+        openedOther_ = known_.front().hash;
+    }
 }
 
 void DataFile::removeVersionBeside() noexcept {
@@ -258,15 +335,14 @@ void DataFile::releaseVersionBeside() noexcept {
 
 std::vector<std::string> DataFile::takeVersionsBeside() {
     const std::string folder = folderOf(path_);
-    const std::string stem = nameOf(withoutExtension(path_));
-    const std::string start = stem + "." + unsavedKind + "-";
+    const std::string start = nameStart(path_, unsavedKind);
     std::vector<std::string> names;
     (void)files_.list(folder, names);
     std::ranges::sort(names);
     std::vector<std::string> told;
     for (const std::string& name : names) {
         const std::string from = folder + "/" + name;
-        if (isStrayOfACopy(name, stem)) {
+        if (isStrayOfACopy(name, path_)) {
             (void)files_.unlink(from);
         }
         if (!name.starts_with(start) || !name.ends_with(extension) || from == pathBeside_) {
@@ -295,8 +371,8 @@ std::string DataFile::freePathBeside(const std::string& kind) const {
 
 std::string pathBeside(const std::string& filePath, const std::string& kind, Date now) {
     const auto seconds = static_cast<long long>(now.secondsSince1970());
-    return withoutExtension(filePath) + "." + kind + "-" + std::to_string(seconds) +
-           std::string(extension);
+    const std::string ending = "." + kind + "-" + std::to_string(seconds) + std::string(extension);
+    return shortened(withoutExtension(filePath), ending.size()) + ending;
 }
 
 } // namespace oakfen

@@ -13,9 +13,9 @@
 namespace oakfen {
 
 /// Since the data file was last read or written, another program has put other bytes there.
-class DataFileChanged : public LocalizedError {
+class DataFileChangedError : public LocalizedError {
 public:
-    explicit DataFileChanged(const std::string& path);
+    explicit DataFileChangedError(const std::string& path);
 };
 
 /// The file that the document lives in, and the only code that knows its path. It remembers what it
@@ -49,8 +49,8 @@ public:
     /// file. Throws `FileError`.
     [[nodiscard]] std::optional<std::string> read();
 
-    /// Writes at once. Throws `DataFileChanged` where another program has changed the file, and
-    /// `FileError`; then the file is as it was.
+    /// Writes at once. Throws `DataFileChangedError` where another program has changed the file,
+    /// and `FileError`; then the file is as it was.
     Outcome write(const std::string& bytes);
 
     /// Makes the bytes and writes them on a worker, then tells the main thread. Where another
@@ -70,12 +70,15 @@ public:
 
     // While another program's version stands in the file.
 
-    /// Keeps this version beside the file, under one name until it is saved or given up.
-    void writeBeside(const std::string& bytes);
+    /// Keeps this version beside the file, under one name until it is saved or given up. Returns
+    /// the text for the person: of the change, and of why this version couldn't be kept.
+    [[nodiscard]] std::string writeBeside(const std::string& bytes,
+                                          const DataFileChangedError& changed);
     /// What the other program wrote; nothing when it has taken the file away. Throws `FileError`.
     [[nodiscard]] std::optional<Version> otherVersion() const;
-    /// From now on that version may be replaced: it is the one that is open.
-    void accept(const std::optional<Version>& version);
+    /// From now on that version may be replaced: it is the one that is open. The first write that
+    /// does keeps a copy beside the file.
+    void acceptAsOpened(const std::optional<Version>& version);
     /// Keeps the other version beside the file, after which it may be replaced. Returns the name of
     /// the copy; nothing when there was no file any more. Throws `FileError`; then nothing has
     /// changed.
@@ -102,8 +105,12 @@ private:
     void requireKnown(const std::string& place);
     Outcome put(const std::string& bytes);
     void putBeside(const std::string& bytes);
+    std::string keepBeside(const std::string& bytes, const DataFileChangedError& changed);
+    std::optional<Version> copyOtherVersion(const std::string& path);
     void moveAside();
 
+    void accept(const std::optional<Version>& version);
+    [[nodiscard]] bool isThereButUnreadable() const;
     void start(std::function<Outcome()> write, std::function<void(const Outcome&)> done);
     [[nodiscard]] std::string freePathBeside(const std::string& kind) const;
 
@@ -114,6 +121,8 @@ private:
     /// empty where no file was.
     std::vector<Stamp> known_;
     bool wasThere_ = false;
+    /// The hash of another program's version that was opened and has no copy yet.
+    std::optional<ContentHash> openedOther_;
     bool mustSetAsideFirst_ = false;
     std::optional<std::string> pathBeside_;
     /// Last, so that a write under way ends before what it uses.

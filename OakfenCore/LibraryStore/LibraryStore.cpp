@@ -132,11 +132,12 @@ void LibraryStore::saveNow() {
     try {
         try {
             state_->write();
-        } catch (const DataFileChanged& changed) {
-            // Without an edit of ours, the other version alone is worth keeping.
-            if (state_->hasUnwrittenEdit) {
-                state_->file->writeBeside(encodeLibrary(state_->library));
-                state_->tellChangedElsewhere(changed.localizedDescription());
+        } catch (const DataFileChangedError& changed) {
+            // In a session without an edit, the other version alone is worth keeping.
+            if (state_->edits > 0) {
+                state_->hasUnwrittenEdit = true;
+                state_->tellChangedElsewhere(
+                    state_->file->writeBeside(encodeLibrary(state_->library), changed));
             }
         }
     } catch (const std::exception& error) {
@@ -188,7 +189,7 @@ void LibraryStore::useNoPassword() {
         state_->saveWork.cancel();
         try {
             state_->write();
-        } catch (const DataFileChanged&) {
+        } catch (const DataFileChangedError&) {
             State::Status status = state_->status;
             status.isChangedElsewhere = true;
             state_->setStatus(std::move(status));
@@ -220,15 +221,17 @@ void LibraryStore::openOtherVersion() {
         Library opened = decodeOtherVersion(other->bytes);
         // What is given up here stays beside the file: undo reaches it until the program ends only.
         state_->file->releaseVersionBeside();
-        state_->file->accept(other);
+        state_->file->acceptAsOpened(other);
         replaceLibrary(std::move(opened), "Open the Other Version");
     } else {
         // It was taken away meanwhile, so there is nothing but this one.
-        state_->file->accept(other);
+        state_->file->acceptAsOpened(other);
         state_->scheduleSave();
     }
     State::Status status = state_->status;
     status.isChangedElsewhere = false;
+    // A document that has a file is not a new one, whatever it was when this one began.
+    status.isNewLibrary = status.isNewLibrary && !other;
     state_->setStatus(std::move(status));
 }
 

@@ -166,6 +166,7 @@ void LibraryStore::State::setLibraryAndStatus(std::optional<Library> newLibrary,
         // The edits of the document that is given up must not be written over the other.
         saveWork.cancel();
         hasUnwrittenEdit = false;
+        edits = 0;
         setLibrary(*std::move(newLibrary));
         forgetUndo();
     }

@@ -42,7 +42,8 @@ struct LibraryStore::State : std::enable_shared_from_this<LibraryStore::State> {
     /// Writes the document as it is now on a worker; once more afterwards if one is under way.
     void saveInBackground();
 
-    /// The document onto the disk, at once. Throws `DataFileChanged` or another `LocalizedError`.
+    /// The document onto the disk, at once. Throws `DataFileChangedError` or another
+    /// `LocalizedError`.
     void write();
 
     /// Lets nothing that was about to be written follow.
@@ -81,7 +82,8 @@ struct LibraryStore::State : std::enable_shared_from_this<LibraryStore::State> {
     std::weak_ptr<UndoManager> undoManager;
     ScheduledWork saveWork;
     bool mustSaveAgain = false;
-    /// Counts edits, so that a write can tell whether it was of the newest document.
+    /// Counts edits of the document that was opened, so that a write can tell whether it was of the
+    /// newest one.
     unsigned long long edits = 0;
     bool hasUnwrittenEdit = false;
 };

@@ -173,6 +173,69 @@ TEST_F(ChangedElsewhereTest, AWriteThatFailsHalfwayIsNotTakenForAnotherPrograms)
     expectSaved(store);
 }
 
+TEST_F(ChangedElsewhereTest, LeavingAfterEditsThatWereSavedKeepsThisVersionToo) {
+    LibraryStore& store = openPlain();
+    addAccount(store, "Savings");
+    scheduler.advance(1);
+    ASSERT_FALSE(store.hasUnsavedChanges());
+    // A sync tool brings the older file back.
+    files.addFile(path, encodeLibrary(withAccount("Chequing")));
+    store.saveNow();
+    EXPECT_EQ(store.lastError(), changedText);
+    EXPECT_TRUE(store.hasUnsavedChanges());
+    EXPECT_EQ(onDisk(), withAccount("Chequing"));
+    EXPECT_EQ(files.contents(unsaved), encodeLibrary(ours()));
+}
+
+TEST_F(ChangedElsewhereTest, AFileInItsPlaceThatCannotBeReadIsNoticedToo) {
+    LibraryStore& store = openAndCollide([this] { files.addFile(path, theirs(), 0000); });
+    expectKeptApart(store);
+    store.clearError();
+    EXPECT_EQ(store.keepThisVersion(), "Library.other-1700000000.tarnwick");
+    expectSaved(store);
+    EXPECT_EQ(files.contents(other), theirs());
+}
+
+TEST_F(ChangedElsewhereTest, AFolderInItsPlaceIsMovedAsideByKeepingThisVersion) {
+    LibraryStore& store = openAndCollide([this] {
+        files.remove(path);
+        files.addFile(std::string(path) + "/inner", "precious");
+    });
+    EXPECT_TRUE(store.isChangedElsewhere());
+    EXPECT_EQ(files.contents(unsaved), encodeLibrary(ours()));
+    store.clearError();
+    store.keepThisVersion();
+    expectSaved(store);
+    EXPECT_EQ(files.contents(std::string(other) + "/inner"), "precious");
+}
+
+TEST_F(ChangedElsewhereTest, ItIsToldAlsoWhenThisVersionCannotBeKeptBeside) {
+    LibraryStore& store = openPlain();
+    files.addFile(path, theirs());
+    addAccount(store, "Savings");
+    // The temporary file is written, the copy beside the data file is not.
+    files.failAll(Call::renameWithoutReplacing, EIO);
+    files.failAll(Call::rename, EIO);
+    scheduler.advance(1);
+    EXPECT_TRUE(store.isChangedElsewhere());
+    EXPECT_EQ(store.lastError(), changedText +
+                                     " This version couldn’t be kept beside it: "
+                                     "“Library.unsaved-1700000000.tarnwick” couldn’t be saved: "
+                                     "Input/output error.");
+    files.stopFailing();
+    addAccount(store, "Third");
+    scheduler.advance(1);
+    EXPECT_EQ(files.contents(unsaved), encodeLibrary(store.library()));
+}
+
+TEST_F(ChangedElsewhereTest, TheNameOfAVersionBesideThatIsTakenIsNotOverwritten) {
+    files.addFile(unsaved, "another program's");
+    LibraryStore& store = openAndCollide();
+    EXPECT_EQ(files.contents(unsaved), "another program's");
+    EXPECT_EQ(files.contents("/home/user/Tarnwick/Library.unsaved-1700000001.tarnwick"),
+              encodeLibrary(store.library()));
+}
+
 // A file that has gone.
 
 TEST_F(ChangedElsewhereTest, ADeletedFileIsWrittenAgainAndThatIsTold) {
@@ -235,6 +298,33 @@ private:
         }
     }
 };
+
+/// Another program saves the same file at the same moment, under the same temporary name.
+class SavedByTwoAtOnce final : public FileSystemFilter {
+public:
+    using FileSystemFilter::FileSystemFilter;
+    Result sync(int descriptor) override {
+        if (const auto action = std::exchange(elsewhere, nullptr)) {
+            action();
+        }
+        return FileSystemFilter::sync(descriptor);
+    }
+    std::function<void()> elsewhere;
+};
+
+TEST_F(ChangedElsewhereTest, TheHalfWrittenFileOfAnotherProgramIsNotPutInPlace) {
+    files.addFile(path, encodeLibrary(withAccount("Chequing")));
+    choosePlain();
+    SavedByTwoAtOnce both(files);
+    LibraryStore store(path, {both, scheduler, clock, defaults, passwords, legacyKeys});
+    both.elsewhere = [this] {
+        files.addFile("/home/user/Tarnwick/.Library.tarnwick.saving", "{\"accounts\":[{\"id");
+    };
+    addAccount(store, "Savings");
+    scheduler.advance(1);
+    EXPECT_EQ(onDisk(), ours());
+    expectSaved(store);
+}
 
 class SwappedAtTheLastMomentTest : public ChangedElsewhereTest {
 protected:
@@ -359,6 +449,34 @@ TEST_F(ChangedElsewhereTest, OpeningTheOtherVersionIsOneStepThatCanBeUndone) {
     EXPECT_EQ(store.library(), ours());
     scheduler.advance(1);
     expectSaved(store);
+}
+
+TEST_F(ChangedElsewhereTest, UndoAfterOpeningTheOtherVersionKeepsACopyOfIt) {
+    LibraryStore& store = openAndCollide();
+    store.clearError();
+    store.openOtherVersion();
+    scheduler.advance(1);
+    EXPECT_EQ(files.contents(path), theirs());
+    clock.advance(10);
+    undo->undo();
+    scheduler.advance(1);
+    expectSaved(store);
+    EXPECT_EQ(files.contents("/home/user/Tarnwick/Library.other-1700000010.tarnwick"), theirs());
+    addAccount(store, "Third");
+    scheduler.advance(1);
+    EXPECT_EQ(files.names(folder).size(), 3U);
+}
+
+TEST_F(ChangedElsewhereTest, TheOtherVersionThatANewDocumentOpensIsNoNewDocument) {
+    LibraryStore& store = open();
+    store.replaceLibrary(withAccount("Just begun"), std::nullopt);
+    files.addFile(path, theirs());
+    EXPECT_NE(messageOf([&] { store.useNoPassword(); }), "");
+    store.openOtherVersion();
+    EXPECT_FALSE(store.isNewLibrary());
+    EXPECT_EQ(store.accessState().kind, Kind::needsPassword);
+    store.useNoPassword();
+    EXPECT_EQ(onDisk(), withAccount("From elsewhere"));
 }
 
 TEST_F(ChangedElsewhereTest, AnOtherVersionThatCannotBeDecodedStaysUntouched) {

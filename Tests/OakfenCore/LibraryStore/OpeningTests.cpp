@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "OakfenCore/LibraryStore/Opening.h"
+#include "OakfenCore/Support/Text.h"
 #include "Tests/OakfenCore/LibraryStore/StoreFixture.h"
 
 namespace oakfen {
@@ -253,6 +254,19 @@ TEST(PathBeside, KeepsTheExtensionAtTheEnd) {
     EXPECT_EQ(pathBeside("/a/.hidden", "damaged", now), "/a/.hidden.damaged-1700000000.tarnwick");
     EXPECT_EQ(pathBeside("Library.tarnwick", "damaged", now),
               "Library.damaged-1700000000.tarnwick");
+}
+
+TEST(PathBeside, CutsALongNameWhereACharacterEnds) {
+    std::string name;
+    for (int count = 0; count < 80; ++count) {
+        name += "é€";
+    }
+    const std::string path = pathBeside("/a/" + name + ".tarnwick", "unsaved", Date::since1970(1));
+    const std::string cut = path.substr(3);
+    EXPECT_LE(cut.size(), 255U);
+    EXPECT_GT(cut.size(), 250U);
+    EXPECT_TRUE(isValidUTF8(cut));
+    EXPECT_TRUE(cut.ends_with(".unsaved-1.tarnwick"));
 }
 
 } // namespace
