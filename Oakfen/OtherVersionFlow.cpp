@@ -12,6 +12,7 @@ namespace oakfen {
 
 OtherVersionFlow::OtherVersionFlow(AppEnvironment& environment) : environment_(environment) {
     statusChanged_ = environment_.store.statusChanged.observe([this] { statusChanged(); });
+    noticeChanged_ = environment_.appState.noticeChanged.observe([this] { noticeChanged(); });
 }
 
 void OtherVersionFlow::statusChanged() {
@@ -20,6 +21,10 @@ void OtherVersionFlow::statusChanged() {
         askWhenFree();
     }
     isNoticed_ = isChanged;
+    if (!isChanged && std::exchange(isPutOff_, false)) {
+        // The earlier bytes are back.
+        environment_.appState.dismissNotice();
+    }
 }
 
 void OtherVersionFlow::askWhenFree() {
@@ -41,6 +46,7 @@ void OtherVersionFlow::askWhenFree() {
 void OtherVersionFlow::ask(std::function<void(Decision)> then) {
     whenDecided_.push_back(std::move(then));
     if (!std::exchange(isAsking_, true)) {
+        isPutOff_ = false;
         reason_ = environment_.store.lastError().value_or(
             "Couldn’t save: the data file was changed by another program.");
         showQuestion();
@@ -63,20 +69,36 @@ void OtherVersionFlow::showQuestion() {
         } else if (choice == 1U) {
             openOtherVersion();
         } else {
-            environment_.appState.showNotice(
-                {.text = "Your changes aren’t saved, since another program has changed the data "
-                         "file.",
-                 .actionTitle = "Decide…",
-                 .action = [this] { ask([](Decision) {}); },
-                 .stays = true});
+            isPutOff_ = true;
             end(Decision::none);
+            noticeChanged();
         }
     });
+}
+
+void OtherVersionFlow::noticeChanged() {
+    if (isPutOff_ && !environment_.appState.notice()) {
+        showUndecided();
+    }
+}
+
+void OtherVersionFlow::showUndecided() {
+    environment_.appState.showNotice(
+        {.text = "Your changes aren’t saved, since another program has changed the data file.",
+         .actionTitle = "Decide…",
+         .action = [this] { ask([](Decision) {}); },
+         .stays = true});
 }
 
 void OtherVersionFlow::keepThisVersion() {
     try {
         const std::optional<std::string> copy = environment_.store.keepThisVersion();
+        if (environment_.store.isChangedElsewhere()) {
+            // Yet another version came before this one was saved.
+            askAgain(environment_.store.lastError().value_or(reason_));
+            return;
+        }
+        isPutOff_ = false;
         if (copy) {
             environment_.appState.showNotice(
                 {.text = "The other version is kept as " + quoted(*copy) + "."});
@@ -92,6 +114,7 @@ void OtherVersionFlow::keepThisVersion() {
 void OtherVersionFlow::openOtherVersion() {
     try {
         environment_.store.openOtherVersion();
+        isPutOff_ = false;
         environment_.appState.showNotice(
             {.text = "The other version is open. Edit ▸ Undo brings the earlier one back."});
         end(Decision::openedOtherVersion);

@@ -25,6 +25,10 @@ public:
 
 private:
     void statusChanged();
+    /// While nobody has decided, a word at the foot of the window says so, whatever else is said
+    /// there in between.
+    void noticeChanged();
+    void showUndecided();
     void askWhenFree();
     void showQuestion();
     void keepThisVersion();
@@ -37,8 +41,11 @@ private:
     std::string reason_;
     bool isNoticed_ = false;
     bool isAsking_ = false;
+    /// The question was put off.
+    bool isPutOff_ = false;
     std::vector<std::function<void(Decision)>> whenDecided_;
     Subscription statusChanged_;
+    Subscription noticeChanged_;
 };
 
 } // namespace oakfen

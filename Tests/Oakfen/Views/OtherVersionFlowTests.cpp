@@ -59,7 +59,15 @@ protected:
         return test.appState->notice() ? test.appState->notice()->text : "";
     }
 
+    /// As the button of the notice does, which goes first.
+    void ask() {
+        const auto action = test.appState->notice()->action;
+        test.appState->dismissNotice();
+        action();
+    }
+
     TestEnvironment test;
+    bool hasWrittenAgain = false;
 };
 
 TEST_F(OtherVersionFlowTest, AsksOnceWithTheErrorInTheQuestion) {
@@ -122,6 +130,46 @@ TEST_F(OtherVersionFlowTest, GoesOnInMemoryAfterCancelAndOffersTheQuestionAgain)
     EXPECT_EQ(questions(), 2U);
     answer(keepThis);
     EXPECT_EQ(onDisk(), encodeLibrary(test.library()));
+}
+
+TEST_F(OtherVersionFlowTest, AsksOnceMoreWhenYetAnotherVersionComesBeforeThisOneIsSaved) {
+    collide();
+    // Changes the file at the moment of the copy, as a program does that writes again and again.
+    const Subscription again = test.store->statusChanged.observe([this] {
+        if (!test.store->isChangedElsewhere() && !std::exchange(hasWrittenAgain, true)) {
+            writeElsewhere(theirs() + " ");
+        }
+    });
+    answer(keepThis);
+    ASSERT_EQ(questions(), 2U);
+    EXPECT_EQ(onDisk(), theirs() + " ");
+    answer(keepThis);
+    EXPECT_EQ(onDisk(), encodeLibrary(test.library()));
+    EXPECT_FALSE(test.store->isChangedElsewhere());
+}
+
+TEST_F(OtherVersionFlowTest, SaysThatNothingIsSavedUntilSomebodyHasDecided) {
+    collide();
+    answer(std::nullopt);
+    test.appState->showNotice({.text = "142 transactions imported"});
+    EXPECT_EQ(noticeText(), "142 transactions imported");
+    test.appState->dismissNotice();
+    ASSERT_TRUE(test.appState->notice());
+    EXPECT_EQ(test.appState->notice()->actionTitle, "Decide…");
+    ask();
+    answer(keepThis);
+    test.appState->dismissNotice();
+    EXPECT_FALSE(test.appState->notice());
+}
+
+TEST_F(OtherVersionFlowTest, IsQuietAgainWhenTheEarlierBytesComeBack) {
+    const std::string before = onDisk();
+    collide();
+    answer(std::nullopt);
+    writeElsewhere(before);
+    test.store->saveNow();
+    EXPECT_FALSE(test.appState->notice());
+    EXPECT_FALSE(test.store->hasUnsavedChanges());
 }
 
 TEST_F(OtherVersionFlowTest, WaitsUntilASheetIsClosed) {
@@ -210,8 +258,11 @@ TEST_F(QuittingWithAnotherVersion, ASessionThatEndsOverwritesNothingAndTheNextSt
     EXPECT_FALSE(test.appState->alertMessage());
 }
 
-TEST_F(QuittingWithAnotherVersion, WithoutAnEditItJustQuits) {
+TEST_F(OtherVersionFlowTest, ASessionWithoutAnEditJustQuits) {
     test.store->saveNow();
+    test.openSession();
+    int quits = 0;
+    TerminationFlow termination(*test, [&quits] { ++quits; });
     writeElsewhere();
     termination.requestQuit();
     EXPECT_EQ(quits, 1);
