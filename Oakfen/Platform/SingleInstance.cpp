@@ -90,7 +90,8 @@ std::optional<DataFileLock::Holder> SingleInstance::patientHolder() const {
     // The first may be starting, and not have written yet where it listens.
     constexpr int millisecondsBetweenLooks = 50;
     std::optional<DataFileLock::Holder> holder = lock_.holder();
-    for (int waited = 0; waited < patienceInMilliseconds; waited += millisecondsBetweenLooks) {
+    constexpr int patienceForANote = 2000;
+    for (int waited = 0; waited < patienceForANote; waited += millisecondsBetweenLooks) {
         if (holder && (!holder->isOnThisMachine || !holder->socketPath.empty())) {
             break;
         }

@@ -97,8 +97,18 @@ struct Arguments {
     bool wantsSample = false;
 };
 
+/// The argument as it was given: the name of a file may be no text at all.
+std::string bytesOf(const QString& name, int argumentCount, char** raw) {
+    for (int index = 1; index < argumentCount; ++index) {
+        if (QString::fromLocal8Bit(raw[index]) == name) {
+            return raw[index];
+        }
+    }
+    return utf8(name);
+}
+
 /// Reads the arguments. Ends the program after `--help` and `--version`.
-Arguments readArguments(const QApplication& application) {
+Arguments readArguments(const QApplication& application, int argumentCount, char** raw) {
     QCommandLineParser parser;
     parser.setApplicationDescription(
         QStringLiteral("Personal finance, kept on your own computer."));
@@ -118,7 +128,7 @@ Arguments readArguments(const QApplication& application) {
     Arguments arguments;
     const QStringList names = parser.positionalArguments();
     if (!names.isEmpty()) {
-        arguments.file = utf8(names.first());
+        arguments.file = bytesOf(names.first(), argumentCount, raw);
     }
     if (parser.isSet(tour)) {
         arguments.tourFolder = utf8(parser.value(tour));
@@ -213,7 +223,7 @@ int runApplication(int& argumentCount, char** arguments) {
     // Closing the window asks first; the event loop ends when that has been settled.
     QGuiApplication::setQuitOnLastWindowClosed(false);
 
-    const Arguments given = readArguments(application);
+    const Arguments given = readArguments(application, argumentCount, arguments);
     Theme::apply(*qApp);
     if (given.tourFolder) {
         return runTour(*given.tourFolder, given.file);
