@@ -124,13 +124,16 @@ void importStatementWhenReady(AppEnvironment& environment, const std::string& pa
     const auto isReady = [&environment] {
         return isMainScreenFree(environment) && !environment.store.index().openAccounts().empty();
     };
-    if (!isReady()) {
+    const bool needsAccount = environment.store.index().openAccounts().empty();
+    if (needsAccount) {
         environment.appState.showNotice(
             {.text = quoted(nameOf(path)) + " is imported as soon as there is an open account.",
              .stays = true});
     }
-    waitUntil(environment.scheduler, isReady, [&environment, path] {
-        environment.appState.dismissNotice();
+    waitUntil(environment.scheduler, isReady, [&environment, path, needsAccount] {
+        if (needsAccount) {
+            environment.appState.dismissNotice();
+        }
         importStatement(environment, path);
     });
 }

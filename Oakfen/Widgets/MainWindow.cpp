@@ -98,12 +98,12 @@ void MainWindow::buildContent() {
     grid->addWidget(splitter_, 0, 0);
     grid->addWidget(pill_, 0, 0, Qt::AlignHCenter | Qt::AlignTop);
     grid->addWidget(gate_, 0, 0);
-    // Over the gate too: what it says of the data file matters there as well. Clear of the figures at
-    // the foot of a screen.
+    // Over the gate too: what it says of the data file matters there as well. Clear of the figures
+    // at the foot of a screen.
     auto* foot = new QVBoxLayout;
+    foot->setContentsMargins(0, 0, 2 * Theme::grid, 6 * Theme::grid);
     foot->addWidget(notice_);
-    foot->addSpacing(6 * Theme::grid);
-    grid->addLayout(foot, 0, 0, Qt::AlignHCenter | Qt::AlignBottom);
+    grid->addLayout(foot, 0, 0, Qt::AlignRight | Qt::AlignBottom);
     setCentralWidget(root);
 }
 

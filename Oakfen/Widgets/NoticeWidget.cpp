@@ -14,7 +14,7 @@ namespace oakfen {
 
 namespace {
 
-constexpr int greatestTextWidth = 520;
+constexpr int greatestTextWidth = 420;
 /// Time to read it and to reach its button.
 constexpr std::chrono::seconds shownFor(8);
 
@@ -70,6 +70,8 @@ void NoticeWidget::refresh() {
     setAccessibleName(text);
     action_->setText(qt(notice->actionTitle));
     action_->setVisible(!notice->actionTitle.empty());
+    // What stays goes by its action only.
+    close_->setVisible(!notice->stays || notice->actionTitle.empty());
     if (!notice->stays) {
         goInAWhile();
     }
