@@ -59,6 +59,18 @@ def a_named_data_file_has_no_lock_left(desktop, program):
     assert os.listdir(folder) == ["Money.tarnwick"], os.listdir(folder)
 
 
+def a_name_that_is_no_text_is_opened(desktop, program):
+    folder = os.path.join(desktop.home, "documents")
+    path = os.path.join(os.fsencode(folder), b"\xff\xe9.tarnwick")
+    os.rename(os.path.join(folder, "Money.tarnwick"), path)
+    process = desktop.start(program, path)
+    screen.watch(process)
+    # The document is found: the welcome of an empty program would offer to start afresh instead.
+    screen.find("label", "Protect Your Data with a Password")
+    assert stop(process) == 0
+    assert os.listdir(os.fsencode(folder)) == [b"\xff\xe9.tarnwick"]
+
+
 def main():
     program = sys.argv[1]
     with Desktop() as desktop:
@@ -67,6 +79,7 @@ def main():
         a_named_file_stays(desktop, program, "photo.jpg", b"\xff\xd8\xff", "OK")
         a_named_file_stays(desktop, program, "bank.csv", b"Date,Amount\n2026-01-02,5\n", "Quit")
         a_named_data_file_has_no_lock_left(desktop, program)
+        a_name_that_is_no_text_is_opened(desktop, program)
     print("All was left alone.")
 
 

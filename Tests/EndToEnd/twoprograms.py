@@ -48,7 +48,10 @@ def add_account(desktop, process, name):
 def second_starts_raise_the_first(desktop, program, first):
     open_folder = os.path.join(desktop.home, "open-run")
     os.mkdir(open_folder, 0o755)
-    for changes in ({}, {"XDG_RUNTIME_DIR": None}, {"XDG_RUNTIME_DIR": open_folder},
+    # What remains of the environment in a start by cron, su or a container.
+    bare = {name: None for name in desktop.environment
+            if name not in ("DISPLAY", "HOME", "XDG_DATA_HOME")}
+    for changes in ({}, bare, {"XDG_RUNTIME_DIR": None}, {"XDG_RUNTIME_DIR": open_folder},
                     {"XDG_RUNTIME_DIR": None, "XDG_CONFIG_HOME": None, "LANG": None}):
         second = desktop.start(program, **changes)
         assert second.wait(timeout=PATIENCE) == 0, f"a start with {changes} opened the file too"
