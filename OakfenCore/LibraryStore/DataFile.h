@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "OakfenCore/LibraryStore/BackgroundWriter.h"
+#include "OakfenCore/Platform/BackgroundWriter.h"
 #include "OakfenCore/Platform/Clock.h"
 #include "OakfenCore/Support/ContentHash.h"
 #include "OakfenCore/Support/FileSystem.h"

@@ -1,4 +1,4 @@
-#include "OakfenCore/LibraryStore/BackgroundWriter.h"
+#include "OakfenCore/Platform/BackgroundWriter.h"
 
 #include <condition_variable>
 #include <exception>

@@ -9,8 +9,8 @@
 
 namespace oakfen {
 
-/// Does one piece of writing at a time on a worker, so that a long document doesn't stall the
-/// window while it is encoded and synced. Whoever is about to touch the file on the main thread
+/// Does one piece of writing at a time on a worker, so that a long document or a slow disk doesn't
+/// stall the window while it is encoded and synced. Whoever is about to touch the file on the main thread
 /// settles first; so no two writes ever overlap, and none comes after a later one.
 class BackgroundWriter {
 public:
