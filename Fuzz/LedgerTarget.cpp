@@ -27,7 +27,7 @@ public:
     LedgerSession() {
         files_.addFolder("/home/ann");
         files_.addFile(path, encodeLibrary(emptyDocument("CAD")));
-        defaults_.setBoolean(LibraryStore::unencryptedKey, true);
+        defaults_.set(settings::dataFileUnencrypted, true);
         store_ = std::make_unique<LibraryStore>(
             path, LibraryStoreServices{files_, scheduler_, clock_, defaults_, passwords_, keys_});
         store_->setUndoManager(undo_);

@@ -207,7 +207,7 @@ private:
              .startsGroup = true,
              .isEnabled =
                  [&defaults = environment_.defaults] {
-                     return defaults.boolean(AppState::requireAuthenticationKey);
+                     return defaults.get(settings::requireAuthentication);
                  },
              .perform = [&state = environment_.appState] { state.setUnlocked(false); }});
     }

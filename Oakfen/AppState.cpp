@@ -62,7 +62,7 @@ const std::vector<SidebarItem>& overviewItems() {
 }
 
 AppState::AppState(const UserDefaults& defaults)
-    : isUnlocked_(!defaults.boolean(requireAuthenticationKey)) {}
+    : isUnlocked_(!defaults.get(settings::requireAuthentication)) {}
 
 void AppState::setSelection(std::optional<SidebarItem> selection) {
     assign(selection_, std::move(selection), selectionChanged);

@@ -105,9 +105,6 @@ struct Notice {
 /// notifies nobody. Lives on the main thread.
 class AppState {
 public:
-    /// Under this key the setting of the extra screen lock is kept.
-    static constexpr std::string_view requireAuthenticationKey = "requireAuthentication";
-
     explicit AppState(const UserDefaults& defaults);
 
     /// What the detail area shows; absent shows the dashboard, with nothing selected.

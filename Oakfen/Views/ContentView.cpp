@@ -3,7 +3,7 @@
 namespace oakfen {
 
 bool ContentView::isScreenLocked() const {
-    return environment_.defaults.boolean(AppState::requireAuthenticationKey) &&
+    return environment_.defaults.get(settings::requireAuthentication) &&
            !environment_.appState.isUnlocked();
 }
 

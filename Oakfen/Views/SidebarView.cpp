@@ -47,11 +47,11 @@ std::optional<std::string> creditUseText(const Account& account, const Decimal& 
 }
 
 bool SidebarView::showsClosedAccounts() const {
-    return environment_.defaults.boolean(showClosedAccountsKey);
+    return environment_.defaults.get(settings::showClosedAccounts);
 }
 
 void SidebarView::toggleClosedAccounts() {
-    environment_.defaults.setBoolean(showClosedAccountsKey, !showsClosedAccounts());
+    environment_.defaults.set(settings::showClosedAccounts, !showsClosedAccounts());
 }
 
 int SidebarView::badge(const SidebarItem& item) const {

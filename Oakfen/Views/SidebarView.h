@@ -2,7 +2,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "Oakfen/AppEnvironment.h"
@@ -13,9 +12,6 @@ namespace oakfen {
 /// The left column: the overview, the accounts by group, net worth and the add menu.
 class SidebarView {
 public:
-    /// Under this key is kept whether closed accounts are listed.
-    static constexpr std::string_view showClosedAccountsKey = "showClosedAccounts";
-
     struct OverviewRow {
         SidebarItem item;
         std::string title;

@@ -161,7 +161,7 @@ void SidebarWidget::watch() {
         showSelection();
     }));
     subscriptions_.push_back(environment_.defaults.changes.observe([this](const std::string& key) {
-        if (key == SidebarView::showClosedAccountsKey) {
+        if (key == settings::showClosedAccounts.key) {
             refresh();
         }
     }));

@@ -196,7 +196,7 @@ void LibraryStore::useNoPassword() {
             throw;
         }
     }
-    state_->services.defaults.setBoolean(state_->choiceKey, true);
+    state_->services.defaults.set(state_->choice(), true);
     State::Status status = state_->status;
     status.accessState = {.kind = AccessState::Kind::open};
     status.isNewLibrary = false;

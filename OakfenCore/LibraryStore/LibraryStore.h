@@ -50,7 +50,7 @@ struct LibraryStoreServices {
 class LibraryStore {
 public:
     /// Under this key a person's choice to run without a password is kept.
-    static constexpr std::string_view unencryptedKey = "dataFileUnencrypted";
+    static constexpr std::string_view unencryptedKey = settings::dataFileUnencrypted.key;
 
     /// Opens the file, whatever its format, and enters the reminders that fell due meanwhile; never
     /// throws. Without a path the document is in memory only. `choiceKey` differs from

@@ -23,7 +23,11 @@ struct LibraryStore::State : std::enable_shared_from_this<LibraryStore::State> {
     State(LibraryStore& store, std::optional<std::string> path,
           const LibraryStoreServices& theServices, std::string key);
 
-    [[nodiscard]] bool isPlainByChoice() const { return services.defaults.boolean(choiceKey); }
+    /// The choice to run this file without a password.
+    [[nodiscard]] Setting<bool> choice() const {
+        return {choiceKey, settings::dataFileUnencrypted.fallback};
+    }
+    [[nodiscard]] bool isPlainByChoice() const { return services.defaults.get(choice()); }
 
     /// Whether the document may be written, and in which protection is settled.
     [[nodiscard]] bool isSaved() const;

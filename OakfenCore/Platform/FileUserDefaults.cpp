@@ -11,7 +11,7 @@ namespace oakfen {
 
 namespace {
 
-struct Setting {
+struct Entry {
     std::string key;
     std::string value;
 };
@@ -47,11 +47,11 @@ std::string lineOf(std::string_view key, std::string_view value) {
 }
 
 /// Nothing for a line that is no setting: a comment, a heading, an empty line.
-std::optional<Setting> settingIn(std::string_view line) {
+std::optional<Entry> settingIn(std::string_view line) {
     if (line.starts_with('#')) {
         return std::nullopt;
     }
-    Setting setting;
+    Entry setting;
     std::string* part = &setting.key;
     for (std::size_t index = 0; index < line.size(); ++index) {
         const char character = line[index];
@@ -87,7 +87,7 @@ FileUserDefaults::FileUserDefaults(FileSystem& files, std::string path)
         return;
     }
     for (const std::string_view line : linesOf(text)) {
-        if (const std::optional<Setting> setting = settingIn(line)) {
+        if (const std::optional<Entry> setting = settingIn(line)) {
             values_.insert_or_assign(setting->key, setting->value);
         }
     }
@@ -139,7 +139,7 @@ void FileUserDefaults::write() {
         Changes rest = unwritten_;
         std::string after;
         for (const std::string_view line : linesOf(before)) {
-            const std::optional<Setting> setting = settingIn(line);
+            const std::optional<Entry> setting = settingIn(line);
             const auto change = setting ? unwritten_.find(setting->key) : unwritten_.end();
             if (change == unwritten_.end()) {
                 after += std::string(line) + '\n';

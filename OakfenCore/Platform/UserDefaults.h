@@ -4,24 +4,39 @@
 #include <string>
 #include <string_view>
 
+#include "OakfenCore/Platform/Settings.h"
 #include "OakfenCore/Support/Observers.h"
 
 namespace oakfen {
 
-/// The person's settings, by key. A value that is absent reads as nothing.
+/// The person's settings. They are read and changed by the entries of the table of settings;
+/// beneath, each is a text under its key.
 class UserDefaults {
 public:
     virtual ~UserDefaults() = default;
 
+    /// What is stored; the fallback where nothing is, or a text that is no such value.
+    [[nodiscard]] bool get(const Setting<bool>& setting) const;
+    [[nodiscard]] long long get(const Setting<long long>& setting) const;
+    [[nodiscard]] double get(const Setting<double>& setting) const;
+    [[nodiscard]] std::string get(const Setting<std::string_view>& setting) const;
+
+    /// The stored text as `read` understands it, else the fallback. `read` returns an optional,
+    /// which must have a value for the fallback.
+    template <typename Read>
+    [[nodiscard]] auto get(const Setting<std::string_view>& setting, Read&& read) const {
+        const auto stored = read(get(setting));
+        return stored ? *stored : *read(setting.fallback);
+    }
+
+    void set(const Setting<bool>& setting, bool value);
+    void set(const Setting<long long>& setting, long long value);
+    void set(const Setting<double>& setting, double value);
+    void set(const Setting<std::string_view>& setting, std::string_view value);
+
     [[nodiscard]] virtual std::optional<std::string> string(std::string_view key) const = 0;
     virtual void setString(std::string_view key, std::string_view value) = 0;
     virtual void remove(std::string_view key) = 0;
-
-    /// "true" is true; absent or anything else is false.
-    [[nodiscard]] bool boolean(std::string_view key) const;
-    void setBoolean(std::string_view key, bool value);
-    [[nodiscard]] std::optional<long long> integer(std::string_view key) const;
-    void setInteger(std::string_view key, long long value);
 
     /// Told after each change with the key.
     Observers<const std::string&> changes;

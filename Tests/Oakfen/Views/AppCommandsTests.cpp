@@ -161,14 +161,14 @@ TEST_F(AppCommandsTest, KeepsUndoAwayWhileASheetIsOpen) {
 
 TEST_F(AppCommandsTest, KeepsUndoAwayWhileTheScreenIsCovered) {
     addAccount("Everyday");
-    test.defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    test.defaults.set(settings::requireAuthentication, true);
     test.appState->setUnlocked(false);
     EXPECT_FALSE(isEnabled("Undo New Account"));
 }
 
 TEST_F(AppCommandsTest, LocksOnlyWhenTheSettingIsOn) {
     EXPECT_FALSE(isEnabled("Lock Oakfen"));
-    test.defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    test.defaults.set(settings::requireAuthentication, true);
     EXPECT_TRUE(isEnabled("Lock Oakfen"));
     command("Lock Oakfen").perform();
     EXPECT_FALSE(test.appState->isUnlocked());
@@ -233,7 +233,7 @@ TEST_F(AppCommandsTest, QuitsThroughTheWindow) {
 
 TEST(AppCommandsBehindTheGate, AreDisabledButForLocking) {
     TestEnvironment test{TestEnvironment::Unopened{}};
-    test.defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    test.defaults.set(settings::requireAuthentication, true);
     const auto commands =
         makeAppCommands(*test, *test.undoManager, {[] {}, [] {}, [] { return true; }, [] {}});
     for (const AppCommand& each : commands) {

@@ -30,7 +30,7 @@ TEST_F(AppStateTest, StartsUnlockedWhenNothingIsSetAboutAuthentication) {
 }
 
 TEST_F(AppStateTest, StartsLockedWhenAuthenticationIsRequired) {
-    defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    defaults.set(settings::requireAuthentication, true);
     EXPECT_FALSE(AppState(defaults).isUnlocked());
 }
 

@@ -24,7 +24,7 @@ TEST(ContentView, ShowsTheGateUntilTheFileIsOpen) {
 
 TEST(ContentView, LetsTheGateWinOverTheLock) {
     TestEnvironment test{TestEnvironment::Unopened{}};
-    test.defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    test.defaults.set(settings::requireAuthentication, true);
     test.appState->setUnlocked(false);
     const ContentView view(*test);
     EXPECT_EQ(view.cover(), Cover::gate);
@@ -38,7 +38,7 @@ TEST(ContentView, AsksForTheLockOnlyWhileTheSettingIsOn) {
     test.appState->setUnlocked(false);
     const ContentView view(*test);
     EXPECT_EQ(view.cover(), Cover::none);
-    test.defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    test.defaults.set(settings::requireAuthentication, true);
     EXPECT_EQ(view.cover(), Cover::lock);
     test.appState->setUnlocked(true);
     EXPECT_EQ(view.cover(), Cover::none);
@@ -46,7 +46,7 @@ TEST(ContentView, AsksForTheLockOnlyWhileTheSettingIsOn) {
 
 TEST(ContentView, DoesNotLockAtOnceWhenTheSettingIsTurnedOn) {
     TestEnvironment test;
-    test.defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    test.defaults.set(settings::requireAuthentication, true);
     EXPECT_EQ(ContentView(*test).cover(), Cover::none);
     EXPECT_FALSE(ContentView(*test).isObscured());
 }

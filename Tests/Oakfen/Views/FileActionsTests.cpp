@@ -197,7 +197,7 @@ TEST_F(FileActionsTest, ShowsNoReviewOverAQuestion) {
 }
 
 TEST_F(FileActionsTest, ShowsNoReviewOverTheLockedScreen) {
-    test.defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    test.defaults.set(settings::requireAuthentication, true);
     importFile("/home/ann/March.csv", statement);
     test.appState->setUnlocked(false);
     test.scheduler.advance(lookingTime);
@@ -242,7 +242,7 @@ TEST_F(FileActionsTest, TakesNoDroppedFileWhileSomethingElseGoesOn) {
     test.appState->setSheet(ActiveSheet{ActiveSheet::NewAccount{}});
     EXPECT_FALSE(FileActions::canTakeDroppedFiles(*test));
     test.appState->setSheet(std::nullopt);
-    test.defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    test.defaults.set(settings::requireAuthentication, true);
     test.appState->setUnlocked(false);
     EXPECT_FALSE(FileActions::canTakeDroppedFiles(*test));
     FileActions::takeDroppedFiles(*test, {"/home/ann/March.pdf"});

@@ -183,7 +183,7 @@ TEST_F(OtherVersionFlowTest, WaitsUntilASheetIsClosed) {
 }
 
 TEST_F(OtherVersionFlowTest, TellsNothingToWhoeverFindsTheWindowLocked) {
-    test.defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    test.defaults.set(settings::requireAuthentication, true);
     test.appState->setUnlocked(false);
     collide();
     EXPECT_EQ(questions(), 0U);

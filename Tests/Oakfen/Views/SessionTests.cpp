@@ -27,7 +27,7 @@ TEST(Session, FollowsTheDayInItsIndex) {
 
 TEST(Session, ShowsASampleWithoutAFileThatIsOpenAndUnlocked) {
     TestEnvironment own;
-    own.defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    own.defaults.set(settings::requireAuthentication, true);
     KeptInMemory kept;
     const std::unique_ptr<Session> sample = Session::sample(
         {{own.files, own.scheduler, own.clock, kept.defaults, kept.passwordStore, kept.legacyKeys},
@@ -38,8 +38,8 @@ TEST(Session, ShowsASampleWithoutAFileThatIsOpenAndUnlocked) {
     EXPECT_TRUE(environment.store.accessState().isOpen());
     EXPECT_TRUE(environment.appState.isUnlocked());
     EXPECT_FALSE(environment.store.library().accounts.empty());
-    environment.defaults.setBoolean("showClosedAccounts", true);
-    EXPECT_FALSE(own.defaults.boolean("showClosedAccounts"));
+    environment.defaults.set(settings::showClosedAccounts, true);
+    EXPECT_FALSE(own.defaults.get(settings::showClosedAccounts));
 }
 
 } // namespace

@@ -97,7 +97,7 @@ TEST_F(SidebarViewTest, HasNoSectionForAGroupOfOnlyClosedAccounts) {
     EXPECT_TRUE(view.showsClosedAccounts());
     ASSERT_EQ(view.sections().size(), 1U);
     EXPECT_TRUE(view.sections()[0].rows[0].isClosed);
-    EXPECT_TRUE(test.defaults.boolean("showClosedAccounts"));
+    EXPECT_TRUE(test.defaults.get(settings::showClosedAccounts));
 }
 
 TEST_F(SidebarViewTest, ShowsTheBalanceOfAClosedAccountToo) {

@@ -53,7 +53,7 @@ TEST_F(BusyPillTest, LetsClicksThrough) {
 
 TEST_F(BusyPillTest, StaysBehindWhatCoversTheScreen) {
     test->authenticator.holdPrompt();
-    test->defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    test->defaults.set(settings::requireAuthentication, true);
     test->appState->setUnlocked(false);
     test->appState->setBusyMessage("Reading March.csv…");
     waitOutTheDelay();

@@ -125,7 +125,7 @@ class LockTest : public testing::WindowTest {
 protected:
     void lock() {
         test->authenticator.holdPrompt();
-        test->defaults.setBoolean(AppState::requireAuthenticationKey, true);
+        test->defaults.set(settings::requireAuthentication, true);
         test->appState->setUnlocked(false);
         settle();
     }
@@ -174,16 +174,16 @@ TEST_F(LockTest, StaysWithTheReasonAfterAFailureUntilItsButtonAsksAgain) {
 
 TEST_F(LockTest, AsksForNothingWhenItIsGoneBeforeItCameUp) {
     test->authenticator.holdPrompt();
-    test->defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    test->defaults.set(settings::requireAuthentication, true);
     test->appState->setUnlocked(false);
-    test->defaults.setBoolean(AppState::requireAuthenticationKey, false);
+    test->defaults.set(settings::requireAuthentication, false);
     settle();
     EXPECT_TRUE(test->authenticator.reasons.empty());
     EXPECT_EQ(shown<GateWidget>(), nullptr);
 }
 
 TEST_F(LockTest, OpensAtOnceOnAMachineWithoutAWayToAuthenticate) {
-    test->defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    test->defaults.set(settings::requireAuthentication, true);
     action(QStringLiteral("Lock Oakfen"))->trigger();
     EXPECT_NE(shown<GateWidget>(), nullptr);
     settle();
@@ -195,7 +195,7 @@ TEST_F(LockTest, OpensAtOnceOnAMachineWithoutAWayToAuthenticate) {
 TEST_F(LockTest, IsThereFromTheStartAndAsksThen) {
     window.reset();
     test->authenticator.holdPrompt();
-    test->defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    test->defaults.set(settings::requireAuthentication, true);
     test->appState->setUnlocked(false);
     openWindow();
     EXPECT_NE(shown<GateWidget>(), nullptr);
@@ -204,7 +204,7 @@ TEST_F(LockTest, IsThereFromTheStartAndAsksThen) {
 
 TEST_F(LockTest, GoesAwayAsSoonAsTheSettingIsTurnedOff) {
     lock();
-    test->defaults.setBoolean(AppState::requireAuthenticationKey, false);
+    test->defaults.set(settings::requireAuthentication, false);
     settle();
     EXPECT_EQ(shown<GateWidget>(), nullptr);
 }
@@ -234,7 +234,7 @@ protected:
 };
 
 TEST_F(GateBeforeLockTest, FadesFromTheGateToTheLock) {
-    test->defaults.setBoolean(AppState::requireAuthenticationKey, true);
+    test->defaults.set(settings::requireAuthentication, true);
     test->appState->setUnlocked(false);
     settle();
     ASSERT_NE(shown<GateWidget>(), nullptr);

@@ -411,7 +411,7 @@ void SoakDriver::hearNews() {
         break;
     case 2:
         note("the lock is set or unset");
-        test_.defaults.setBoolean(AppState::requireAuthenticationKey, below(3) == 0);
+        test_.defaults.set(settings::requireAuthentication, below(3) == 0);
         break;
     default:
         note("closed accounts are shown or hidden");
@@ -432,7 +432,7 @@ void SoakDriver::requireHealthy() {
 }
 
 void SoakDriver::closeEverything() {
-    test_.defaults.setBoolean(AppState::requireAuthenticationKey, false);
+    test_.defaults.set(settings::requireAuthentication, false);
     for (int round = 0; round < 20; ++round) {
         // A review that has waited for the sheets to close comes now.
         test_.scheduler.advance(1);

@@ -113,7 +113,7 @@ TEST_F(StartOverTest, LeavesTheSavedPasswordAndTheChoiceAlone) {
     LibraryStore& store = openPlain();
     store.startOver();
     EXPECT_EQ(passwords.load(), "secret");
-    EXPECT_TRUE(defaults.boolean(LibraryStore::unencryptedKey));
+    EXPECT_TRUE(defaults.get(settings::dataFileUnencrypted));
 }
 
 TEST_F(StartOverTest, SetsAsideWhatWasEditedLast) {
@@ -155,7 +155,7 @@ TEST_F(UseNoPasswordTest, WritesAPlainFileAndRemembersTheChoice) {
     addAccount(store, "Savings");
     store.useNoPassword();
     EXPECT_EQ(onDisk(), store.library());
-    EXPECT_TRUE(defaults.boolean(LibraryStore::unencryptedKey));
+    EXPECT_TRUE(defaults.get(settings::dataFileUnencrypted));
     EXPECT_TRUE(store.accessState().isOpen());
     EXPECT_FALSE(store.isNewLibrary());
     EXPECT_FALSE(store.hasUnsavedChanges());
@@ -221,8 +221,8 @@ TEST_F(UseNoPasswordTest, OpensADocumentInMemory) {
 TEST_F(UseNoPasswordTest, KeepsTheChoiceOfAnotherFileApart) {
     LibraryStore store("/home/user/other.tarnwick", services(), "dataFileUnencrypted:other");
     store.useNoPassword();
-    EXPECT_TRUE(defaults.boolean("dataFileUnencrypted:other"));
-    EXPECT_FALSE(defaults.boolean(LibraryStore::unencryptedKey));
+    EXPECT_TRUE(defaults.get(Setting<bool>{"dataFileUnencrypted:other", false}));
+    EXPECT_FALSE(defaults.get(settings::dataFileUnencrypted));
     addAccount(store, "Savings");
     store.saveNow();
     EXPECT_FALSE(store.hasUnsavedChanges());

@@ -16,7 +16,7 @@ struct StoreBench {
         return {files, scheduler, clock, defaults, passwords, legacyKeys};
     }
 
-    void choosePlain() { defaults.setBoolean(LibraryStore::unencryptedKey, true); }
+    void choosePlain() { defaults.set(settings::dataFileUnencrypted, true); }
 
     FileSystem& files;
     ManualScheduler scheduler;

@@ -46,7 +46,7 @@ protected:
 
     void close() { store_.reset(); }
 
-    void choosePlain() { defaults.setBoolean(LibraryStore::unencryptedKey, true); }
+    void choosePlain() { defaults.set(settings::dataFileUnencrypted, true); }
 
     [[nodiscard]] LibraryStoreServices services() {
         return {files, scheduler, clock, defaults, passwords, legacyKeys};

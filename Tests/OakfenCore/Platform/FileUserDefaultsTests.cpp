@@ -31,14 +31,14 @@ TEST_F(FileUserDefaultsTest, AreEmptyWithoutAFileAndWriteNone) {
 TEST_F(FileUserDefaultsTest, WriteEachChangeAtOnceForTheOwnerAlone) {
     FileUserDefaults defaults = open();
     defaults.setString("reportRange", "This Year");
-    defaults.setBoolean("requireAuthentication", true);
+    defaults.set(settings::requireAuthentication, true);
     EXPECT_EQ(files.contents(path), "reportRange=This Year\nrequireAuthentication=true\n");
     EXPECT_EQ(files.permissions(path), 0600U);
 }
 
 TEST_F(FileUserDefaultsTest, AreThereAtTheNextStart) {
-    open().setInteger("autoBackupKeep", 10);
-    EXPECT_EQ(open().integer("autoBackupKeep"), 10);
+    open().set(settings::autoBackupKeep, 5);
+    EXPECT_EQ(open().get(settings::autoBackupKeep), 5);
 }
 
 TEST_F(FileUserDefaultsTest, KeepAnyKeyAndAnyValue) {
