@@ -59,7 +59,7 @@ MainWindow::MainWindow(AppEnvironment& environment, std::function<void()> reques
     subscriptions_.push_back(environment_.store.statusChanged.observe([this] { refreshCover(); }));
     subscriptions_.push_back(state.lockChanged.observe([this] { refreshCover(); }));
     subscriptions_.push_back(
-        environment_.defaults.changes.observe([this](const std::string&) { refreshCover(); }));
+        environment_.defaults.observe(settings::requireAuthentication, [this] { refreshCover(); }));
     subscriptions_.push_back(state.busyChanged.observe(
         [this] { pill_->setMessage(environment_.appState.busyMessage()); }));
     refreshCover();

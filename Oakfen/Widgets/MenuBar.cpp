@@ -85,7 +85,7 @@ void MenuBar::watch(UndoManager& undoManager) {
         subscriptions_.push_back(observers->observe(refreshed));
     }
     subscriptions_.push_back(
-        environment_.defaults.changes.observe([this](const std::string&) { refresh(); }));
+        environment_.defaults.observe(settings::requireAuthentication, refreshed));
 }
 
 void MenuBar::refresh() {

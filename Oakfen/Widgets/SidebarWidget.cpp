@@ -160,11 +160,8 @@ void SidebarWidget::watch() {
         unfoldSelection();
         showSelection();
     }));
-    subscriptions_.push_back(environment_.defaults.changes.observe([this](const std::string& key) {
-        if (key == settings::showClosedAccounts.key) {
-            refresh();
-        }
-    }));
+    subscriptions_.push_back(
+        environment_.defaults.observe(settings::showClosedAccounts, refreshed));
 }
 
 void SidebarWidget::refresh() {

@@ -124,7 +124,7 @@ void FileUserDefaults::change(std::string_view key, std::optional<std::string> v
         write();
     }
     if (differs) {
-        changes.notify(std::string(key));
+        tellChanged(key);
     }
 }
 

@@ -19,7 +19,7 @@ public:
     void setString(std::string_view key, std::string_view value) override {
         if (string(key) != value) {
             values_.insert_or_assign(std::string(key), std::string(value));
-            changes.notify(std::string(key));
+            tellChanged(key);
         }
     }
 
@@ -27,7 +27,7 @@ public:
         const auto found = values_.find(key);
         if (found != values_.end()) {
             values_.erase(found);
-            changes.notify(std::string(key));
+            tellChanged(key);
         }
     }
 

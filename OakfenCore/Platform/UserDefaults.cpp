@@ -59,4 +59,11 @@ void UserDefaults::set(const Setting<std::string_view>& setting, std::string_vie
     setString(setting.key, value);
 }
 
+void UserDefaults::tellChanged(std::string_view key) {
+    const auto found = observers_.find(key);
+    if (found != observers_.end()) {
+        found->second.notify();
+    }
+}
+
 } // namespace oakfen

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "OakfenCore/Platform/Settings.h"
 #include "OakfenCore/Support/Observers.h"
@@ -38,8 +41,19 @@ public:
     virtual void setString(std::string_view key, std::string_view value) = 0;
     virtual void remove(std::string_view key) = 0;
 
-    /// Told after each change with the key.
-    Observers<const std::string&> changes;
+    /// Calls back after each change of that setting, and of no other.
+    template <typename Value>
+    [[nodiscard]] Subscription observe(const Setting<Value>& setting,
+                                       std::function<void()> callback) {
+        return observers_[std::string(setting.key)].observe(std::move(callback));
+    }
+
+protected:
+    /// Tells those who observe the setting under that key.
+    void tellChanged(std::string_view key);
+
+private:
+    std::map<std::string, Observers<>, std::less<>> observers_;
 };
 
 } // namespace oakfen

@@ -95,18 +95,32 @@ TEST(Settings, HaveTheKeysAndDefaultsThatTheProgramBeganWith) {
     EXPECT_EQ(defaults.get(reportRange), "yearToDate");
 }
 
-TEST(UserDefaults, TellOfEachChangeWithItsKeyAndOfNothingElse) {
+TEST(UserDefaults, TellOfEachChangeThoseWhoReadThatSettingOnly) {
     InMemoryUserDefaults defaults;
-    std::vector<std::string> keys;
-    const Subscription subscription =
-        defaults.changes.observe([&](const std::string& key) { keys.push_back(key); });
-    defaults.setString("a", "1");
-    defaults.setString("a", "1");
-    defaults.setString("b", "1");
-    defaults.remove("a");
-    defaults.remove("a");
-    EXPECT_THAT(keys, ElementsAre("a", "b", "a"));
-    EXPECT_FALSE(defaults.string("a").has_value());
+    int changes = 0;
+    const Subscription subscription = defaults.observe(count, [&] { ++changes; });
+    defaults.set(count, 1);
+    defaults.set(count, 1);
+    defaults.setString("another key", "1");
+    EXPECT_EQ(changes, 1);
+    defaults.remove("key");
+    defaults.remove("key");
+    EXPECT_EQ(changes, 2);
+    EXPECT_EQ(defaults.get(count), 7);
+}
+
+TEST(UserDefaults, LetWhoIsToldReadTheNewValueAndObserveAnother) {
+    InMemoryUserDefaults defaults;
+    std::vector<long long> values;
+    std::vector<Subscription> subscriptions;
+    subscriptions.push_back(defaults.observe(count, [&] {
+        values.push_back(defaults.get(count));
+        subscriptions.push_back(
+            defaults.observe(settings::autoBackupKeep, [&] { values.push_back(-1); }));
+    }));
+    defaults.set(count, 2);
+    defaults.set(settings::autoBackupKeep, 3);
+    EXPECT_THAT(values, ElementsAre(2, -1));
 }
 
 } // namespace
