@@ -42,7 +42,10 @@ public:
         panels_.setWindow(&window_);
         // A session that ends may not wait for an answer, but a save is quick.
         QObject::connect(qApp, &QGuiApplication::commitDataRequest, &window_,
-                         [this](QSessionManager&) { environment().store.saveNow(); });
+                         [this](QSessionManager&) {
+                             environment().store.saveNow();
+                             environment().defaults.settle();
+                         });
         window_.show();
     }
 
@@ -62,8 +65,8 @@ private:
             windowState_.emplace();
             return Session::sample(services(kept_.defaults));
         }
-        settings_ =
-            std::make_unique<FileUserDefaults>(systemFiles(), FileUserDefaults::defaultFilePath());
+        settings_ = std::make_unique<FileUserDefaults>(systemFiles(), scheduler_,
+                                                       FileUserDefaults::defaultFilePath());
         return std::make_unique<Session>(services(*settings_), *file);
     }
 

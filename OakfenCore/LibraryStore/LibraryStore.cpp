@@ -196,7 +196,10 @@ void LibraryStore::useNoPassword() {
             throw;
         }
     }
+    // The document is on disk: if the program died before the choice followed, the next start would
+    // ask for it again.
     state_->services.defaults.set(state_->choice(), true);
+    state_->services.defaults.settle();
     State::Status status = state_->status;
     status.accessState = {.kind = AccessState::Kind::open};
     status.isNewLibrary = false;

@@ -75,13 +75,20 @@ std::vector<std::string_view> linesOf(std::string_view text) {
     return lines;
 }
 
+std::string fileText(FileSystem& files, const std::string& path) {
+    return fileInformation(files, path) ? readFile(files, path) : std::string();
+}
+
+/// Long enough for a burst of changes to end in one write.
+constexpr double secondsBeforeWriting = 0.5;
+
 } // namespace
 
-FileUserDefaults::FileUserDefaults(FileSystem& files, std::string path)
-    : files_(files), path_(std::move(path)) {
+FileUserDefaults::FileUserDefaults(FileSystem& files, Scheduler& scheduler, std::string path)
+    : files_(files), scheduler_(scheduler), path_(std::move(path)), writer_(scheduler) {
     std::string text;
     try {
-        text = fileText();
+        text = fileText(files_, path_);
     } catch (const LocalizedError&) {
         // Settings that can't be read are as if they were not there; the program runs without.
         return;
@@ -91,6 +98,10 @@ FileUserDefaults::FileUserDefaults(FileSystem& files, std::string path)
             values_.insert_or_assign(setting->key, setting->value);
         }
     }
+}
+
+FileUserDefaults::~FileUserDefaults() {
+    settle();
 }
 
 std::string FileUserDefaults::defaultFilePath() {
@@ -121,42 +132,84 @@ void FileUserDefaults::change(std::string_view key, std::optional<std::string> v
         unwritten_.insert_or_assign(std::string(key), std::move(value));
     }
     if (!unwritten_.empty()) {
-        write();
+        writeSoon();
     }
     if (differs) {
         tellChanged(key);
     }
 }
 
-std::string FileUserDefaults::fileText() const {
-    return fileInformation(files_, path_) ? readFile(files_, path_) : std::string();
+void FileUserDefaults::writeSoon() {
+    if (!std::exchange(isHeld_, true)) {
+        held_ = scheduler_.after(secondsBeforeWriting, [this] {
+            isHeld_ = false;
+            writeInBackground();
+        });
+    }
 }
 
-void FileUserDefaults::write() {
+void FileUserDefaults::writeInBackground() {
+    if (unwritten_.empty()) {
+        return;
+    }
+    if (writer_.isBusy()) {
+        writeSoon();
+        return;
+    }
+    writer_.start(
+        [&files = files_, path = path_, changes = unwritten_] { write(files, path, changes); },
+        [this, changes = unwritten_](const std::optional<std::string>& error) {
+            // A failure is not fatal: the values hold until the program ends.
+            if (!error) {
+                wereWritten(changes);
+            }
+        });
+}
+
+void FileUserDefaults::settle() {
+    held_.cancel();
+    isHeld_ = false;
+    writer_.settle();
+    if (unwritten_.empty()) {
+        return;
+    }
     try {
-        // The file is read again, since another window of the program may have written it.
-        const std::string before = fileText();
-        Changes rest = unwritten_;
-        std::string after;
-        for (const std::string_view line : linesOf(before)) {
-            const std::optional<Entry> setting = settingIn(line);
-            const auto change = setting ? unwritten_.find(setting->key) : unwritten_.end();
-            if (change == unwritten_.end()) {
-                after += std::string(line) + '\n';
-            } else if (rest.erase(setting->key) > 0 && change->second) {
-                after += lineOf(setting->key, *change->second) + '\n';
-            }
-        }
-        for (const auto& [key, value] : rest) {
-            if (value) {
-                after += lineOf(key, *value) + '\n';
-            }
-        }
-        writeOwnerOnly(files_, after, path_);
+        write(files_, path_, unwritten_);
         unwritten_.clear();
     } catch (const LocalizedError&) {
-        // Not fatal: the values hold until the program ends.
+        // Not fatal either.
     }
+}
+
+void FileUserDefaults::wereWritten(const Changes& changes) {
+    for (const auto& [key, value] : changes) {
+        const auto found = unwritten_.find(key);
+        if (found != unwritten_.end() && found->second == value) {
+            unwritten_.erase(found);
+        }
+    }
+}
+
+void FileUserDefaults::write(FileSystem& files, const std::string& path, const Changes& changes) {
+    // The file is read again, since another window of the program may have written it.
+    const std::string before = fileText(files, path);
+    Changes rest = changes;
+    std::string after;
+    for (const std::string_view line : linesOf(before)) {
+        const std::optional<Entry> entry = settingIn(line);
+        const auto change = entry ? changes.find(entry->key) : changes.end();
+        if (change == changes.end()) {
+            after += std::string(line) + '\n';
+        } else if (rest.erase(entry->key) > 0 && change->second) {
+            after += lineOf(entry->key, *change->second) + '\n';
+        }
+    }
+    for (const auto& [key, value] : rest) {
+        if (value) {
+            after += lineOf(key, *value) + '\n';
+        }
+    }
+    writeOwnerOnly(files, after, path);
 }
 
 } // namespace oakfen

@@ -41,6 +41,9 @@ public:
     virtual void setString(std::string_view key, std::string_view value) = 0;
     virtual void remove(std::string_view key) = 0;
 
+    /// Lets what was changed reach the disk before it returns, where it is kept there.
+    virtual void settle() {}
+
     /// Calls back after each change of that setting, and of no other.
     template <typename Value>
     [[nodiscard]] Subscription observe(const Setting<Value>& setting,

@@ -11,55 +11,11 @@
 #include "OakfenCore/Models/LibraryCoding.h"
 #include "OakfenCore/Support/InMemoryFileSystem.h"
 #include "Tests/OakfenCore/LibraryStore/StoreBench.h"
+#include "Tests/OakfenCore/Platform/SteppedScheduler.h"
 #include "Tests/OakfenCore/Support/FileSystemFilter.h"
 
 namespace oakfen {
 namespace {
-
-/// Lets the test decide when a worker does its work and when the main thread hears of it.
-class SteppedScheduler final : public Scheduler {
-public:
-    ScheduledWork after(double /*seconds*/, std::function<void()> work) override {
-        auto token = std::make_shared<std::function<void()>>(std::move(work));
-        timer_ = token;
-        return ScheduledWork(std::move(token));
-    }
-
-    ScheduledWork background(std::function<void()> work, std::function<void()> then) override {
-        auto token = std::make_shared<std::function<void()>>(std::move(then));
-        works.push_back(std::move(work));
-        thens_.push_back(token);
-        return ScheduledWork(std::move(token));
-    }
-
-    /// The save delay is over.
-    void fireTimer() {
-        if (const auto work = timer_.lock()) {
-            timer_.reset();
-            (*work)();
-        }
-    }
-
-    void runWorks() {
-        for (const auto& work : std::exchange(works, {})) {
-            work();
-        }
-    }
-
-    void tellMainThread() {
-        for (const auto& then : std::exchange(thens_, {})) {
-            if (const auto held = then.lock()) {
-                (*held)();
-            }
-        }
-    }
-
-    std::vector<std::function<void()>> works;
-
-private:
-    std::weak_ptr<std::function<void()>> timer_;
-    std::vector<std::weak_ptr<std::function<void()>>> thens_;
-};
 
 class BackgroundSaving : public testing::Test {
 protected:

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "OakfenCore/Platform/FileUserDefaults.h"
 #include "Tests/OakfenCore/LibraryStore/StoreFixture.h"
 
 namespace oakfen {
@@ -162,6 +163,14 @@ TEST_F(UseNoPasswordTest, WritesAPlainFileAndRemembersTheChoice) {
     scheduler.advance(1);
     EXPECT_EQ(writeCount(), 1);
     EXPECT_EQ(open().library(), onDisk());
+}
+
+TEST_F(UseNoPasswordTest, LetsTheChoiceReachTheDiskAtOnce) {
+    const std::string settingsPath = "/home/user/Oakfen.conf";
+    FileUserDefaults stored(files, scheduler, settingsPath);
+    LibraryStore store(path, {files, scheduler, clock, stored, passwords, legacyKeys});
+    store.useNoPassword();
+    EXPECT_EQ(files.contents(settingsPath), "dataFileUnencrypted=true\n");
 }
 
 TEST_F(UseNoPasswordTest, ChangesNothingWhenTheFileCannotBeWritten) {
