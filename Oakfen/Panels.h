@@ -18,6 +18,13 @@ struct OpenPanelRequest {
     std::string extensionsName;
 };
 
+struct FolderPanelRequest {
+    std::string title;
+    std::string message;
+    /// The button that takes the folder.
+    std::string confirmTitle;
+};
+
 struct SavePanelRequest {
     std::string title;
     std::string suggestedName;
@@ -58,6 +65,9 @@ public:
 
     virtual void openFile(const OpenPanelRequest& request,
                           std::function<void(std::optional<std::string> path)> then) = 0;
+    /// Answers with a folder that is there; the person may make one in the panel.
+    virtual void openFolder(const FolderPanelRequest& request,
+                            std::function<void(std::optional<std::string> path)> then) = 0;
     virtual void saveFile(const SavePanelRequest& request,
                           std::function<void(std::optional<std::string> path)> then) = 0;
     virtual void confirm(const ConfirmationRequest& request,

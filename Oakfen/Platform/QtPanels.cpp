@@ -87,6 +87,16 @@ void QtPanels::openFile(const OpenPanelRequest& request,
     run(dialog, std::move(then));
 }
 
+void QtPanels::openFolder(const FolderPanelRequest& request,
+                          std::function<void(std::optional<std::string>)> then) {
+    QFileDialog* dialog = makeFileDialog(request.title);
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
+    dialog->setLabelText(QFileDialog::Accept, qt(request.confirmTitle));
+    addMessage(dialog, request.message);
+    run(dialog, std::move(then));
+}
+
 void QtPanels::saveFile(const SavePanelRequest& request,
                         std::function<void(std::optional<std::string>)> then) {
     QFileDialog* dialog = makeFileDialog(request.title);

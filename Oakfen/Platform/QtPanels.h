@@ -17,6 +17,8 @@ public:
 
     void openFile(const OpenPanelRequest& request,
                   std::function<void(std::optional<std::string>)> then) override;
+    void openFolder(const FolderPanelRequest& request,
+                    std::function<void(std::optional<std::string>)> then) override;
     void saveFile(const SavePanelRequest& request,
                   std::function<void(std::optional<std::string>)> then) override;
     void confirm(const ConfirmationRequest& request, std::function<void(bool)> then) override;

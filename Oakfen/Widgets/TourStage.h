@@ -17,6 +17,8 @@ class SilentPanels final : public Panels {
 public:
     void openFile(const OpenPanelRequest&,
                   std::function<void(std::optional<std::string>)>) override {}
+    void openFolder(const FolderPanelRequest&,
+                    std::function<void(std::optional<std::string>)>) override {}
     void saveFile(const SavePanelRequest&,
                   std::function<void(std::optional<std::string>)>) override {}
     void confirm(const ConfirmationRequest&, std::function<void(bool)>) override {}

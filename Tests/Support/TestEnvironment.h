@@ -30,6 +30,7 @@ public:
     bool holdsAnswers = false;
 
     std::vector<OpenPanelRequest> openRequests;
+    std::vector<FolderPanelRequest> folderRequests;
     std::vector<SavePanelRequest> saveRequests;
     std::vector<ConfirmationRequest> confirmations;
     std::vector<ChoiceRequest> choiceRequests;
@@ -38,6 +39,11 @@ public:
     void openFile(const OpenPanelRequest& request,
                   std::function<void(std::optional<std::string>)> then) override {
         openRequests.push_back(request);
+        answer([this, then = std::move(then)] { then(path); });
+    }
+    void openFolder(const FolderPanelRequest& request,
+                    std::function<void(std::optional<std::string>)> then) override {
+        folderRequests.push_back(request);
         answer([this, then = std::move(then)] { then(path); });
     }
     void saveFile(const SavePanelRequest& request,

@@ -46,6 +46,13 @@ protected:
              .extensionsName = "Statements"},
             [this](const std::optional<std::string>& path) { answers.push_back(path); });
     }
+    void openFolder() {
+        panels.openFolder(
+            {.title = "Choose a Folder",
+             .message = "Backups are kept there.",
+             .confirmTitle = "Use Folder"},
+            [this](const std::optional<std::string>& path) { answers.push_back(path); });
+    }
     void saveFile() {
         panels.saveFile(
             {.title = "Export",
@@ -122,6 +129,24 @@ TEST_F(QtPanelsWindow, AnswerWithNothingWhenTheyAreDismissed) {
     ASSERT_NE(shown(), nullptr);
     shown()->reject();
     EXPECT_EQ(answers, (std::vector<std::optional<std::string>>{std::nullopt, std::nullopt}));
+}
+
+TEST_F(QtPanelsWindow, OfferFoldersOnlyWhereAFolderIsChosen) {
+    openFolder();
+    ASSERT_NE(shown(), nullptr);
+    EXPECT_EQ(shown()->windowTitle(), QStringLiteral("Choose a Folder"));
+    EXPECT_EQ(shown()->fileMode(), QFileDialog::Directory);
+    EXPECT_TRUE(shown()->testOption(QFileDialog::ShowDirsOnly));
+    EXPECT_EQ(shown()->labelText(QFileDialog::Accept), QStringLiteral("Use Folder"));
+}
+
+TEST_F(QtPanelsWindow, AnswerWithTheChosenFolder) {
+    QTemporaryDir folder;
+    openFolder();
+    ASSERT_NE(shown(), nullptr);
+    shown()->findChild<QLineEdit*>()->setText(folder.path());
+    static_cast<QDialog*>(shown())->done(QDialog::Accepted);
+    EXPECT_EQ(answers, (std::vector<std::optional<std::string>>{utf8(folder.path())}));
 }
 
 TEST_F(QtPanelsWindow, AddTheExtensionToANameWithoutOne) {
