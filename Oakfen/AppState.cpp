@@ -102,4 +102,19 @@ void AppState::dismissNotice() {
     }
 }
 
+void AppState::whenFree(std::function<bool()> isFree, std::function<void()> work) {
+    if (isFree()) {
+        work();
+    } else {
+        waiting_.push_back({std::move(isFree), std::move(work)});
+    }
+}
+
+void AppState::doWhatWaits() {
+    // Each is asked anew: the first may open a sheet that the next has to wait for.
+    for (WaitingWork& each : std::exchange(waiting_, {})) {
+        whenFree(std::move(each.isFree), std::move(each.work));
+    }
+}
+
 } // namespace oakfen

@@ -134,6 +134,14 @@ public:
     void showNotice(Notice notice);
     void dismissNotice();
 
+    /// Does the work once `isFree` holds: at once, or when `doWhatWaits` finds it so. What waits is
+    /// forgotten with the state.
+    void whenFree(std::function<bool()> isFree, std::function<void()> work);
+    /// Whether work waits that has not been done.
+    [[nodiscard]] bool hasWaitingWork() const { return !waiting_.empty(); }
+    /// Does the work that has waited long enough, in the order in which it was asked for.
+    void doWhatWaits();
+
     Observers<> selectionChanged;
     Observers<> sheetChanged;
     Observers<> lockChanged;
@@ -144,12 +152,18 @@ public:
     Observers<const UUID&> transactionSaved;
 
 private:
+    struct WaitingWork {
+        std::function<bool()> isFree;
+        std::function<void()> work;
+    };
+
     std::optional<SidebarItem> selection_ = SidebarItem{};
     std::optional<ActiveSheet> sheet_;
     bool isUnlocked_ = true;
     std::optional<std::string> alertMessage_;
     std::optional<std::string> busyMessage_;
     std::optional<Notice> notice_;
+    std::vector<WaitingWork> waiting_;
 };
 
 } // namespace oakfen

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "Oakfen/Views/ContentView.h"
-#include "Oakfen/WaitUntil.h"
 #include "OakfenCore/Importers/StatementImporter.h"
 #include "OakfenCore/Support/FileCalls.h"
 #include "OakfenCore/Support/Quotation.h"
@@ -112,11 +111,11 @@ void importStatement(AppEnvironment& environment, const std::string& path) {
          items] { *items = StatementImporter::parse(contents(files, path), format, calendar); },
         [&environment, path, items, selected = environment.appState.selectedAccountID()] {
             // The person may have gone on meanwhile, and begun to edit.
-            waitUntil(
-                environment.scheduler, [&environment] { return isMainScreenFree(environment); },
-                [&environment, path, items, selected] {
-                    review(environment, path, selected, std::move(*items));
-                });
+            environment.appState.whenFree([&environment] { return isMainScreenFree(environment); },
+                                          [&environment, path, items, selected] {
+                                              review(environment, path, selected,
+                                                     std::move(*items));
+                                          });
         });
 }
 
@@ -130,7 +129,7 @@ void importStatementWhenReady(AppEnvironment& environment, const std::string& pa
             {.text = quoted(nameOf(path)) + " is imported as soon as there is an open account.",
              .stays = true});
     }
-    waitUntil(environment.scheduler, isReady, [&environment, path, needsAccount] {
+    environment.appState.whenFree(isReady, [&environment, path, needsAccount] {
         if (needsAccount) {
             environment.appState.dismissNotice();
         }

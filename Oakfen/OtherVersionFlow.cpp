@@ -5,7 +5,6 @@
 
 #include "Oakfen/AppEnvironment.h"
 #include "Oakfen/Views/ContentView.h"
-#include "Oakfen/WaitUntil.h"
 #include "OakfenCore/Support/Quotation.h"
 
 namespace oakfen {
@@ -30,8 +29,7 @@ void OtherVersionFlow::statusChanged() {
 void OtherVersionFlow::askWhenFree() {
     // Not over a draft, which may belong to the version that is given up, and not to whoever finds
     // the window locked.
-    waitUntil(
-        environment_.scheduler,
+    environment_.appState.whenFree(
         [this] {
             return !environment_.appState.sheet() && !environment_.panels.isAsking() &&
                    ContentView(environment_).cover() != ContentView::Cover::lock;

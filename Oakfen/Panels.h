@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "OakfenCore/Support/Observers.h"
+
 namespace oakfen {
 
 /// What a file panel asks for.
@@ -79,6 +81,9 @@ public:
     /// Whether a dialog stands before the window and waits for the person: one of these, or
     /// another.
     [[nodiscard]] virtual bool isAsking() const = 0;
+
+    /// Told after the last dialog before the window has gone.
+    Observers<> ended;
 };
 
 } // namespace oakfen

@@ -40,6 +40,22 @@ Session::Session(const SessionServices& services, std::unique_ptr<LibraryStore> 
         appState_.showNotice({.text = quoted(fileCalls::nameOf(*store_->filePath())) +
                                       " had gone and was written again."});
     });
+    watchForAFreeWindow(services);
+}
+
+void Session::watchForAFreeWindow(const SessionServices& services) {
+    const auto look = [this, &scheduler = services.store.scheduler] {
+        if (appState_.hasWaitingWork()) {
+            // Not at once: whoever closed a sheet or unlocked may not have come to an end yet.
+            look_ = scheduler.after(0, [this] { appState_.doWhatWaits(); });
+        }
+    };
+    for (Observers<>* freed :
+         {&appState_.sheetChanged, &appState_.lockChanged, &store_->libraryChanged,
+          &store_->statusChanged, &services.panels.ended}) {
+        freeing_.push_back(freed->observe(look));
+    }
+    freeing_.push_back(services.store.defaults.observe(settings::requireAuthentication, look));
 }
 
 void Session::tellOfVersionsBeside() {

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "Oakfen/AppEnvironment.h"
 #include "Oakfen/OtherVersionFlow.h"
@@ -46,6 +47,8 @@ private:
     Session(const SessionServices& services, std::unique_ptr<LibraryStore> store);
 
     void tellOfVersionsBeside();
+    /// Has what waits for a free window done as soon as something that kept it waiting has changed.
+    void watchForAFreeWindow(const SessionServices& services);
 
     DayChange dayChange_;
     std::shared_ptr<UndoManager> undoManager_ = std::make_shared<UndoManager>();
@@ -56,6 +59,8 @@ private:
     OtherVersionFlow otherVersion_;
     Subscription dayChanged_;
     Subscription missingFileWritten_;
+    std::vector<Subscription> freeing_;
+    ScheduledWork look_;
 };
 
 } // namespace oakfen

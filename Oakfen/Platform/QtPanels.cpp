@@ -48,7 +48,19 @@ void addMessage(QFileDialog* dialog, const std::string& message) {
 
 } // namespace
 
-QWidget* QtPanels::parent() const {
+void QtPanels::setWindow(QWidget* window) {
+    window_ = window;
+    window->installEventFilter(this);
+}
+
+bool QtPanels::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::WindowUnblocked && !isAsking()) {
+        ended.notify();
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+QWidget* QtPanels::parentWindow() const {
     QWidget* modal = QApplication::activeModalWidget();
     return modal != nullptr ? modal : window_.data();
 }
@@ -56,7 +68,7 @@ QWidget* QtPanels::parent() const {
 QFileDialog* QtPanels::makeFileDialog(const std::string& title) const {
     // The folder belongs in here: a dialog without one begins in the program's working directory.
     const bool isThere = !folder_.isEmpty() && QDir(folder_).exists();
-    auto* dialog = new QFileDialog(parent(), qt(title), isThere ? folder_ : downloadFolder());
+    auto* dialog = new QFileDialog(parentWindow(), qt(title), isThere ? folder_ : downloadFolder());
     dialog->setOption(QFileDialog::DontUseNativeDialog);
     return dialog;
 }
@@ -119,7 +131,7 @@ void QtPanels::confirm(const ConfirmationRequest& request, std::function<void(bo
 
 void QtPanels::choose(const ChoiceRequest& request,
                       std::function<void(std::optional<std::size_t>)> then) {
-    QMessageBox* box = makeMessageBox(parent(), qt(request.title), qt(request.message));
+    QMessageBox* box = makeMessageBox(parentWindow(), qt(request.title), qt(request.message));
     std::vector<QAbstractButton*> buttons;
     for (const ChoiceRequest::Choice& choice : request.choices) {
         // One role for all, so that the platform keeps our order.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QObject>
 #include <QPointer>
 #include <QWidget>
 
@@ -10,10 +11,10 @@ class QFileDialog;
 namespace oakfen {
 
 /// The dialogs of the toolkit, modal to the window that has the sheet or the main screen.
-class QtPanels final : public Panels {
+class QtPanels final : public QObject, public Panels {
 public:
-    /// The window that the panels belong to.
-    void setWindow(QWidget* window) { window_ = window; }
+    /// The window that the panels belong to. Once only.
+    void setWindow(QWidget* window);
 
     void openFile(const OpenPanelRequest& request,
                   std::function<void(std::optional<std::string>)> then) override;
@@ -26,8 +27,10 @@ public:
                 std::function<void(std::optional<std::size_t>)> then) override;
     [[nodiscard]] bool isAsking() const override;
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
-    [[nodiscard]] QWidget* parent() const;
+    [[nodiscard]] QWidget* parentWindow() const;
     [[nodiscard]] QFileDialog* makeFileDialog(const std::string& title) const;
     void run(QFileDialog* dialog, std::function<void(std::optional<std::string>)> then);
 

@@ -62,6 +62,11 @@ public:
     }
 
     [[nodiscard]] bool isAsking() const override { return asks; }
+    /// The dialog that `asks` stood for has gone.
+    void endAsking() {
+        asks = false;
+        ended.notify();
+    }
 
 private:
     void answer(std::function<void()> reply) {

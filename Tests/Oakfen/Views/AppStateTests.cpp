@@ -104,6 +104,47 @@ TEST_F(AppStateTest, GivesEveryItemItsTitleAndItsIcon) {
     }
 }
 
+class WaitingWork : public AppStateTest {
+protected:
+    void whenFree(const std::string& name) {
+        state.whenFree([this] { return isFree; }, [this, name] { done += name; });
+    }
+
+    bool isFree = false;
+    std::string done;
+};
+
+TEST_F(WaitingWork, IsDoneAtOnceWhereNothingKeepsIt) {
+    isFree = true;
+    whenFree("a");
+    EXPECT_EQ(done, "a");
+    EXPECT_FALSE(state.hasWaitingWork());
+}
+
+TEST_F(WaitingWork, IsDoneOnceInTheOrderOfAsking) {
+    whenFree("a");
+    whenFree("b");
+    state.doWhatWaits();
+    EXPECT_EQ(done, "");
+    EXPECT_TRUE(state.hasWaitingWork());
+    isFree = true;
+    state.doWhatWaits();
+    state.doWhatWaits();
+    EXPECT_EQ(done, "ab");
+    EXPECT_FALSE(state.hasWaitingWork());
+}
+
+TEST_F(WaitingWork, WaitsOnWhileWhatWasDoneBeforeItKeepsIt) {
+    state.whenFree([this] { return isFree; }, [this] { isFree = false; });
+    whenFree("b");
+    isFree = true;
+    state.doWhatWaits();
+    EXPECT_EQ(done, "");
+    isFree = true;
+    state.doWhatWaits();
+    EXPECT_EQ(done, "b");
+}
+
 TEST(ActiveSheetTest, ComparesImportReviewsByTheirSessions) {
     const auto session = std::make_shared<ImportSession>(ImportSession{.id = UUID::random()});
     const auto same = std::make_shared<ImportSession>(*session);

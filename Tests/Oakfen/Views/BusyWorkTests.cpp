@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "Oakfen/WaitUntil.h"
 #include "OakfenCore/Support/LocalizedError.h"
 #include "Tests/Support/TestEnvironment.h"
 
@@ -74,29 +73,6 @@ TEST(BusyWork, TellsWhenItRests) {
     EXPECT_TRUE(test.busyWork->isBusy());
     test.scheduler.runBackground();
     EXPECT_EQ(story, "idle then idle again");
-}
-
-TEST(WaitUntil, GoesOnAtOnceWhenItIsTime) {
-    ManualScheduler scheduler;
-    int calls = 0;
-    waitUntil(
-        scheduler, [] { return true; }, [&] { ++calls; });
-    EXPECT_EQ(calls, 1);
-    EXPECT_EQ(scheduler.waitingTimers(), 0U);
-}
-
-TEST(WaitUntil, GoesOnOnceAndLooksNoFurther) {
-    ManualScheduler scheduler;
-    bool isTime = false;
-    int calls = 0;
-    waitUntil(
-        scheduler, [&] { return isTime; }, [&] { ++calls; });
-    scheduler.advance(10);
-    EXPECT_EQ(calls, 0);
-    isTime = true;
-    scheduler.advance(1);
-    EXPECT_EQ(calls, 1);
-    EXPECT_EQ(scheduler.waitingTimers(), 0U);
 }
 
 } // namespace

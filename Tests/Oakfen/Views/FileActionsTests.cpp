@@ -191,7 +191,7 @@ TEST_F(FileActionsTest, ShowsNoReviewOverAQuestion) {
     test.panels.asks = true;
     test.scheduler.advance(lookingTime);
     EXPECT_FALSE(test.appState->sheet());
-    test.panels.asks = false;
+    test.panels.endAsking();
     test.scheduler.advance(lookingTime);
     EXPECT_NE(session(), nullptr);
 }

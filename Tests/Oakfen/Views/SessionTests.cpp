@@ -25,6 +25,25 @@ TEST(Session, FollowsTheDayInItsIndex) {
     EXPECT_EQ(test.index().now(), before.adding(86400));
 }
 
+TEST(Session, DoesWhatWaitsForAFreeWindowWithoutLookingMeanwhile) {
+    TestEnvironment test;
+    test.appState->setSheet(ActiveSheet{ActiveSheet::NewAccount{}});
+    int looks = 0;
+    bool isDone = false;
+    test.appState->whenFree(
+        [&] {
+            ++looks;
+            return !test.appState->sheet();
+        },
+        [&] { isDone = true; });
+    test.scheduler.advance(3600);
+    EXPECT_EQ(looks, 1);
+    test.appState->setSheet(std::nullopt);
+    EXPECT_FALSE(isDone) << "whoever closed the sheet has not come to an end yet";
+    test.scheduler.advance(0);
+    EXPECT_TRUE(isDone);
+}
+
 TEST(Session, ShowsASampleWithoutAFileThatIsOpenAndUnlocked) {
     TestEnvironment own;
     own.defaults.set(settings::requireAuthentication, true);

@@ -131,6 +131,21 @@ TEST_F(QtPanelsWindow, AnswerWithNothingWhenTheyAreDismissed) {
     EXPECT_EQ(answers, (std::vector<std::optional<std::string>>{std::nullopt, std::nullopt}));
 }
 
+TEST_F(QtPanelsWindow, TellWhenTheWindowIsFreeAgain) {
+    int notices = 0;
+    const Subscription subscription = panels.ended.observe([&] {
+        EXPECT_FALSE(panels.isAsking());
+        ++notices;
+    });
+    openFile();
+    ASSERT_NE(shown(), nullptr);
+    EXPECT_TRUE(panels.isAsking());
+    EXPECT_EQ(notices, 0);
+    shown()->reject();
+    settle();
+    EXPECT_EQ(notices, 1);
+}
+
 TEST_F(QtPanelsWindow, OfferFoldersOnlyWhereAFolderIsChosen) {
     openFolder();
     ASSERT_NE(shown(), nullptr);
