@@ -3,10 +3,12 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace oakfen {
 
-/// One line of a context menu or of a menu button.
+/// One line of a context menu or of a menu button. One that neither does anything nor opens a
+/// submenu is shown disabled.
 struct MenuEntry {
     std::string title;
     std::string symbolName = {};
@@ -17,6 +19,8 @@ struct MenuEntry {
     std::optional<bool> isChecked = {};
     /// A divider stands before the line.
     bool startsGroup = false;
+    /// The lines of the submenu that it opens; then it does nothing by itself.
+    std::vector<MenuEntry> children = {};
 };
 
 } // namespace oakfen

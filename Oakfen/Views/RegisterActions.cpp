@@ -54,23 +54,64 @@ void RegisterView::goToTransfer(const UUID& id) {
     }
 }
 
-RegisterContextMenu RegisterView::contextMenu(const UUIDSet& ids) const {
-    RegisterContextMenu menu{.isEmpty = ids.empty()};
-    if (ids.size() != 1) {
-        return menu;
+std::vector<MenuEntry> RegisterView::contextMenu(const UUIDSet& ids) {
+    if (ids.empty()) {
+        return {};
     }
-    menu.single = *ids.begin();
+    const bool isOne = ids.size() == 1;
+    std::vector<MenuEntry> menu = isOne ? menuForOne(*ids.begin()) : std::vector<MenuEntry>();
+    const auto shared = std::make_shared<const UUIDSet>(ids);
+    menu.push_back({.title = "Mark As", .startsGroup = isOne, .children = markMenu(shared)});
+    menu.push_back({.title = "Set Category", .children = categoryMenu(shared)});
+    menu.push_back({.title = "Delete",
+                    .symbolName = "trash",
+                    .perform = [this, shared] { requestDelete(*shared); },
+                    .isDestructive = true,
+                    .startsGroup = true});
+    return menu;
+}
+
+std::vector<MenuEntry> RegisterView::menuForOne(const UUID& id) {
+    std::vector<MenuEntry> menu{{.title = "Edit",
+                                 .symbolName = "pencil",
+                                 .perform = [this, id] { editTransaction(id); },
+                                 .isEnabled = canEditTransaction()},
+                                {.title = "Duplicate",
+                                 .symbolName = "plus.rectangle.on.rectangle",
+                                 .perform = [this, id] { duplicate(id); }}};
     const LibraryIndex& index = environment_.store.index();
-    const Transaction* entry = index.transaction(*menu.single);
+    const Transaction* entry = index.transaction(id);
     if (entry != nullptr && entry->transferAccountID) {
         const Account* other = index.account(*entry->transferAccountID);
-        menu.goToTitle = "Go to " + (other != nullptr ? other->name : std::string("Transfer"));
+        menu.push_back(
+            {.title = "Go to " + (other != nullptr ? other->name : std::string("Transfer")),
+             .symbolName = "arrow.right",
+             .perform = [this, id] { goToTransfer(id); }});
     }
     return menu;
 }
 
-std::vector<PickerRow> RegisterView::categoryChoices(CategoryKind kind) const {
-    return oakfen::categoryChoices(environment_.store.index(), kind);
+std::vector<MenuEntry> RegisterView::markMenu(const SharedIDs& ids) {
+    std::vector<MenuEntry> menu;
+    for (const ClearedState state : allCases<ClearedState>) {
+        menu.push_back({.title = std::string(oakfen::title(state)),
+                        .symbolName = std::string(clearedBadge(state).symbolName),
+                        .perform = [this, state, ids] { markAs(state, *ids); }});
+    }
+    return menu;
+}
+
+std::vector<MenuEntry> RegisterView::categoryMenu(const SharedIDs& ids) {
+    std::vector<MenuEntry> menu;
+    for (const CategoryKind kind : {CategoryKind::expense, CategoryKind::income}) {
+        bool startsGroup = kind == CategoryKind::income;
+        for (const PickerRow& row : categoryChoices(environment_.store.index(), kind)) {
+            menu.push_back({.title = row.title,
+                            .perform = [this, ids, id = *row.id] { setCategory(id, *ids); },
+                            .startsGroup = std::exchange(startsGroup, false)});
+        }
+    }
+    return menu;
 }
 
 void RegisterView::requestDelete(const UUIDSet& ids) {

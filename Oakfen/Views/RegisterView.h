@@ -10,6 +10,7 @@
 #include "Oakfen/Views/AmountRange.h"
 #include "Oakfen/Views/Components.h"
 #include "Oakfen/Views/EmptyState.h"
+#include "Oakfen/Views/MenuEntry.h"
 #include "Oakfen/Views/RegisterFilter.h"
 #include "Oakfen/Views/RegisterSort.h"
 
@@ -27,17 +28,6 @@ struct RegisterFooter {
     std::optional<Figure> selection = {};
 
     friend bool operator==(const RegisterFooter&, const RegisterFooter&) = default;
-};
-
-/// What the context menu offers for a set of entries.
-struct RegisterContextMenu {
-    /// Present when it is about one entry.
-    std::optional<UUID> single = {};
-    /// "Go to Savings", when that entry is a transfer.
-    std::optional<std::string> goToTitle = {};
-    bool isEmpty = true;
-
-    friend bool operator==(const RegisterContextMenu&, const RegisterContextMenu&) = default;
 };
 
 /// Of all entries in an account.
@@ -113,9 +103,8 @@ public:
     /// Shows the other account of a transfer.
     void goToTransfer(const UUID& id);
 
-    [[nodiscard]] RegisterContextMenu contextMenu(const UUIDSet& ids) const;
-    /// The categories that "Set Category" lists, of one kind.
-    [[nodiscard]] std::vector<PickerRow> categoryChoices(CategoryKind kind) const;
+    /// What can be done with these entries. The view must outlive it.
+    [[nodiscard]] std::vector<MenuEntry> contextMenu(const UUIDSet& ids);
 
     /// Asks whether to delete the entries; does it once confirmed.
     void requestDelete(const UUIDSet& ids);
@@ -142,9 +131,16 @@ private:
         std::vector<UUID> ids;
     };
 
+    /// The entries that a menu is about. Its lines share them, since they may be a hundred
+    /// thousand.
+    using SharedIDs = std::shared_ptr<const UUIDSet>;
+
     [[nodiscard]] const RegisterRow* row(const UUID& id) const;
     /// Which rows filter and search let be seen now.
     [[nodiscard]] RegisterRowTest rowTest() const;
+    [[nodiscard]] std::vector<MenuEntry> menuForOne(const UUID& id);
+    [[nodiscard]] std::vector<MenuEntry> markMenu(const SharedIDs& ids);
+    [[nodiscard]] std::vector<MenuEntry> categoryMenu(const SharedIDs& ids);
     /// Those of the hidden entries that still are.
     [[nodiscard]] std::vector<UUID> stillHidden() const;
 

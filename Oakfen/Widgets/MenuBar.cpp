@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/MenuBuilder.h"
 
 namespace oakfen {
 
@@ -24,11 +25,6 @@ void sendToFocus(const QKeySequence& keys) {
     const QKeyCombination combination = keys[0];
     QKeyEvent press(QEvent::KeyPress, combination.key(), combination.keyboardModifiers());
     QApplication::sendEvent(focus, &press);
-}
-
-/// An ampersand in a title would be taken for a mnemonic.
-QString menuText(const std::string& title) {
-    return qt(title).replace(QLatin1Char('&'), QStringLiteral("&&"));
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+#include <string>
 #include <vector>
 
 #include "Oakfen/Views/MenuEntry.h"
@@ -7,6 +9,10 @@
 class QMenu;
 
 namespace oakfen {
+
+/// A title as a menu shows it: in one line, with its ampersands, which would be taken for
+/// mnemonics.
+[[nodiscard]] QString menuText(const std::string& title);
 
 /// Replaces the menu's lines.
 void fillMenu(QMenu& menu, const std::vector<MenuEntry>& entries);

@@ -12,9 +12,9 @@
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/EmptyStateWidget.h"
+#include "Oakfen/Widgets/MenuBuilder.h"
 #include "Oakfen/Widgets/RegisterFooterWidget.h"
 #include "Oakfen/Widgets/RegisterHeaderWidget.h"
-#include "Oakfen/Widgets/RegisterMenu.h"
 #include "Oakfen/Widgets/RegisterModel.h"
 #include "Oakfen/Widgets/RegisterNoticeWidget.h"
 
@@ -118,7 +118,9 @@ RegisterSortButton* RegisterWidget::sortButton() const {
 }
 
 std::unique_ptr<QMenu> RegisterWidget::makeContextMenu(const UUIDSet& ids) {
-    return makeRegisterMenu(view_, ids, this);
+    auto menu = std::make_unique<QMenu>(this);
+    fillMenu(*menu, view_.contextMenu(ids));
+    return menu;
 }
 
 void RegisterWidget::refresh() {

@@ -54,13 +54,6 @@ TEST_F(RegisterActions, SettingACategoryPassesTransfersOver) {
     EXPECT_EQ(undoName(), "Set Category");
 }
 
-TEST_F(RegisterActions, ListsTheCategoriesOfEachKind) {
-    EXPECT_EQ(view.categoryChoices(CategoryKind::expense),
-              (std::vector<PickerRow>{{.title = "Food", .id = food.id}}));
-    EXPECT_EQ(view.categoryChoices(CategoryKind::income),
-              (std::vector<PickerRow>{{.title = "Salary", .id = salary.id}}));
-}
-
 TEST_F(RegisterActions, DuplicatingMakesAFreshEntryOfToday) {
     test.store->mutate("Edit", [this](Library& library) {
         Transaction split = shop;
@@ -99,11 +92,23 @@ TEST_F(RegisterActions, DuplicatingAnUnknownEntryDoesNothing) {
     EXPECT_FALSE(test.undoManager->canUndo());
 }
 
+/// "Edit|Mark As>", with "-" before a line that begins a group.
+std::string lines(const std::vector<MenuEntry>& menu) {
+    std::string text;
+    for (const MenuEntry& entry : menu) {
+        text += (text.empty() ? "" : "|") + std::string(entry.startsGroup ? "-" : "") +
+                entry.title + (entry.children.empty() ? "" : ">");
+    }
+    return text;
+}
+
 TEST_F(RegisterActions, TheMenuOfOneEntryKnowsWhereItsTransferGoes) {
-    const RegisterContextMenu menu = view.contextMenu({cardPayment.id});
-    EXPECT_EQ(menu.single, cardPayment.id);
-    EXPECT_EQ(menu.goToTitle, "Go to Card");
-    view.goToTransfer(cardPayment.id);
+    const std::vector<MenuEntry> menu = view.contextMenu({cardPayment.id});
+    ASSERT_EQ(lines(menu), "Edit|Duplicate|Go to Card|-Mark As>|Set Category>|-Delete");
+    EXPECT_EQ(lines(menu[3].children), "Uncleared|Cleared|Reconciled");
+    EXPECT_EQ(lines(menu[4].children), "Food|-Salary");
+    EXPECT_TRUE(menu[5].isDestructive);
+    menu[2].perform();
     EXPECT_EQ(test.appState->selectedAccountID(), card.id);
 }
 
@@ -111,23 +116,24 @@ TEST_F(RegisterActions, TheMenuSaysTransferWhenTheOtherAccountIsNotFound) {
     test.store->mutate("Edit", [this](Library& library) {
         library.accounts.eraseIf([this](const Account& each) { return each.id == card.id; });
     });
-    EXPECT_EQ(view.contextMenu({cardPayment.id}).goToTitle, "Go to Transfer");
+    EXPECT_EQ(view.contextMenu({cardPayment.id}).at(2).title, "Go to Transfer");
 }
 
 TEST_F(RegisterActions, TheMenuOfAnOrdinaryEntryLeadsNowhere) {
-    const RegisterContextMenu menu = view.contextMenu({shop.id});
-    EXPECT_EQ(menu.single, shop.id);
-    EXPECT_FALSE(menu.goToTitle);
+    EXPECT_EQ(lines(view.contextMenu({shop.id})), "Edit|Duplicate|-Mark As>|Set Category>|-Delete");
     view.goToTransfer(shop.id);
     EXPECT_FALSE(test.appState->selectedAccountID());
 }
 
-TEST_F(RegisterActions, TheMenuOfSeveralEntriesHasNothingForOne) {
-    const RegisterContextMenu menu = view.contextMenu({shop.id, cardPayment.id});
-    EXPECT_FALSE(menu.single);
-    EXPECT_FALSE(menu.goToTitle);
-    EXPECT_FALSE(menu.isEmpty);
-    EXPECT_TRUE(view.contextMenu({}).isEmpty);
+TEST_F(RegisterActions, TheMenuOfSeveralEntriesIsAboutAllOfThem) {
+    const std::vector<MenuEntry> menu = view.contextMenu({shop.id, pay.id});
+    ASSERT_EQ(lines(menu), "Mark As>|Set Category>|-Delete");
+    menu[0].children.at(2).perform();
+    EXPECT_EQ(stored(shop.id).cleared, ClearedState::reconciled);
+    EXPECT_EQ(stored(pay.id).cleared, ClearedState::reconciled);
+    menu[1].children.at(1).perform();
+    EXPECT_EQ(stored(shop.id).categoryID, salary.id);
+    EXPECT_TRUE(view.contextMenu({}).empty());
 }
 
 TEST_F(RegisterActions, DeletingAsksInTheSingularForOne) {

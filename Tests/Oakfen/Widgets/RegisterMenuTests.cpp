@@ -1,5 +1,3 @@
-#include "Oakfen/Widgets/RegisterMenu.h"
-
 #include <QPointer>
 
 #include "Tests/Oakfen/Widgets/RegisterWindowFixture.h"
