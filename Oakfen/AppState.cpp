@@ -1,36 +1,55 @@
 #include "Oakfen/AppState.h"
 
+#include <array>
+#include <cstddef>
 #include <utility>
 
 namespace oakfen {
 
 namespace {
 
-struct SidebarItemText {
+struct ScreenInfo {
+    SidebarItem::Kind kind;
     std::string_view title;
     std::string_view symbolName;
 };
 
-SidebarItemText text(SidebarItem::Kind kind) noexcept {
-    switch (kind) {
-    case SidebarItem::Kind::account:
-        return {"Account", "building.columns"};
-    case SidebarItem::Kind::dashboard:
-        return {"Dashboard", "square.grid.2x2"};
-    case SidebarItem::Kind::bills:
-        return {"Bills & Income", "calendar.badge.clock"};
-    case SidebarItem::Kind::budget:
-        return {"Budget", "chart.bar.doc.horizontal"};
-    case SidebarItem::Kind::reports:
-        return {"Reports", "chart.pie"};
-    case SidebarItem::Kind::investing:
-        return {"Investing", "chart.line.uptrend.xyaxis"};
-    case SidebarItem::Kind::goals:
-        return {"Savings Goals", "target"};
-    case SidebarItem::Kind::categories:
-        return {"Categories", "tag"};
+using Kind = SidebarItem::Kind;
+
+/// Every screen, in the order of the sidebar and of the Go menu; before them that of an account.
+constexpr std::array screens = {
+    ScreenInfo{Kind::account, "Account", "building.columns"},
+    ScreenInfo{Kind::dashboard, "Dashboard", "square.grid.2x2"},
+    ScreenInfo{Kind::bills, "Bills & Income", "calendar.badge.clock"},
+    ScreenInfo{Kind::budget, "Budget", "chart.bar.doc.horizontal"},
+    ScreenInfo{Kind::reports, "Reports", "chart.pie"},
+    ScreenInfo{Kind::investing, "Investing", "chart.line.uptrend.xyaxis"},
+    ScreenInfo{Kind::goals, "Savings Goals", "target"},
+    ScreenInfo{Kind::categories, "Categories", "tag"},
+};
+
+constexpr bool standInTheOrderOfTheirKinds() {
+    for (std::size_t position = 0; position < screens.size(); ++position) {
+        if (static_cast<std::size_t>(screens[position].kind) != position) {
+            return false;
+        }
     }
-    return {};
+    return true;
+}
+static_assert(standInTheOrderOfTheirKinds());
+
+const ScreenInfo& info(Kind kind) noexcept {
+    return screens[static_cast<std::size_t>(kind)];
+}
+
+std::vector<SidebarItem> itemsWithoutAnAccount() {
+    std::vector<SidebarItem> items;
+    for (const ScreenInfo& screen : screens) {
+        if (screen.kind != Kind::account) {
+            items.push_back({screen.kind});
+        }
+    }
+    return items;
 }
 
 /// Stores the value and tells of it; an equal value is neither.
@@ -46,18 +65,15 @@ void assign(Value& field, Value value, Observers<>& observers) {
 } // namespace
 
 std::string_view title(SidebarItem::Kind kind) noexcept {
-    return text(kind).title;
+    return info(kind).title;
 }
 
 std::string_view symbolName(SidebarItem::Kind kind) noexcept {
-    return text(kind).symbolName;
+    return info(kind).symbolName;
 }
 
 const std::vector<SidebarItem>& overviewItems() {
-    using Kind = SidebarItem::Kind;
-    static const std::vector<SidebarItem> items = {
-        {Kind::dashboard}, {Kind::bills}, {Kind::budget},    {Kind::reports},
-        {Kind::investing}, {Kind::goals}, {Kind::categories}};
+    static const std::vector<SidebarItem> items = itemsWithoutAnAccount();
     return items;
 }
 

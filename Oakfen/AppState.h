@@ -16,7 +16,7 @@
 
 namespace oakfen {
 
-/// A place that the detail area can show: an account or one of the seven overview screens.
+/// A place that the detail area can show: an account or one of the overview screens.
 struct SidebarItem {
     enum class Kind { account, dashboard, bills, budget, reports, investing, goals, categories };
 
@@ -32,7 +32,7 @@ struct SidebarItem {
 [[nodiscard]] std::string_view title(SidebarItem::Kind kind) noexcept;
 [[nodiscard]] std::string_view symbolName(SidebarItem::Kind kind) noexcept;
 
-/// The seven items without an account, in the order of the sidebar and of the Go menu.
+/// The items without an account, in the order of the sidebar and of the Go menu.
 [[nodiscard]] const std::vector<SidebarItem>& overviewItems();
 
 /// A parsed statement on its way to the review sheet.

@@ -8,25 +8,13 @@
 
 namespace oakfen {
 
-/// Which screen the detail area shows. Two values that differ in the account are two screens: going
-/// from one account to another starts afresh.
+/// Which screen the detail area shows. Two values that differ are two screens: going from one
+/// account to another starts afresh.
 struct DetailScreen {
-    enum class Kind {
-        dashboard,
-        registerOfAccount,
-        investmentAccount,
-        noAccount,
-        bills,
-        budget,
-        reports,
-        investing,
-        goals,
-        categories,
-    };
-
-    Kind kind = Kind::dashboard;
-    /// For the two screens of an account.
-    std::optional<UUID> accountID = {};
+    /// Absent for an account that is gone.
+    std::optional<SidebarItem> item = SidebarItem{};
+    /// For an account: holds investments, and so has another screen than the others.
+    bool isInvestment = false;
 
     friend bool operator==(const DetailScreen&, const DetailScreen&) = default;
 };
@@ -35,8 +23,8 @@ struct DetailScreen {
 [[nodiscard]] DetailScreen detailScreen(const std::optional<SidebarItem>& selection,
                                         const LibraryIndex& index);
 
-/// What stands in the place of a screen without content of its own: an account that is gone, or a
-/// screen that this version doesn't have.
-[[nodiscard]] EmptyState placeholder(DetailScreen::Kind kind);
+/// What stands in the place of a screen that this version doesn't have, or of an account that is
+/// gone.
+[[nodiscard]] EmptyState placeholder(const DetailScreen& screen);
 
 } // namespace oakfen

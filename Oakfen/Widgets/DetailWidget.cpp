@@ -40,23 +40,16 @@ void DetailWidget::refresh() {
 }
 
 QWidget* DetailWidget::makeScreen(const DetailScreen& screen) {
-    switch (screen.kind) {
-    case DetailScreen::Kind::dashboard:
+    using Kind = SidebarItem::Kind;
+    const std::optional<Kind> kind = screen.item ? std::optional(screen.item->kind) : std::nullopt;
+    if (kind == Kind::dashboard) {
         return new DashboardWidget(environment_, this);
-    case DetailScreen::Kind::registerOfAccount:
-    case DetailScreen::Kind::investmentAccount:
-        // An investment account's own screen comes later; its cash entries are shown till then.
-        return new RegisterWidget(environment_, *screen.accountID, this);
-    case DetailScreen::Kind::noAccount:
-    case DetailScreen::Kind::bills:
-    case DetailScreen::Kind::budget:
-    case DetailScreen::Kind::reports:
-    case DetailScreen::Kind::investing:
-    case DetailScreen::Kind::goals:
-    case DetailScreen::Kind::categories:
-        break;
     }
-    return new EmptyStateWidget(placeholder(screen.kind), this);
+    if (kind == Kind::account) {
+        // An investment account's own screen comes later; its cash entries are shown till then.
+        return new RegisterWidget(environment_, screen.item->accountID, this);
+    }
+    return new EmptyStateWidget(placeholder(screen), this);
 }
 
 } // namespace oakfen

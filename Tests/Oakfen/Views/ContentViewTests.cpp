@@ -98,40 +98,37 @@ protected:
     TestEnvironment test;
 };
 
-TEST_F(DetailViewTest, ShowsTheRegisterOfAnOrdinaryAccount) {
-    EXPECT_EQ(screen(SidebarItem::account(chequing.id)),
-              (DetailScreen{DetailScreen::Kind::registerOfAccount, chequing.id}));
+TEST_F(DetailViewTest, ShowsTheScreenOfTheAccount) {
+    const SidebarItem item = SidebarItem::account(chequing.id);
+    EXPECT_EQ(screen(item), (DetailScreen{item, false}));
 }
 
-TEST_F(DetailViewTest, ShowsTheInvestmentScreenOfAnInvestmentAccount) {
-    EXPECT_EQ(screen(SidebarItem::account(brokerage.id)),
-              (DetailScreen{DetailScreen::Kind::investmentAccount, brokerage.id}));
+TEST_F(DetailViewTest, ShowsAnotherScreenForAnInvestmentAccount) {
+    const SidebarItem item = SidebarItem::account(brokerage.id);
+    EXPECT_EQ(screen(item), (DetailScreen{item, true}));
 }
 
 TEST_F(DetailViewTest, ShowsNoAccountForOneThatIsGone) {
     const DetailScreen gone = screen(SidebarItem::account(UUID::random()));
-    EXPECT_EQ(gone.kind, DetailScreen::Kind::noAccount);
-    EXPECT_EQ(placeholder(gone.kind), (EmptyState{"No Account Selected", "building.columns",
-                                                  "Choose an account in the sidebar."}));
+    EXPECT_FALSE(gone.item);
+    EXPECT_EQ(placeholder(gone), (EmptyState{"No Account Selected", "building.columns",
+                                             "Choose an account in the sidebar."}));
 }
 
 TEST_F(DetailViewTest, ShowsTheDashboardWhenNothingIsSelected) {
-    EXPECT_EQ(screen(std::nullopt).kind, DetailScreen::Kind::dashboard);
+    EXPECT_EQ(screen(std::nullopt).item, SidebarItem{SidebarItem::Kind::dashboard});
 }
 
-TEST_F(DetailViewTest, GivesEveryOverviewItemAScreenOfItsOwn) {
-    std::vector<DetailScreen::Kind> kinds;
+TEST_F(DetailViewTest, ShowsEveryOverviewItemOnAScreenOfItsOwn) {
+    EXPECT_EQ(overviewItems().size(), 7U);
     for (const SidebarItem& item : overviewItems()) {
-        kinds.push_back(screen(item).kind);
+        EXPECT_EQ(screen(item), DetailScreen{item});
     }
-    using Kind = DetailScreen::Kind;
-    EXPECT_EQ(kinds, (std::vector<Kind>{Kind::dashboard, Kind::bills, Kind::budget, Kind::reports,
-                                        Kind::investing, Kind::goals, Kind::categories}));
 }
 
 TEST_F(DetailViewTest, NamesTheScreenThatIsNotThereYet) {
-    EXPECT_EQ(placeholder(DetailScreen::Kind::budget).title, "Budget");
-    EXPECT_EQ(placeholder(DetailScreen::Kind::goals).symbolName, "target");
+    EXPECT_EQ(placeholder({SidebarItem{SidebarItem::Kind::budget}}).title, "Budget");
+    EXPECT_EQ(placeholder({SidebarItem{SidebarItem::Kind::goals}}).symbolName, "target");
 }
 
 } // namespace
