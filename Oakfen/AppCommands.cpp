@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "Oakfen/Availability.h"
 #include "Oakfen/FileActions.h"
 #include "Oakfen/Views/ContentView.h"
 #include "Oakfen/Views/Reminders.h"
@@ -30,7 +29,14 @@ public:
     }
 
 private:
-    void add(AppCommand command) { commands_.push_back(std::move(command)); }
+    /// One that does nothing is disabled: what is to come is shown, so that nothing moves when it
+    /// does.
+    void add(AppCommand command) {
+        if (!command.perform && command.standard == AppCommand::Standard::none) {
+            command.isEnabled = [] { return false; };
+        }
+        commands_.push_back(std::move(command));
+    }
 
     static std::function<std::string()> fixed(std::string title) {
         return [title = std::move(title)] { return title; };
@@ -49,11 +55,6 @@ private:
             return isOpen() && state.selectedAccountID().has_value();
         };
     }
-    static Predicate ifAvailable(Feature feature, Predicate predicate) {
-        return [feature, predicate = std::move(predicate)] {
-            return isAvailable(feature) && predicate();
-        };
-    }
 
     /// Opens the sheet that `make` describes at that moment.
     template <typename MakeContent>
@@ -65,7 +66,7 @@ private:
         add({.menu = "File",
              .title = fixed("New Transaction"),
              .shortcut = "Ctrl+N",
-             .isEnabled = ifAvailable(Feature::transactionEditor, openWithAccounts()),
+             .isEnabled = openWithAccounts(),
              .perform = showing([](const AppState& state) {
                  return ActiveSheet::NewTransaction{state.selectedAccountID()};
              })});
@@ -74,11 +75,7 @@ private:
              .shortcut = "Ctrl+Shift+N",
              .isEnabled = open(),
              .perform = showing([](const AppState&) { return ActiveSheet::NewAccount{}; })});
-        add({.menu = "File",
-             .title = fixed("New Reminder…"),
-             .shortcut = "Ctrl+Alt+N",
-             .isEnabled = ifAvailable(Feature::reminderEditor, open()),
-             .perform = showing([](const AppState&) { return ActiveSheet::Scheduled{}; })});
+        add({.menu = "File", .title = fixed("New Reminder…"), .shortcut = "Ctrl+Alt+N"});
         add({.menu = "File",
              .title = fixed("Import Transactions…"),
              .shortcut = "Ctrl+Shift+I",
@@ -89,26 +86,22 @@ private:
              }});
         add({.menu = "File",
              .title = fixed("Import Quicken Data File…"),
-             .shortcut = "Ctrl+Alt+Shift+I",
-             .isEnabled = ifAvailable(Feature::quickenImport, open())});
+             .shortcut = "Ctrl+Alt+Shift+I"});
         add({.menu = "File",
              .submenu = "Export",
              .title = fixed("All Transactions as CSV…"),
-             .isEnabled = ifAvailable(Feature::exporting, open()),
+             .isEnabled = open(),
              .perform = [&environment = environment_] { FileActions::exportCSV(environment); }});
         add({.menu = "File",
              .submenu = "Export",
              .title = fixed("Current Account as QIF…"),
-             .isEnabled = ifAvailable(Feature::exporting, openWithSelectedAccount()),
+             .isEnabled = openWithSelectedAccount(),
              .perform = [&environment = environment_] { FileActions::exportQIF(environment); }});
         add({.menu = "File",
              .title = fixed("Back Up…"),
              .shortcut = "Ctrl+Shift+B",
-             .startsGroup = true,
-             .isEnabled = ifAvailable(Feature::backups, open())});
-        add({.menu = "File",
-             .title = fixed("Restore from Backup…"),
-             .isEnabled = ifAvailable(Feature::backups, open())});
+             .startsGroup = true});
+        add({.menu = "File", .title = fixed("Restore from Backup…")});
         add({.menu = "File",
              .title = fixed("Quit Oakfen"),
              .shortcut = "Ctrl+Q",
@@ -160,8 +153,7 @@ private:
         add({.menu = "Edit",
              .title = fixed("Settings…"),
              .shortcut = "Ctrl+,",
-             .startsGroup = true,
-             .isEnabled = [] { return isAvailable(Feature::settings); }});
+             .startsGroup = true});
     }
 
     void addViewMenu() {
@@ -190,16 +182,16 @@ private:
         add({.menu = "Transactions",
              .title = fixed("Reconcile…"),
              .shortcut = "Ctrl+Shift+R",
-             .isEnabled = ifAvailable(Feature::reconcile, openWithSelectedAccount()),
+             .isEnabled = openWithSelectedAccount(),
              .perform = showing([](const AppState& state) {
                  return ActiveSheet::Reconcile{state.selectedAccountID().value_or(UUID{})};
              })});
         add({.menu = "Transactions",
              .title = fixed("Enter Due Reminders"),
-             .isEnabled = ifAvailable(Feature::enterReminders,
-                                      [isOpen = open(), &environment = environment_] {
-                                          return isOpen() && dueReminderCount(environment) > 0;
-                                      }),
+             .isEnabled =
+                 [isOpen = open(), &environment = environment_] {
+                     return isOpen() && dueReminderCount(environment) > 0;
+                 },
              .perform = [&environment = environment_] { enterDueReminders(environment); }});
         add({.menu = "Transactions",
              .title = fixed("Lock Oakfen"),

@@ -24,7 +24,8 @@ struct AppCommand {
     /// A divider stands before the item.
     bool startsGroup = false;
     std::function<bool()> isEnabled = [] { return true; };
-    std::function<void()> perform = [] {};
+    /// Without one, and unless it is a standard command, the item is disabled.
+    std::function<void()> perform = {};
     Standard standard = Standard::none;
 };
 

@@ -6,7 +6,6 @@
 #include <bitset>
 #include <utility>
 
-#include "Oakfen/Availability.h"
 #include "OakfenCore/Support/Text.h"
 
 namespace oakfen {
@@ -110,7 +109,7 @@ std::string_view NewPasswordForm::hint() const {
 }
 
 std::string_view passwordsUnavailableText() {
-    return isAvailable(Feature::passwords) ? "" : "Encryption isn’t available in this version yet.";
+    return canEncrypt ? "" : "Encryption isn’t available in this version yet.";
 }
 
 ConfirmationRequest unencryptedConfirmation() {

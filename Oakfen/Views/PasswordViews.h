@@ -9,6 +9,10 @@
 
 namespace oakfen {
 
+/// Whether this version can protect a data file with a password. What asks for one is shown
+/// disabled till then, so that nothing moves when it can.
+inline constexpr bool canEncrypt = false;
+
 /// Which panel the access gate shows.
 enum class GatePanel { none, unlock, welcome, protectExistingData, legacyUnavailable };
 

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "Oakfen/Availability.h"
 #include "Oakfen/FileActions.h"
 #include "OakfenCore/LibraryOperations/Transactions.h"
 
@@ -72,13 +71,11 @@ std::vector<MenuEntry> RegisterView::contextMenu(const UUIDSet& ids) {
 }
 
 std::vector<MenuEntry> RegisterView::menuForOne(const UUID& id) {
-    std::vector<MenuEntry> menu{{.title = "Edit",
-                                 .symbolName = "pencil",
-                                 .perform = [this, id] { editTransaction(id); },
-                                 .isEnabled = canEditTransaction()},
-                                {.title = "Duplicate",
-                                 .symbolName = "plus.rectangle.on.rectangle",
-                                 .perform = [this, id] { duplicate(id); }}};
+    std::vector<MenuEntry> menu{
+        {.title = "Edit", .symbolName = "pencil", .perform = [this, id] { editTransaction(id); }},
+        {.title = "Duplicate", .symbolName = "plus.rectangle.on.rectangle", .perform = [this, id] {
+             duplicate(id);
+         }}};
     const LibraryIndex& index = environment_.store.index();
     const Transaction* entry = index.transaction(id);
     if (entry != nullptr && entry->transferAccountID) {
@@ -144,34 +141,16 @@ void RegisterView::confirmDelete() {
     std::erase_if(selection, [&](const UUID& id) { return ids.contains(id); });
 }
 
-bool RegisterView::canCreateTransaction() {
-    return isAvailable(Feature::transactionEditor);
-}
-
-bool RegisterView::canEditTransaction() {
-    return isAvailable(Feature::transactionEditor);
-}
-
-bool RegisterView::canReconcile() {
-    return isAvailable(Feature::reconcile);
-}
-
 void RegisterView::newTransaction() {
-    if (canCreateTransaction()) {
-        environment_.appState.setSheet(ActiveSheet{ActiveSheet::NewTransaction{accountID_}});
-    }
+    environment_.appState.setSheet(ActiveSheet{ActiveSheet::NewTransaction{accountID_}});
 }
 
 void RegisterView::editTransaction(const UUID& id) {
-    if (canEditTransaction()) {
-        environment_.appState.setSheet(ActiveSheet{ActiveSheet::EditTransaction{id}});
-    }
+    environment_.appState.setSheet(ActiveSheet{ActiveSheet::EditTransaction{id}});
 }
 
 void RegisterView::reconcile() {
-    if (canReconcile()) {
-        environment_.appState.setSheet(ActiveSheet{ActiveSheet::Reconcile{accountID_}});
-    }
+    environment_.appState.setSheet(ActiveSheet{ActiveSheet::Reconcile{accountID_}});
 }
 
 void RegisterView::editAccount() {

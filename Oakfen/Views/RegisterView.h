@@ -114,9 +114,6 @@ public:
     void cancelDelete() { pendingDelete.clear(); }
 
     // The toolbar.
-    [[nodiscard]] static bool canCreateTransaction();
-    [[nodiscard]] static bool canEditTransaction();
-    [[nodiscard]] static bool canReconcile();
     void newTransaction();
     void editTransaction(const UUID& id);
     void reconcile();

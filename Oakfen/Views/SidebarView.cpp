@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "Oakfen/Availability.h"
 #include "Oakfen/Views/Reminders.h"
 #include "OakfenCore/LibraryOperations/Accounts.h"
 #include "OakfenCore/Support/Formatting.h"
@@ -123,19 +122,12 @@ std::vector<MenuEntry> SidebarView::contextMenu(const UUID& accountID) {
                            state.setSheet(ActiveSheet{ActiveSheet::EditAccount{accountID}});
                        }});
     if (!isInvestment(account->type)) {
-        entries.push_back({.title = "Reconcile…",
-                           .perform =
-                               [&state, accountID] {
-                                   state.setSheet(ActiveSheet{ActiveSheet::Reconcile{accountID}});
-                               },
-                           .isEnabled = isAvailable(Feature::reconcile)});
-        entries.push_back({.title = "New Transaction",
-                           .perform =
-                               [&state, accountID] {
-                                   state.setSheet(
-                                       ActiveSheet{ActiveSheet::NewTransaction{accountID}});
-                               },
-                           .isEnabled = isAvailable(Feature::transactionEditor)});
+        entries.push_back({.title = "Reconcile…", .perform = [&state, accountID] {
+                               state.setSheet(ActiveSheet{ActiveSheet::Reconcile{accountID}});
+                           }});
+        entries.push_back({.title = "New Transaction", .perform = [&state, accountID] {
+                               state.setSheet(ActiveSheet{ActiveSheet::NewTransaction{accountID}});
+                           }});
     }
     entries.push_back(closeOrReopen(*account));
     entries.push_back({.title = "Delete Account…",
@@ -145,21 +137,14 @@ std::vector<MenuEntry> SidebarView::contextMenu(const UUID& accountID) {
 }
 
 std::vector<MenuEntry> SidebarView::addMenu() {
-    AppState& state = environment_.appState;
-    const auto showing = [&state](ActiveSheet sheet) {
-        return [&state, sheet = std::move(sheet)] { state.setSheet(sheet); };
-    };
     return {{.title = "New Account…",
              .symbolName = "building.columns",
-             .perform = showing({ActiveSheet::NewAccount{}})},
-            {.title = "New Category…",
-             .symbolName = "tag",
-             .perform = showing({ActiveSheet::Category{}}),
-             .isEnabled = isAvailable(Feature::categoryEditor)},
-            {.title = "New Reminder…",
-             .symbolName = "calendar.badge.plus",
-             .perform = showing({ActiveSheet::Scheduled{}}),
-             .isEnabled = isAvailable(Feature::reminderEditor)},
+             .perform =
+                 [&state = environment_.appState] {
+                     state.setSheet(ActiveSheet{ActiveSheet::NewAccount{}});
+                 }},
+            {.title = "New Category…", .symbolName = "tag"},
+            {.title = "New Reminder…", .symbolName = "calendar.badge.plus"},
             {.title = "Show Closed Accounts",
              .perform = [this] { toggleClosedAccounts(); },
              .isChecked = showsClosedAccounts(),

@@ -6,7 +6,6 @@
 #include <QPainter>
 #include <QPointer>
 
-#include "Oakfen/Availability.h"
 #include "Oakfen/Widgets/Blur.h"
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/GatePanelWidget.h"
@@ -24,7 +23,7 @@ QLineEdit* makeUnavailableField(const QString& name, QWidget* parent) {
     field->setEchoMode(QLineEdit::Password);
     field->setPlaceholderText(name);
     field->setAccessibleName(name);
-    field->setEnabled(isAvailable(Feature::passwords));
+    field->setEnabled(canEncrypt);
     field->setToolTip(qt(passwordsUnavailableText()));
     return field;
 }
@@ -152,13 +151,12 @@ QWidget* GateWidget::makeProtectPanel() {
     panel->fields().addWidget(new NewPasswordFields(
         passwordForm_,
         [this, submit = buttons.submit] {
-            submit->setEnabled(isAvailable(Feature::passwords) && passwordForm_.canSubmit());
+            submit->setEnabled(canEncrypt && passwordForm_.canSubmit());
         },
         panel));
     panel->buttons().addWidget(buttons.row);
     panel->setCancelButton(buttons.cancel);
-    panel->setDefaultButton(isAvailable(Feature::passwords) ? buttons.submit
-                                                            : buttons.useNoPassword);
+    panel->setDefaultButton(canEncrypt ? buttons.submit : buttons.useNoPassword);
     return panel;
 }
 

@@ -61,9 +61,9 @@ void MenuBar::build(QMenuBar& bar) {
         QAction* action = parent->addAction(menuText(command.title()));
         const QKeySequence keys(qt(command.shortcut), QKeySequence::PortableText);
         action->setShortcut(keys);
-        if (command.standard == AppCommand::Standard::none) {
+        if (command.perform) {
             connect(action, &QAction::triggered, this, command.perform);
-        } else {
+        } else if (command.standard != AppCommand::Standard::none) {
             // Shown, but left to the field that has the focus.
             action->setShortcutContext(Qt::WidgetShortcut);
             connect(action, &QAction::triggered, this, [keys] { sendToFocus(keys); });

@@ -6,7 +6,6 @@
 #include <QProgressBar>
 #include <utility>
 
-#include "Oakfen/Availability.h"
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/GatePanelWidget.h"
 #include "Oakfen/Widgets/Theme.h"
@@ -23,7 +22,7 @@ QLineEdit* makeSecureField(const QString& name, QWidget* parent) {
     auto* field = new QLineEdit(parent);
     field->setEchoMode(QLineEdit::Password);
     field->setAccessibleName(name);
-    field->setEnabled(isAvailable(Feature::passwords));
+    field->setEnabled(canEncrypt);
     field->setToolTip(qt(passwordsUnavailableText()));
     return field;
 }
@@ -61,7 +60,7 @@ NewPasswordFields::NewPasswordFields(NewPasswordForm& form, std::function<void()
     strength->addWidget(strengthWord_);
 
     rememberCaption_->showText(qt(rememberCaption));
-    remember_->setEnabled(isAvailable(Feature::passwords));
+    remember_->setEnabled(canEncrypt);
     remember_->setToolTip(qt(passwordsUnavailableText()));
     remember_->setChecked(form_.remember);
     password_->setText(qt(form_.password));
@@ -83,7 +82,7 @@ NewPasswordFields::NewPasswordFields(NewPasswordForm& form, std::function<void()
     column->setSpacing(Theme::grid);
     column->addLayout(fields_);
     column->addWidget(hint_);
-    if (!isAvailable(Feature::passwords)) {
+    if (!canEncrypt) {
         WrappedLabel* unavailable = makeCaption(GatePanelWidget::contentWidth, this);
         unavailable->showText(qt(passwordsUnavailableText()));
         column->addWidget(unavailable);

@@ -105,16 +105,14 @@ void RegisterHeaderWidget::setUpSearch() {
 
 void RegisterHeaderWidget::addToolButtons(QLayout& row) {
     addToolButton(row, tr("Reconcile"), "checkmark.rectangle.stack",
-                  tr("Reconcile with a statement"), [this] { view_.reconcile(); })
-        ->setEnabled(RegisterView::canReconcile());
+                  tr("Reconcile with a statement"), [this] { view_.reconcile(); });
     addToolButton(row, tr("Import"), "square.and.arrow.down",
                   tr("Import a CSV, QIF, OFX or QFX statement"),
                   [this] { view_.importTransactions(); });
     addToolButton(row, tr("Edit Account"), "info.circle", tr("Account details"),
                   [this] { view_.editAccount(); });
-    addToolButton(row, tr("New Transaction"), "plus", tr("New transaction (⌘N)"), [this] {
-        view_.newTransaction();
-    })->setEnabled(RegisterView::canCreateTransaction());
+    addToolButton(row, tr("New Transaction"), "plus", tr("New transaction (⌘N)"),
+                  [this] { view_.newTransaction(); });
 }
 
 QToolButton* RegisterHeaderWidget::addToolButton(QLayout& row, const QString& text,

@@ -163,11 +163,8 @@ void RegisterWidget::showEmptyState() {
     }
     emptyState_ = new EmptyStateWidget(view_.emptyState());
     if (!view_.isNarrowed()) {
-        QPushButton* add =
-            emptyState_->addButton(tr("New Transaction"), true, [this] { view_.newTransaction(); });
-        add->setEnabled(RegisterView::canCreateTransaction());
-        emptyState_->addButton(tr("Import…"), !RegisterView::canCreateTransaction(),
-                               [this] { view_.importTransactions(); });
+        emptyState_->addButton(tr("New Transaction"), true, [this] { view_.newTransaction(); });
+        emptyState_->addButton(tr("Import…"), false, [this] { view_.importTransactions(); });
     }
     stack_->addWidget(emptyState_);
     stack_->setCurrentWidget(emptyState_);

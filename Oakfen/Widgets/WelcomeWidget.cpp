@@ -2,7 +2,6 @@
 
 #include <QComboBox>
 
-#include "Oakfen/Availability.h"
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/GatePanelWidget.h"
 #include "Oakfen/Widgets/NewPasswordFields.h"
@@ -63,7 +62,6 @@ GatePanelWidget* WelcomeWidget::makeFirstStep() {
     panel->setDefaultButton(fresh);
     auto* sample =
         new QPushButton(symbolIcon("wand.and.stars"), QStringLiteral("Explore Sample Data"), panel);
-    sample->setEnabled(isAvailable(Feature::sampleData));
     sample->setToolTip(QStringLiteral("Look around in the ledger of a made-up household"));
     connect(sample, &QPushButton::clicked, this, [this] { view_.exploreSampleData(); });
     for (QPushButton* button : {fresh, sample}) {
@@ -87,13 +85,12 @@ GatePanelWidget* WelcomeWidget::makeSecondStep() {
     panel->fields().addWidget(new NewPasswordFields(
         view_.passwordForm,
         [this, submit = buttons.submit] {
-            submit->setEnabled(isAvailable(Feature::passwords) && view_.passwordForm.canSubmit());
+            submit->setEnabled(canEncrypt && view_.passwordForm.canSubmit());
         },
         panel));
     panel->buttons().addWidget(buttons.row);
     panel->setCancelButton(buttons.cancel);
-    panel->setDefaultButton(isAvailable(Feature::passwords) ? buttons.submit
-                                                            : buttons.useNoPassword);
+    panel->setDefaultButton(canEncrypt ? buttons.submit : buttons.useNoPassword);
     return panel;
 }
 

@@ -205,15 +205,13 @@ TEST_F(RegisterActions, ImportingAsksForAFile) {
     EXPECT_EQ(test.panels.openRequests[0].title, "Import Transactions");
 }
 
-TEST_F(RegisterActions, OpensOnlyTheSheetsThatAreAvailable) {
+TEST_F(RegisterActions, OpensTheSheetsOfItsEntriesAndItsStatement) {
     view.newTransaction();
-    EXPECT_EQ(test.appState->sheet().has_value(), RegisterView::canCreateTransaction());
-    test.appState->setSheet(std::nullopt);
+    EXPECT_EQ(test.appState->sheet(), ActiveSheet{ActiveSheet::NewTransaction{everyday.id}});
     view.editTransaction(shop.id);
-    EXPECT_EQ(test.appState->sheet().has_value(), RegisterView::canEditTransaction());
-    test.appState->setSheet(std::nullopt);
+    EXPECT_EQ(test.appState->sheet(), ActiveSheet{ActiveSheet::EditTransaction{shop.id}});
     view.reconcile();
-    EXPECT_EQ(test.appState->sheet().has_value(), RegisterView::canReconcile());
+    EXPECT_EQ(test.appState->sheet(), ActiveSheet{ActiveSheet::Reconcile{everyday.id}});
 }
 
 } // namespace oakfen

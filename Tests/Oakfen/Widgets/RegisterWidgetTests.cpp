@@ -145,10 +145,10 @@ TEST_F(RegisterWindow, AsksNothingWithTheDeleteKeyWhenNothingIsSelected) {
     EXPECT_TRUE(test.panels.confirmations.empty());
 }
 
-TEST_F(RegisterWindow, OpensTheEditorWithReturnWhenThereIsOne) {
+TEST_F(RegisterWindow, OpensTheEditorWithReturn) {
     click(2, RegisterColumn::payee);
     press(Qt::Key_Return);
-    EXPECT_EQ(test.appState->sheet().has_value(), RegisterView::canEditTransaction());
+    EXPECT_TRUE(test.appState->sheet().has_value());
 }
 
 TEST_F(RegisterWindow, CopiesTheSelectedRowsForASpreadsheet) {
