@@ -11,6 +11,7 @@
 #include "OakfenCore/Importers/Merging.h"
 #include "OakfenCore/LibraryIndex/LibraryIndex.h"
 #include "OakfenCore/LibraryOperations/ScheduledTransactions.h"
+#include "OakfenCore/LibraryStore/History.h"
 #include "OakfenCore/Models/LibraryCoding.h"
 
 namespace oakfen::benchmarks {
@@ -87,6 +88,26 @@ void timeEditOfAnAmount(benchmark::State& state, std::size_t count) {
     timeEdit(state, count, [count](Library& library) {
         library.transactions.edit(count / 2).amount += Decimal::cents(1);
     });
+}
+
+/// A long day of ticking: what the history adds to each edit, and what it holds in the end.
+void timeTicks(benchmark::State& state, std::size_t count) {
+    constexpr std::size_t ticks = 5000;
+    for ([[maybe_unused]] const auto _ : state) {
+        History history;
+        Library library = bigLibrary(count);
+        for (std::size_t number = 0; number < ticks; ++number) {
+            const Library before = library;
+            Transaction& entry = library.transactions.edit(number * 7919 % count);
+            entry.cleared = entry.cleared == ClearedState::cleared ? ClearedState::uncleared
+                                                                   : ClearedState::cleared;
+            history.record("Mark Cleared", before, library, History::Kind::edit);
+        }
+        if (history.size() > History::defaultCapacity) {
+            state.SkipWithError("The history holds more than it may.");
+            break;
+        }
+    }
 }
 
 /// A line from the past at the end of the document: its account is out of order.
@@ -177,6 +198,7 @@ void registerLedgerBenchmarks(std::size_t count) {
     add("open", timeOpen);
     add("index", timeIndex);
     add("edit of an amount", timeEditOfAnAmount);
+    add("history of 5000 ticks", timeTicks);
     add("entry out of order", timeEntryOutOfOrder);
     add("catch-up of 75 reminders", timeCatchUp);
     add("payees after an edit", timePayees);

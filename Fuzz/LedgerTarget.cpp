@@ -109,7 +109,7 @@ private:
     InMemoryUserDefaults defaults_;
     InMemoryPasswordStore passwords_;
     InMemoryLegacyKeyStore keys_;
-    std::shared_ptr<UndoManager> undo_ = std::make_shared<UndoManager>();
+    std::shared_ptr<History> undo_ = std::make_shared<History>();
     std::unique_ptr<LibraryStore> store_;
     std::vector<Library> undoable_;
     std::vector<Library> redoable_;

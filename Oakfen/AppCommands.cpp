@@ -15,7 +15,7 @@ using Predicate = std::function<bool()>;
 /// Builds the table menu by menu; the references outlive the table.
 class CommandTable {
 public:
-    CommandTable(AppEnvironment& environment, UndoManager& undoManager, WindowActions window)
+    CommandTable(AppEnvironment& environment, History& undoManager, WindowActions window)
         : environment_(environment), undoManager_(undoManager), window_(std::move(window)) {}
 
     [[nodiscard]] std::vector<AppCommand> make() {
@@ -29,10 +29,15 @@ public:
     }
 
 private:
-    /// One that does nothing is disabled: what is to come is shown, so that nothing moves when it
-    /// does.
+    /// All that a command does is taken back in one step. One that does nothing is disabled: what
+    /// is to come is shown, so that nothing moves when it does.
     void add(AppCommand command) {
-        if (!command.perform && command.standard == AppCommand::Standard::none) {
+        if (command.perform) {
+            command.perform = [&history = undoManager_, perform = std::move(command.perform)] {
+                const UserEvent event(history);
+                perform();
+            };
+        } else if (command.standard == AppCommand::Standard::none) {
             command.isEnabled = [] { return false; };
         }
         commands_.push_back(std::move(command));
@@ -110,7 +115,7 @@ private:
     }
 
     /// Taking back what nobody can see, or beneath an open draft, would surprise.
-    [[nodiscard]] Predicate historyIfVisible(bool (UndoManager::*canMove)() const) const {
+    [[nodiscard]] Predicate historyIfVisible(bool (History::*canMove)() const) const {
         return [&environment = environment_, &undoManager = undoManager_, canMove] {
             return !ContentView(environment).isObscured() && !environment.appState.sheet() &&
                    (undoManager.*canMove)();
@@ -125,12 +130,12 @@ private:
         add({.menu = "Edit",
              .title = [&manager = undoManager_] { return named("Undo", manager.undoActionName()); },
              .shortcut = "Ctrl+Z",
-             .isEnabled = historyIfVisible(&UndoManager::canUndo),
+             .isEnabled = historyIfVisible(&History::canUndo),
              .perform = [&manager = undoManager_] { manager.undo(); }});
         add({.menu = "Edit",
              .title = [&manager = undoManager_] { return named("Redo", manager.redoActionName()); },
              .shortcut = "Ctrl+Shift+Z",
-             .isEnabled = historyIfVisible(&UndoManager::canRedo),
+             .isEnabled = historyIfVisible(&History::canRedo),
              .perform = [&manager = undoManager_] { manager.redo(); }});
         using Standard = AppCommand::Standard;
         add({.menu = "Edit",
@@ -205,14 +210,14 @@ private:
     }
 
     AppEnvironment& environment_;
-    UndoManager& undoManager_;
+    History& undoManager_;
     WindowActions window_;
     std::vector<AppCommand> commands_;
 };
 
 } // namespace
 
-std::vector<AppCommand> makeAppCommands(AppEnvironment& environment, UndoManager& undoManager,
+std::vector<AppCommand> makeAppCommands(AppEnvironment& environment, History& undoManager,
                                         const WindowActions& window) {
     return CommandTable(environment, undoManager, window).make();
 }

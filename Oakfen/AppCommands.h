@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "Oakfen/AppEnvironment.h"
-#include "OakfenCore/Support/UndoManager.h"
 
 namespace oakfen {
 
@@ -39,6 +38,6 @@ struct WindowActions {
 
 /// The whole menu bar as one table, in the order in which it is shown.
 [[nodiscard]] std::vector<AppCommand>
-makeAppCommands(AppEnvironment& environment, UndoManager& undoManager, const WindowActions& window);
+makeAppCommands(AppEnvironment& environment, History& undoManager, const WindowActions& window);
 
 } // namespace oakfen

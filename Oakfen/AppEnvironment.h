@@ -19,7 +19,7 @@ class OtherVersionFlow;
 struct AppEnvironment {
     LibraryStore& store;
     AppState& appState;
-    UndoManager& undoManager;
+    History& undoManager;
     Panels& panels;
     UserDefaults& defaults;
     const Clock& clock;

@@ -10,7 +10,6 @@
 #include "OakfenCore/Platform/InMemoryLegacyKeyStore.h"
 #include "OakfenCore/Platform/InMemoryPasswordStore.h"
 #include "OakfenCore/Platform/InMemoryUserDefaults.h"
-#include "OakfenCore/Support/UndoManager.h"
 
 namespace oakfen {
 
@@ -51,7 +50,7 @@ private:
     void watchForAFreeWindow(const SessionServices& services);
 
     DayChange dayChange_;
-    std::shared_ptr<UndoManager> undoManager_ = std::make_shared<UndoManager>();
+    std::shared_ptr<History> undoManager_ = std::make_shared<History>();
     std::unique_ptr<LibraryStore> store_;
     AppState appState_;
     BusyWork busyWork_;

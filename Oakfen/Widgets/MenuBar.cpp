@@ -29,7 +29,7 @@ void sendToFocus(const QKeySequence& keys) {
 
 } // namespace
 
-MenuBar::MenuBar(AppEnvironment& environment, UndoManager& undoManager, WindowActions window,
+MenuBar::MenuBar(AppEnvironment& environment, History& undoManager, WindowActions window,
                  QMenuBar& bar)
     : QObject(&bar), environment_(environment),
       commands_(makeAppCommands(environment, undoManager, window)) {
@@ -72,7 +72,7 @@ void MenuBar::build(QMenuBar& bar) {
     }
 }
 
-void MenuBar::watch(UndoManager& undoManager) {
+void MenuBar::watch(History& undoManager) {
     const auto refreshed = [this] { refresh(); };
     AppState& state = environment_.appState;
     for (Observers<>* observers :

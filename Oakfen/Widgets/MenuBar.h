@@ -16,14 +16,13 @@ class MenuBar final : public QObject {
     Q_OBJECT
 
 public:
-    MenuBar(AppEnvironment& environment, UndoManager& undoManager, WindowActions window,
-            QMenuBar& bar);
+    MenuBar(AppEnvironment& environment, History& undoManager, WindowActions window, QMenuBar& bar);
 
     void refresh();
 
 private:
     void build(QMenuBar& bar);
-    void watch(UndoManager& undoManager);
+    void watch(History& undoManager);
 
     AppEnvironment& environment_;
     std::vector<AppCommand> commands_;

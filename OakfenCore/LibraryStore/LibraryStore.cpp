@@ -6,7 +6,6 @@
 #include "OakfenCore/LibraryStore/Opening.h"
 #include "OakfenCore/LibraryStore/StoreState.h"
 #include "OakfenCore/Models/LibraryCoding.h"
-#include "OakfenCore/Models/NumberCheck.h"
 #include "OakfenCore/Platform/UserFolders.h"
 #include "OakfenCore/SampleData/SampleData.h"
 
@@ -94,8 +93,17 @@ bool LibraryStore::isChangedElsewhere() const {
     return state_->status.isChangedElsewhere;
 }
 
-void LibraryStore::setUndoManager(std::weak_ptr<UndoManager> undoManager) {
+void LibraryStore::setUndoManager(std::weak_ptr<History> undoManager) {
     state_->undoManager = std::move(undoManager);
+    if (const std::shared_ptr<History> history = state_->undoManager.lock()) {
+        history->setSwap([state = std::weak_ptr(state_)](Library& document) {
+            const std::shared_ptr<State> self = state.lock();
+            if (self) {
+                self->swapLibrary(document);
+            }
+            return self != nullptr;
+        });
+    }
 }
 
 void LibraryStore::mutate(const std::string& actionName,
@@ -103,20 +111,12 @@ void LibraryStore::mutate(const std::string& actionName,
     Library after = state_->library;
     edit(after);
     if (after != state_->library) {
-        replaceLibrary(std::move(after), actionName);
+        state_->apply(std::move(after), actionName, History::Kind::edit);
     }
 }
 
 void LibraryStore::replaceLibrary(Library library, const std::optional<std::string>& actionName) {
-    // Once it were in the document, no save could succeed until it had gone.
-    if (addsNaN(state_->library, library)) {
-        State::Status status = state_->status;
-        status.lastError = (actionName ? "“" + *actionName + "”" : "The change") +
-                           " couldn’t be done: an amount in it is too large to keep.";
-        state_->setStatus(std::move(status));
-        return;
-    }
-    state_->apply(std::move(library), actionName);
+    state_->apply(std::move(library), actionName, History::Kind::replacement);
 }
 
 void LibraryStore::refreshIndex() {

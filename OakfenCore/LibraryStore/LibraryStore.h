@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "OakfenCore/LibraryIndex/LibraryIndex.h"
+#include "OakfenCore/LibraryStore/History.h"
 #include "OakfenCore/Models/Library.h"
 #include "OakfenCore/Platform/Clock.h"
 #include "OakfenCore/Platform/LegacyKeyStore.h"
@@ -16,7 +17,6 @@
 #include "OakfenCore/Platform/UserDefaults.h"
 #include "OakfenCore/Support/FileSystem.h"
 #include "OakfenCore/Support/Observers.h"
-#include "OakfenCore/Support/UndoManager.h"
 
 namespace oakfen {
 
@@ -84,8 +84,8 @@ public:
     /// to keep, edits go on in memory, and are kept beside the file.
     [[nodiscard]] bool isChangedElsewhere() const;
 
-    /// Held weakly.
-    void setUndoManager(std::weak_ptr<UndoManager> undoManager);
+    /// Held weakly; steps are taken on this document from then on.
+    void setUndoManager(std::weak_ptr<History> undoManager);
 
     /// The single entry for edits: runs the edit on a copy. When that differs, the document and the
     /// index are replaced, an undo step with that name is registered and a save is scheduled. An
@@ -93,7 +93,8 @@ public:
     /// nothing else has changed.
     void mutate(const std::string& actionName, const std::function<void(Library&)>& edit);
 
-    /// Swaps the whole document; can be undone only when a name is given. Refused like an edit.
+    /// Swaps the whole document; can be undone only when a name is given, and then for as long as
+    /// the program runs. Refused like an edit.
     void replaceLibrary(Library library, const std::optional<std::string>& actionName);
 
     /// Builds the index of the same document again, for the present moment: which entries are

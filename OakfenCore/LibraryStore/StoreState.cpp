@@ -4,6 +4,7 @@
 
 #include "OakfenCore/LibraryStore/Opening.h"
 #include "OakfenCore/Models/LibraryCoding.h"
+#include "OakfenCore/Models/NumberCheck.h"
 
 namespace oakfen {
 
@@ -32,28 +33,32 @@ void LibraryStore::State::setLibrary(Library newLibrary) {
     library = std::move(newLibrary);
 }
 
-void LibraryStore::State::apply(Library newLibrary, const std::optional<std::string>& actionName) {
-    Library before = library;
+void LibraryStore::State::apply(Library newLibrary, const std::optional<std::string>& actionName,
+                                History::Kind kind) {
+    // Once it were in the document, no save could succeed until it had gone.
+    if (addsNaN(library, newLibrary)) {
+        Status told = status;
+        told.lastError = (actionName ? "“" + *actionName + "”" : "The change") +
+                         " couldn’t be done: an amount in it is too large to keep.";
+        setStatus(std::move(told));
+        return;
+    }
+    const Library before = library;
     setLibrary(std::move(newLibrary));
     scheduleSave();
-    if (actionName) {
-        registerUndo(std::move(before), *actionName);
+    if (const std::shared_ptr<History> history = undoManager.lock(); history && actionName) {
+        history->record(*actionName, before, library, kind);
     }
     // Last, so that an observer who edits in its turn files its undo step after this one.
     owner.libraryChanged.notify();
 }
 
-void LibraryStore::State::registerUndo(Library snapshot, const std::string& actionName) {
-    const std::shared_ptr<UndoManager> manager = undoManager.lock();
-    if (!manager) {
-        return;
-    }
-    manager->registerUndo([state = weak_from_this(), snapshot = std::move(snapshot), actionName] {
-        if (const auto self = state.lock()) {
-            self->apply(snapshot, actionName);
-        }
-    });
-    manager->setActionName(actionName);
+void LibraryStore::State::swapLibrary(Library& document) {
+    Library current = library;
+    setLibrary(document);
+    document = std::move(current);
+    scheduleSave();
+    owner.libraryChanged.notify();
 }
 
 void LibraryStore::State::scheduleSave() {
@@ -180,8 +185,8 @@ void LibraryStore::State::setLibraryAndStatus(std::optional<Library> newLibrary,
 }
 
 void LibraryStore::State::forgetUndo() {
-    if (const std::shared_ptr<UndoManager> manager = undoManager.lock()) {
-        manager->removeAllActions();
+    if (const std::shared_ptr<History> history = undoManager.lock()) {
+        history->removeAllActions();
     }
 }
 

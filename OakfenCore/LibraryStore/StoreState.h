@@ -35,11 +35,13 @@ struct LibraryStore::State : std::enable_shared_from_this<LibraryStore::State> {
     /// Document and index in one; tells nobody.
     void setLibrary(Library newLibrary);
 
-    /// Replaces the document after an edit: index, save, undo step, notice.
-    void apply(Library newLibrary, const std::optional<std::string>& actionName);
+    /// Replaces the document after an edit: index, save, undo step, notice. Refuses one with an
+    /// amount that is not a number, and says so.
+    void apply(Library newLibrary, const std::optional<std::string>& actionName,
+               History::Kind kind);
 
-    /// An undo step that restores the snapshot, and registers its own reverse when it does.
-    void registerUndo(Library snapshot, const std::string& actionName);
+    /// Puts a document of the history in the place of this one, and this one in its place.
+    void swapLibrary(Library& document);
 
     void scheduleSave();
 
@@ -83,7 +85,7 @@ struct LibraryStore::State : std::enable_shared_from_this<LibraryStore::State> {
     Library library;
     std::shared_ptr<const LibraryIndex> index;
     Status status;
-    std::weak_ptr<UndoManager> undoManager;
+    std::weak_ptr<History> undoManager;
     ScheduledWork saveWork;
     bool mustSaveAgain = false;
     /// Counts edits of the document that was opened, so that a write can tell whether it was of the

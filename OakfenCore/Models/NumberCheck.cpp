@@ -5,6 +5,7 @@
 #include <type_traits>
 
 #include "OakfenCore/Models/RecordFields.h"
+#include "OakfenCore/Support/UnsharedChunks.h"
 
 namespace oakfen {
 
@@ -47,21 +48,12 @@ struct NaNSearch {
     static bool findsNew(const Value& /*before*/, const Value& after) {
         return finds(after);
     }
-    /// An edit leaves most chunks where they were, seen from the beginning or from the end.
     template <typename Record>
     static bool findsNew(const SharedArray<Record>& before, const SharedArray<Record>& after) {
-        const auto& earlier = before.chunks();
-        const auto& later = after.chunks();
-        for (std::size_t index = 0; index < later.size(); ++index) {
-            const std::size_t fromEnd = later.size() - index;
-            const bool isShared =
-                (index < earlier.size() && earlier[index] == later[index]) ||
-                (fromEnd <= earlier.size() && earlier[earlier.size() - fromEnd] == later[index]);
-            if (!isShared && finds(*later[index])) {
-                return true;
-            }
-        }
-        return false;
+        bool found = false;
+        forEachUnsharedChunk(after, before,
+                             [&](const auto& records) { found = found || finds(records); });
+        return found;
     }
 };
 

@@ -131,7 +131,7 @@ public:
     LibraryStore* store = nullptr;
     AppState* appState = nullptr;
     BusyWork* busyWork = nullptr;
-    UndoManager* undoManager = nullptr;
+    History* undoManager = nullptr;
 };
 
 } // namespace oakfen::testing

@@ -201,6 +201,22 @@ TEST_F(MutationTest, FilesTheEditOfAnObserverAfterTheOneThatItFollows) {
     EXPECT_EQ(store.library(), withAccount("Chequing"));
 }
 
+TEST_F(MutationTest, CanTakeBackARestoredDocumentHoweverMuchIsEditedAfterwards) {
+    undo = std::make_shared<History>(1);
+    LibraryStore& store = openPlain(withAccount("Chequing"));
+    store.replaceLibrary(withAccount("Restored"), "Restore Backup");
+    for (const char* name : {"A", "BB", "CCC", "DDDD"}) {
+        addAccount(store, name);
+    }
+    undo->undo();
+    EXPECT_EQ(undo->undoActionName(), "Earlier Changes");
+    undo->undo();
+    EXPECT_EQ(store.library(), withAccount("Restored"));
+    EXPECT_EQ(undo->undoActionName(), "Restore Backup");
+    undo->undo();
+    EXPECT_EQ(store.library(), withAccount("Chequing"));
+}
+
 TEST_F(MutationTest, StandsWithoutAnUndoManager) {
     LibraryStore& store = openPlain();
     undo.reset();

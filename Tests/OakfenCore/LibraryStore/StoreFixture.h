@@ -90,7 +90,7 @@ protected:
     InMemoryUserDefaults defaults;
     InMemoryPasswordStore passwords;
     InMemoryLegacyKeyStore legacyKeys;
-    std::shared_ptr<UndoManager> undo = std::make_shared<UndoManager>();
+    std::shared_ptr<History> undo = std::make_shared<History>();
 
 private:
     std::unique_ptr<LibraryStore> store_;

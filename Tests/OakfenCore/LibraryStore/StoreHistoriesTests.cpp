@@ -14,9 +14,9 @@ namespace {
 
 /// One long random life of a data file: edits, saves, failures, power cuts, restarts. After each
 /// step, nothing that was saved and not replaced by a later save may have gone.
-class History {
+class StoreHistory {
 public:
-    explicit History(std::uint64_t seed) : random_(seed) {
+    explicit StoreHistory(std::uint64_t seed) : random_(seed) {
         machine_.disk.addFolder(folder());
         if (chance(2)) {
             putFile(encodeLibrary(documentWithAccounts(3)));
@@ -52,7 +52,7 @@ private:
     void open() {
         const Contents before = machine_.disk.contents(path());
         store_.reset();
-        undo_ = std::make_shared<UndoManager>();
+        undo_ = std::make_shared<History>();
         undoable_.clear();
         redoable_.clear();
         store_ = std::make_unique<LibraryStore>(path(), machine_.bench.services());
@@ -331,7 +331,7 @@ private:
 
     std::mt19937_64 random_;
     FaultyMachine machine_{unchangedFiles};
-    std::shared_ptr<UndoManager> undo_;
+    std::shared_ptr<History> undo_;
     std::unique_ptr<LibraryStore> store_;
     std::string log_;
     int edits_ = 0;
@@ -361,7 +361,7 @@ TEST(StoreHistories, LoseNothingThatWasSavedAndUndoAndRedoExactly) {
     int toldFailures = 0;
     for (int seed = 0; seed < histories && !testing::Test::HasFailure(); ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
-        History history(static_cast<std::uint64_t>(seed));
+        StoreHistory history(static_cast<std::uint64_t>(seed));
         history.run(60);
         cleanSaves += history.cleanSaves();
         toldFailures += history.toldFailures();
