@@ -1,32 +1,12 @@
 #pragma once
 
 #include <functional>
-#include <string>
 #include <vector>
 
 #include "Oakfen/AppEnvironment.h"
+#include "Oakfen/Views/MenuEntry.h"
 
 namespace oakfen {
-
-/// One item of the menu bar. Holds no logic beyond its enablement: it writes the application's
-/// state, starts a flow or runs one mutation.
-struct AppCommand {
-    /// What the toolkit's focused field does by itself.
-    enum class Standard { none, cut, copy, paste, selectAll };
-
-    std::string menu;
-    /// Empty, or the submenu that the item is in.
-    std::string submenu = {};
-    std::function<std::string()> title;
-    /// As "Ctrl+Shift+N"; empty for none.
-    std::string shortcut = {};
-    /// A divider stands before the item.
-    bool startsGroup = false;
-    std::function<bool()> isEnabled = [] { return true; };
-    /// Without one, and unless it is a standard command, the item is disabled.
-    std::function<void()> perform = {};
-    Standard standard = Standard::none;
-};
 
 /// What the commands ask of the window.
 struct WindowActions {
@@ -36,8 +16,10 @@ struct WindowActions {
     std::function<void()> toggleSidebar;
 };
 
-/// The whole menu bar as one table, in the order in which it is shown.
-[[nodiscard]] std::vector<AppCommand>
-makeAppCommands(AppEnvironment& environment, History& undoManager, const WindowActions& window);
+/// The whole menu bar as it is now: an entry for each menu, with its lines in their order. A line
+/// holds no logic beyond its enablement: it writes the application's state, starts a flow or runs
+/// one mutation. All that one does is taken back in one step.
+[[nodiscard]] std::vector<MenuEntry> makeMenuBar(AppEnvironment& environment,
+                                                 const WindowActions& window);
 
 } // namespace oakfen

@@ -7,12 +7,19 @@
 
 namespace oakfen {
 
-/// One line of a context menu or of a menu button. One that neither does anything nor opens a
-/// submenu is shown disabled.
+/// One line of a menu: of the menu bar, a context menu or a menu button. Menus are made anew for
+/// each look at them.
 struct MenuEntry {
+    /// What the toolkit's focused field does by itself.
+    enum class Standard { none, cut, copy, paste, selectAll };
+
     std::string title;
     std::string symbolName = {};
+    /// As "Ctrl+Shift+N"; empty for none. For the menu bar only.
+    std::string shortcut = {};
     std::function<void()> perform = {};
+    /// In the place of `perform`.
+    Standard standard = Standard::none;
     bool isEnabled = true;
     bool isDestructive = false;
     /// For a line that shows a tick or not.
@@ -21,6 +28,12 @@ struct MenuEntry {
     bool startsGroup = false;
     /// The lines of the submenu that it opens; then it does nothing by itself.
     std::vector<MenuEntry> children = {};
+
+    /// One that has nothing to do can't: what is to come is shown, so that nothing moves when it
+    /// does.
+    [[nodiscard]] bool canBeChosen() const {
+        return isEnabled && (perform || standard != Standard::none || !children.empty());
+    }
 };
 
 } // namespace oakfen

@@ -108,7 +108,7 @@ void MainWindow::buildContent() {
 }
 
 void MainWindow::buildMenuBar() {
-    menu_ = new MenuBar(environment_, environment_.undoManager,
+    menu_ = new MenuBar(environment_,
                         {.quit = requestQuit_,
                          .showAbout = [this] { showAbout(); },
                          .isSidebarShown = [this] { return !sidebar_->isHidden(); },

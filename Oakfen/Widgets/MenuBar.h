@@ -6,28 +6,27 @@
 #include "Oakfen/AppCommands.h"
 #include "OakfenCore/Support/Observers.h"
 
-class QAction;
+class QMenu;
 class QMenuBar;
 
 namespace oakfen {
 
-/// Draws the table of commands as a menu bar and keeps titles and enablement in step.
+/// Draws the application's menus as a menu bar and keeps titles and enablement in step.
 class MenuBar final : public QObject {
     Q_OBJECT
 
 public:
-    MenuBar(AppEnvironment& environment, History& undoManager, WindowActions window, QMenuBar& bar);
+    MenuBar(AppEnvironment& environment, WindowActions window, QMenuBar& bar);
 
     void refresh();
 
 private:
     void build(QMenuBar& bar);
-    void watch(History& undoManager);
+    void watch();
 
     AppEnvironment& environment_;
-    std::vector<AppCommand> commands_;
-    /// Beside each command.
-    std::vector<QAction*> actions_;
+    WindowActions window_;
+    std::vector<QMenu*> menus_;
     std::vector<Subscription> subscriptions_;
 };
 

@@ -17,4 +17,8 @@ namespace oakfen {
 /// Replaces the menu's lines.
 void fillMenu(QMenu& menu, const std::vector<MenuEntry>& entries);
 
+/// Brings title and enablement of each line up to date in a menu that was filled with as many lines
+/// that do the same.
+void refreshMenu(QMenu& menu, const std::vector<MenuEntry>& entries);
+
 } // namespace oakfen
