@@ -32,10 +32,10 @@ inline constexpr std::array<std::string_view, 14> formats = {
 parse(std::string_view text, std::optional<std::string_view> preferred, const Calendar& calendar);
 
 /// The first of `formats` that reads every text that is not empty: settles month-first against
-/// day-first for a whole column.
+/// day-first for a whole column. All at once: for tests.
 [[nodiscard]] std::optional<std::string_view> bestFormat(std::span<const std::string> cells);
 
-/// The same for texts that come one by one.
+/// The same for texts that come one by one, as those of a statement do.
 class BestFormatFinder {
 public:
     BestFormatFinder();

@@ -12,7 +12,7 @@
 namespace oakfen {
 
 /// Whether the ledger already has that line: the same bank id, or the same amount and payee (in any
-/// case) at most three whole days apart.
+/// case) at most three whole days apart. The plain rule, which the finder below is tested against.
 [[nodiscard]] bool isDuplicate(const ImportedTransaction& item,
                                std::span<const Transaction* const> existing,
                                const Calendar& calendar);

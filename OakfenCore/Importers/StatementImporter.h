@@ -60,7 +60,8 @@ inline constexpr std::size_t maxBytes = 26214400;
 [[nodiscard]] std::vector<ImportedTransaction> parse(std::string_view data, ImportFormat format,
                                                      const Calendar& calendar);
 
-/// The rows and cells of comma-separated text.
+/// The rows and cells of comma-separated text, all at once: for tests. Statements are read row by
+/// row.
 [[nodiscard]] std::vector<std::vector<std::string>> csvRows(std::string_view text);
 
 } // namespace StatementImporter
