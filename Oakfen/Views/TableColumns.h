@@ -1,0 +1,229 @@
+#pragma once
+
+#include <memory>
+#include <span>
+#include <type_traits>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "Oakfen/Views/Table.h"
+#include "OakfenCore/Exporters/Exporter.h"
+
+namespace oakfen {
+
+/// One column of a table: the value that each row holds there. What is shown, said, copied and
+/// printed, how the column is sorted and how much room it needs, all follow from that value.
+template <typename Row>
+struct Column {
+    /// A text of the row. Where it `countsDigits`, figures in it sort as numbers.
+    struct Text {
+        std::string_view (*of)(const Row&);
+        bool countsDigits = false;
+    };
+    /// A text that is put together for the cell; it can't be sorted by.
+    struct Composed {
+        std::string (*of)(const Row&);
+    };
+    struct Money {
+        Decimal (*of)(const Row&);
+        bool leavesZeroBlank = false;
+    };
+    /// A number that is no money: a count, shares, a percentage.
+    struct Figures {
+        Decimal (*of)(const Row&);
+        int fractionDigits = 0;
+    };
+    struct Day {
+        Date (*of)(const Row&);
+    };
+    struct Tick {
+        bool (*of)(const Row&);
+    };
+
+    ColumnHead head;
+    std::variant<Text, Composed, Money, Figures, Day, Tick> value;
+    /// Gives the cell what its value doesn't say: a tone, a detail, an icon, a tooltip.
+    void (*dress)(Cell& cell, const Row& row, const CellContext& context) = nullptr;
+};
+
+/// The columns of one kind of table; they live as long as the program.
+template <typename Row>
+using Columns = std::vector<Column<Row>>;
+
+/// Calls the one of these functions that takes the value.
+template <typename... Functions>
+struct Overloaded : Functions... {
+    using Functions::operator()...;
+};
+template <typename... Functions>
+Overloaded(Functions...) -> Overloaded<Functions...>;
+
+/// How far the column's figures reach in these rows.
+template <typename Row>
+[[nodiscard]] AmountRange rangeOf(const Column<Row>& column, std::span<const Row> rows) {
+    AmountRange range;
+    const auto include = [&](auto of) {
+        for (const Row& row : rows) {
+            range.include(of(row));
+        }
+    };
+    if (const auto* money = std::get_if<typename Column<Row>::Money>(&column.value)) {
+        include(money->of);
+    } else if (const auto* figures = std::get_if<typename Column<Row>::Figures>(&column.value)) {
+        include(figures->of);
+    }
+    return range;
+}
+
+/// How far the figures of each column reach.
+template <typename Row>
+[[nodiscard]] std::vector<AmountRange> rangesOf(const Columns<Row>& columns,
+                                                std::span<const Row> rows) {
+    std::vector<AmountRange> ranges;
+    for (const Column<Row>& column : columns) {
+        ranges.push_back(rangeOf(column, rows));
+    }
+    return ranges;
+}
+
+/// A table of rows of one type, which have an `id` and, where some are no entries, a `kind`.
+template <typename Row>
+class Table final : public TableContent {
+public:
+    /// Shows some rows of those that `owner` keeps alive. `ranges` are those of all its rows, so
+    /// that columns don't change their widths with the choice of rows.
+    Table(const Columns<Row>& columns, std::vector<const Row*> rows,
+          std::shared_ptr<const void> owner, std::vector<AmountRange> ranges, CellContext context)
+        : columns_(columns), rows_(std::move(rows)), owner_(std::move(owner)),
+          ranges_(std::move(ranges)), context_(std::move(context)) {}
+
+    /// Shows all of these rows; what they point to, `owner` keeps alive.
+    Table(const Columns<Row>& columns, std::vector<Row> rows, std::shared_ptr<const void> owner,
+          CellContext context)
+        : columns_(columns), kept_(std::move(rows)), owner_(std::move(owner)),
+          ranges_(rangesOf<Row>(columns, kept_)), context_(std::move(context)) {
+        rows_.reserve(kept_.size());
+        for (const Row& row : kept_) {
+            rows_.push_back(&row);
+        }
+    }
+
+    [[nodiscard]] const std::vector<const Row*>& rows() const { return rows_; }
+
+    [[nodiscard]] std::size_t columnCount() const override { return columns_.size(); }
+    [[nodiscard]] const ColumnHead& head(std::size_t column) const override {
+        return columns_[column].head;
+    }
+    [[nodiscard]] bool isOfFigures(std::size_t column) const override {
+        return holds<typename Column<Row>::Money>(column) ||
+               holds<typename Column<Row>::Figures>(column);
+    }
+    [[nodiscard]] std::vector<std::string> wholeTexts(std::size_t column) const override;
+
+    [[nodiscard]] std::size_t rowCount() const override { return rows_.size(); }
+    [[nodiscard]] UUID id(std::size_t row) const override { return rows_[row]->id; }
+    [[nodiscard]] RowKind kind(std::size_t row) const override {
+        if constexpr (requires { rows_[row]->kind; }) {
+            return rows_[row]->kind;
+        } else {
+            return RowKind::entry;
+        }
+    }
+    [[nodiscard]] Cell cell(std::size_t row, std::size_t column) const override;
+    [[nodiscard]] std::string plainText(std::size_t row, std::size_t column) const override;
+
+    [[nodiscard]] bool isAlike(const TableContent& other) const override {
+        const auto* table = dynamic_cast<const Table*>(&other);
+        return table != nullptr && &table->columns_ == &columns_ && table->context_ == context_;
+    }
+    [[nodiscard]] bool isSameRow(std::size_t row, const TableContent& other,
+                                 std::size_t otherRow) const override {
+        return *rows_[row] == *static_cast<const Table&>(other).rows_[otherRow];
+    }
+
+private:
+    template <typename Value>
+    [[nodiscard]] bool holds(std::size_t column) const {
+        return std::holds_alternative<Value>(columns_[column].value);
+    }
+    [[nodiscard]] Cell undressed(const Row& row, const Column<Row>& column) const;
+
+    const Columns<Row>& columns_;
+    std::vector<Row> kept_;
+    std::vector<const Row*> rows_;
+    std::shared_ptr<const void> owner_;
+    std::vector<AmountRange> ranges_;
+    CellContext context_;
+};
+
+template <typename Row>
+std::vector<std::string> Table<Row>::wholeTexts(std::size_t column) const {
+    const AmountRange& range = ranges_[column];
+    const auto ends = [&](auto&& cellOf) {
+        return std::vector{cellOf(range.least).text, cellOf(range.greatest).text};
+    };
+    return std::visit(Overloaded{[&](const typename Column<Row>::Money&) {
+                                     return ends([&](const Decimal& amount) {
+                                         return moneyCell(amount, false, context_);
+                                     });
+                                 },
+                                 [&](const typename Column<Row>::Figures& figures) {
+                                     return ends([&](const Decimal& value) {
+                                         return figuresCell(value, figures.fractionDigits);
+                                     });
+                                 },
+                                 // Of any day: each digit is given the room of the widest one.
+                                 [&](const typename Column<Row>::Day&) {
+                                     return std::vector{dayCell(Date(), context_).text};
+                                 },
+                                 [](const auto&) { return std::vector<std::string>(); }},
+                      columns_[column].value);
+}
+
+template <typename Row>
+Cell Table<Row>::undressed(const Row& row, const Column<Row>& column) const {
+    return std::visit(
+        Overloaded{
+            [&](const typename Column<Row>::Money& money) {
+                return moneyCell(money.of(row), money.leavesZeroBlank, context_);
+            },
+            [&](const typename Column<Row>::Figures& figures) {
+                return figuresCell(figures.of(row), figures.fractionDigits);
+            },
+            [&](const typename Column<Row>::Day& day) { return dayCell(day.of(row), context_); },
+            [&](const typename Column<Row>::Tick& tick) { return tickCell(tick.of(row)); },
+            [&](const auto& text) { return textCell(text.of(row)); }},
+        column.value);
+}
+
+template <typename Row>
+Cell Table<Row>::cell(std::size_t row, std::size_t column) const {
+    Cell result = undressed(*rows_[row], columns_[column]);
+    if (columns_[column].dress != nullptr) {
+        columns_[column].dress(result, *rows_[row], context_);
+    }
+    return result;
+}
+
+template <typename Row>
+std::string Table<Row>::plainText(std::size_t row, std::size_t column) const {
+    const Row& each = *rows_[row];
+    return std::visit(
+        Overloaded{[&](const typename Column<Row>::Money& money) {
+                       const Decimal amount = money.of(each);
+                       return money.leavesZeroBlank && amount.isZero() ? std::string()
+                                                                       : Exporter::plain(amount);
+                   },
+                   [&](const typename Column<Row>::Figures& figures) {
+                       return figures.of(each).toString();
+                   },
+                   [&](const typename Column<Row>::Day& day) {
+                       return Exporter::isoDate(day.of(each), context_.calendar);
+                   },
+                   [&](const typename Column<Row>::Tick&) { return cell(row, column).spoken; },
+                   [&](const auto& text) { return plainCellText(text.of(each)); }},
+        columns_[column].value);
+}
+
+} // namespace oakfen
