@@ -16,6 +16,12 @@ namespace {
 
 constexpr int iconSize = 15;
 
+QFont fontOf(const QStyleOptionViewItem& option, const QModelIndex& index) {
+    QFont font = option.font;
+    font.setBold(font.bold() || index.data(LedgerDelegate::StrongRole).toBool());
+    return font;
+}
+
 TextTone toneOf(const QModelIndex& index) {
     return static_cast<TextTone>(index.data(LedgerDelegate::ToneRole).toInt());
 }
@@ -76,7 +82,7 @@ void LedgerDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
     }
     const QString symbol = index.data(SymbolRole).toString();
     const QRect content = option.rect.adjusted(margin, 0, -margin, 0);
-    painter->setFont(option.font);
+    painter->setFont(fontOf(option, index));
     if (index.data(Qt::CheckStateRole).isValid()) {
         drawTick(*painter, option, index);
     } else if (!symbol.isEmpty()) {
@@ -96,9 +102,10 @@ bool LedgerDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
                                const QStyleOptionViewItem& option, const QModelIndex& index) {
     const QString text = index.data().toString();
     const int room = option.rect.width() - (2 * margin);
+    const QFont font = fontOf(option, index);
     const bool isCut = index.data(FiguresRole).toBool()
-                           ? figureWidth(option.font, text) > room
-                           : QFontMetrics(option.font).horizontalAdvance(text) > room;
+                           ? figureWidth(font, text) > room
+                           : QFontMetrics(font).horizontalAdvance(text) > room;
     if (event->type() != QEvent::ToolTip || !isCut ||
         !index.data(Qt::ToolTipRole).toString().isEmpty()) {
         return QStyledItemDelegate::helpEvent(event, view, option, index);

@@ -20,6 +20,8 @@ public:
         DetailRole,
         /// The name of an icon that stands instead of a text.
         SymbolRole,
+        /// True for a heading or a total among the rows, which is set off by its weight.
+        StrongRole,
     };
 
     /// The blank at either side of a cell.

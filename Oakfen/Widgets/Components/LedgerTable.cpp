@@ -10,7 +10,7 @@
 
 #include "Oakfen/Widgets/Components/Figures.h"
 #include "Oakfen/Widgets/Components/LedgerDelegate.h"
-#include "Oakfen/Widgets/Components/LedgerModel.h"
+#include "Oakfen/Widgets/Components/TableModel.h"
 #include "Oakfen/Widgets/Theme.h"
 #include "Oakfen/Widgets/WindowState.h"
 
@@ -87,7 +87,34 @@ void LedgerTable::setColumnWidths(const QString& stateKey, const QList<int>& wid
                 }
             });
     connect(model(), &QAbstractItemModel::modelReset, this, [this] { measureWholeTexts(); });
+    connect(model(), &QAbstractItemModel::headerDataChanged, this, [this] { measureWholeTexts(); });
     measureWholeTexts();
+}
+
+void LedgerTable::setTable(TableModel& model, const QString& stateKey) {
+    const TableContent& content = model.content();
+    QList<int> widths;
+    QList<YieldingColumn> yielding;
+    int stretched = static_cast<int>(content.columnCount()) - 1;
+    for (std::size_t each = 0; each < content.columnCount(); ++each) {
+        const ColumnHead& head = content.head(each);
+        const int column = static_cast<int>(each);
+        widths << head.width;
+        if (head.least) {
+            yielding << YieldingColumn{column, *head.least};
+        }
+        if (head.stretches) {
+            stretched = column;
+        }
+        if (head.isSearched) {
+            setSearchColumn(column);
+        }
+        if (head.isEditable) {
+            setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
+        }
+    }
+    setModel(&model);
+    setColumnWidths(stateKey, widths, stretched, yielding);
 }
 
 void LedgerTable::measureWholeTexts() {
@@ -96,7 +123,7 @@ void LedgerTable::measureWholeTexts() {
     for (int column = 0; column < static_cast<int>(widths_.size()); ++column) {
         int least = leastColumnWidth;
         const QVariant texts =
-            model()->headerData(column, Qt::Horizontal, LedgerModel::WholeTextsRole);
+            model()->headerData(column, Qt::Horizontal, TableModel::WholeTextsRole);
         for (const QString& text : texts.toStringList()) {
             const int width = static_cast<int>(std::ceil(figureWidth(font(), text)));
             least = std::max(least, width + (2 * LedgerDelegate::margin));

@@ -6,9 +6,11 @@
 
 namespace oakfen {
 
+class TableModel;
+
 /// The program's table: rows of one height, whole rows selected, no grid, one column that takes the
 /// room that is left, and column widths that are remembered. Whatever these are, a column is as
-/// wide as the texts that its `LedgerModel` never wants cut.
+/// wide as the texts that its model never wants cut.
 class LedgerTable final : public QTableView {
     Q_OBJECT
 
@@ -27,6 +29,9 @@ public:
     /// become narrower; the table scrolls only when that is not enough.
     void setColumnWidths(const QString& stateKey, const QList<int>& widths, int stretched,
                          const QList<YieldingColumn>& yielding = {});
+
+    /// Shows the model, with the widths and the searched column that its columns declare.
+    void setTable(TableModel& model, const QString& stateKey);
 
     /// The column that is searched for what the person types into the table.
     void setSearchColumn(int column) { searchColumn_ = column; }
