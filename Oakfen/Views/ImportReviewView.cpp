@@ -1,73 +1,42 @@
 #include "Oakfen/Views/ImportReviewView.h"
 
 #include <algorithm>
+#include <utility>
 
-#include "Oakfen/Views/Components.h"
 #include "OakfenCore/Importers/Merging.h"
-#include "OakfenCore/Support/Formatting.h"
 #include "OakfenCore/Support/Quotation.h"
 
 namespace oakfen {
 
 ImportReviewView::ImportReviewView(AppEnvironment& environment,
                                    std::shared_ptr<const ImportSession> session)
-    : environment_(environment), session_(std::move(session)) {
+    : Screen(environment), session_(std::move(session)) {
     if (environment.store.index().account(session_->accountID) != nullptr) {
         accountID_ = session_->accountID;
     }
     for (const ImportedTransaction& item : session_->items) {
-        included.insert(item.id);
+        included_.insert(item.id);
     }
 }
 
 void ImportReviewView::setAccountID(std::optional<UUID> accountID) {
     accountID_ = accountID;
-    duplicatesIndex_.reset();
+    stateChanged();
+}
+
+void ImportReviewView::setIncluded(const std::vector<UUID>& ids, bool isIncluded) {
+    for (const UUID& id : ids) {
+        if (isIncluded) {
+            included_.insert(id);
+        } else {
+            included_.erase(id);
+        }
+    }
+    stateChanged();
 }
 
 std::string ImportReviewView::heading(const ImportSession& session) {
     return "Import " + legible(session.fileName);
-}
-
-std::string ImportReviewView::summary() const {
-    findDuplicates();
-    const auto known = std::ranges::count_if(
-        duplicates_, [](const Transaction* match) { return match != nullptr; });
-    return std::to_string(items().size()) + " transactions found · " + std::to_string(known) +
-           " already in this account";
-}
-
-const Transaction* ImportReviewView::duplicate(std::size_t line) const {
-    findDuplicates();
-    return duplicates_.at(line);
-}
-
-std::string ImportReviewView::duplicateDescription(std::size_t line) const {
-    const Transaction* match = duplicate(line);
-    if (match == nullptr) {
-        return {};
-    }
-    return "Already in this account: " +
-           numericDateText(match->date, environment_.clock.calendar()) + ", " +
-           (match->payee.empty() ? "no payee" : singleLine(match->payee)) + ", " +
-           currencyText(match->amount, environment_.currencyCode());
-}
-
-void ImportReviewView::setIncluded(std::size_t line, bool isIncluded) {
-    const UUID& id = items().at(line).id;
-    if (isIncluded) {
-        included.insert(id);
-    } else {
-        included.erase(id);
-    }
-}
-
-bool ImportReviewView::isIncluded(std::size_t line) const {
-    return included.contains(items().at(line).id);
-}
-
-bool ImportReviewView::canImport() const {
-    return accountID_ && !included.empty();
 }
 
 void ImportReviewView::importLines() {
@@ -76,27 +45,53 @@ void ImportReviewView::importLines() {
     }
     std::vector<ImportedTransaction> chosen;
     std::ranges::copy_if(items(), std::back_inserter(chosen),
-                         [this](const auto& item) { return included.contains(item.id); });
+                         [this](const auto& item) { return included_.contains(item.id); });
+    stopFollowingLibrary();
     environment_.store.mutate("Import Transactions", [&](Library& library) {
         importTransactions(library, chosen, *accountID_, environment_.clock.now(),
                            environment_.clock.calendar());
     });
 }
 
-void ImportReviewView::findDuplicates() const {
+ImportReviewContent ImportReviewView::derive(const ImportReviewContent* earlier) const {
+    const Duplicates& found = duplicates();
+    std::vector<ImportReviewRow> rows;
+    rows.reserve(items().size());
+    for (std::size_t line = 0; line < items().size(); ++line) {
+        const ImportedTransaction& item = items()[line];
+        rows.push_back({.id = item.id,
+                        .item = &item,
+                        .duplicate = found.matches[line],
+                        .isIncluded = included_.contains(item.id)});
+    }
+    const auto known =
+        static_cast<std::ptrdiff_t>(items().size()) - std::ranges::count(found.matches, nullptr);
+    // The rows point into both.
+    auto owner = std::make_shared<
+        const std::pair<std::shared_ptr<const ImportSession>, std::shared_ptr<const LibraryIndex>>>(
+        session_, found.index);
+    return {.summary = std::to_string(items().size()) + " transactions found · " +
+                       std::to_string(known) + " already in this account",
+            .canImport = canImport(),
+            .table = keepingEqual(
+                earlier != nullptr ? earlier->table : nullptr,
+                std::make_shared<const Table<ImportReviewRow>>(
+                    importReviewColumns(), std::move(rows), std::move(owner), cellContext()))};
+}
+
+const ImportReviewView::Duplicates& ImportReviewView::duplicates() const {
     auto index = environment_.store.sharedIndex();
-    if (index == duplicatesIndex_) {
-        return;
+    if (index == duplicates_.index && accountID_ == duplicates_.accountID) {
+        return duplicates_;
     }
     const auto existing =
         accountID_ ? index->transactions(*accountID_) : std::span<const Transaction* const>();
-    const Calendar calendar = environment_.clock.calendar();
-    const DuplicateFinder finder(existing, calendar);
-    duplicates_.clear();
+    const DuplicateFinder finder(existing, environment_.clock.calendar());
+    duplicates_ = {.index = std::move(index), .accountID = accountID_};
     for (const ImportedTransaction& item : items()) {
-        duplicates_.push_back(finder.match(item));
+        duplicates_.matches.push_back(finder.match(item));
     }
-    duplicatesIndex_ = std::move(index);
+    return duplicates_;
 }
 
 } // namespace oakfen

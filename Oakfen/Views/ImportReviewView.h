@@ -5,51 +5,62 @@
 #include <string>
 #include <vector>
 
-#include "Oakfen/AppEnvironment.h"
+#include "Oakfen/Views/ImportReviewTable.h"
+#include "Oakfen/Views/Screen.h"
 
 namespace oakfen {
 
+/// What the review shows.
+struct ImportReviewContent {
+    /// How many lines there are, and how many of them the account has.
+    std::string summary;
+    /// Needs an account and a line.
+    bool canImport = false;
+    std::shared_ptr<const Table<ImportReviewRow>> table;
+
+    friend bool operator==(const ImportReviewContent&, const ImportReviewContent&) = default;
+};
+
 /// The sheet between reading a statement and adding its lines: the person chooses the account and
 /// the lines.
-class ImportReviewView {
+class ImportReviewView final : public Screen<ImportReviewContent> {
 public:
     ImportReviewView(AppEnvironment& environment, std::shared_ptr<const ImportSession> session);
-
-    /// The lines that are ticked; at first, all.
-    UUIDSet included;
 
     [[nodiscard]] const std::optional<UUID>& accountID() const { return accountID_; }
     void setAccountID(std::optional<UUID> accountID);
 
+    /// The lines that are ticked; at first, all.
+    [[nodiscard]] const UUIDSet& included() const { return included_; }
+    /// Ticks the lines, or leaves them out.
+    void setIncluded(const std::vector<UUID>& ids, bool isIncluded);
+
     [[nodiscard]] const std::vector<ImportedTransaction>& items() const { return session_->items; }
     /// "Import statement.csv".
     [[nodiscard]] static std::string heading(const ImportSession& session);
-    /// How many lines there are, and how many of them the account has.
-    [[nodiscard]] std::string summary() const;
 
-    /// The account's entry that the line repeats, or null. Valid until the document or the account
-    /// changes.
-    [[nodiscard]] const Transaction* duplicate(std::size_t line) const;
-    /// Says which entry that is; empty for a new line.
-    [[nodiscard]] std::string duplicateDescription(std::size_t line) const;
-
-    void setIncluded(std::size_t line, bool isIncluded);
-    [[nodiscard]] bool isIncluded(std::size_t line) const;
-
-    /// Needs an account and a line.
-    [[nodiscard]] bool canImport() const;
     /// Adds the ticked lines that the account does not have yet.
     void importLines();
 
-private:
-    void findDuplicates() const;
+protected:
+    [[nodiscard]] ImportReviewContent derive(const ImportReviewContent* earlier) const override;
 
-    AppEnvironment& environment_;
+private:
+    /// What each line repeats in the account.
+    struct Duplicates {
+        std::shared_ptr<const LibraryIndex> index;
+        std::optional<UUID> accountID;
+        std::vector<const Transaction*> matches;
+    };
+
+    [[nodiscard]] const Duplicates& duplicates() const;
+    [[nodiscard]] bool canImport() const { return accountID_ && !included_.empty(); }
+
     std::shared_ptr<const ImportSession> session_;
     std::optional<UUID> accountID_;
-    // What each line repeats in that account, worked out once for an index.
-    mutable std::shared_ptr<const LibraryIndex> duplicatesIndex_;
-    mutable std::vector<const Transaction*> duplicates_;
+    UUIDSet included_;
+    // Found once for an index and an account, since ticks change more often.
+    mutable Duplicates duplicates_;
 };
 
 } // namespace oakfen

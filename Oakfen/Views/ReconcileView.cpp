@@ -1,22 +1,42 @@
 #include "Oakfen/Views/ReconcileView.h"
 
-#include <algorithm>
-#include <iterator>
 #include <utility>
 
 #include "OakfenCore/LibraryOperations/Reconciliation.h"
 
 namespace oakfen {
 
+std::string_view ReconcileContent::obstacle() const {
+    return difference.isNaN() ? "The difference is too large to enter as an adjustment." : "";
+}
+
+std::string_view ReconcileContent::finishTitle() const {
+    return isMatched() ? "Finish" : "Finish with Adjustment";
+}
+
+std::string_view ReconcileContent::finishHelp() const {
+    return isMatched() ? "Mark ticked transactions as reconciled"
+                       : "Adds a balance adjustment for the difference";
+}
+
 ReconcileView::ReconcileView(AppEnvironment& environment, const UUID& accountID)
-    : statementDate(environment.clock.now()),
-      statementBalance(environment.store.index().clearedBalance(accountID)),
-      environment_(environment), accountID_(accountID) {
+    : Screen(environment), accountID_(accountID), statementDate_(environment.clock.now()),
+      statementBalance_(environment.store.index().clearedBalance(accountID)) {
     for (const Transaction* entry : environment.store.index().transactions(accountID)) {
         if (entry->cleared == ClearedState::cleared) {
             checked_.insert(entry->id);
         }
     }
+}
+
+void ReconcileView::setStatementDate(Date date) {
+    statementDate_ = date;
+    stateChanged();
+}
+
+void ReconcileView::setStatementBalance(const Decimal& balance) {
+    statementBalance_ = balance;
+    stateChanged();
 }
 
 std::string ReconcileView::heading(const Account& account) {
@@ -28,77 +48,54 @@ std::string_view ReconcileView::instructions() {
            "your register matches the bank.";
 }
 
-const std::vector<const Transaction*>& ReconcileView::rows() const {
-    auto index = environment_.store.sharedIndex();
-    const Date end = environment_.clock.calendar().endOfDay(statementDate);
-    if (index == rowsIndex_ && end == rowsEnd_) {
-        return rows_;
+void ReconcileView::setChecked(const std::vector<UUID>& ids, bool isChecked) {
+    for (const UUID& id : ids) {
+        if (isChecked) {
+            checked_.insert(id);
+        } else {
+            checked_.erase(id);
+        }
     }
-    rows_.clear();
-    checkedSum_.reset();
-    std::ranges::copy_if(index->transactions(accountID_), std::back_inserter(rows_),
-                         [end](const Transaction* entry) {
-                             return entry->cleared != ClearedState::reconciled &&
-                                    entry->date <= end;
-                         });
-    rowsIndex_ = std::move(index);
-    rowsEnd_ = end;
-    return rows_;
-}
-
-Decimal ReconcileView::reconciled() const {
-    return environment_.store.index().reconciledBalance(accountID_);
-}
-
-Decimal ReconcileView::clearedTotal() const {
-    const auto& shown = rows();
-    if (!checkedSum_) {
-        checkedSum_ = sum(shown, [this](const Transaction* entry) {
-            return isChecked(entry->id) ? entry->amount : Decimal();
-        });
-    }
-    return reconciled() + *checkedSum_;
-}
-
-Decimal ReconcileView::difference() const {
-    return statementBalance - clearedTotal();
-}
-
-void ReconcileView::setChecked(const UUID& id, bool isChecked) {
-    checkedSum_.reset();
-    if (isChecked) {
-        checked_.insert(id);
-    } else {
-        checked_.erase(id);
-    }
+    stateChanged();
 }
 
 void ReconcileView::markAll() {
-    checkedSum_.reset();
+    const auto shown = content();
     checked_.clear();
-    checked_.reserve(rows().size());
-    for (const Transaction* entry : rows()) {
-        checked_.insert(entry->id);
+    checked_.reserve(shown->table->rowCount());
+    for (const ReconcileRow* row : shown->table->rows()) {
+        checked_.insert(row->id);
     }
-}
-
-std::string_view ReconcileView::obstacle() const {
-    return difference().isNaN() ? "The difference is too large to enter as an adjustment." : "";
-}
-
-std::string_view ReconcileView::finishTitle() const {
-    return difference().isZero() ? "Finish" : "Finish with Adjustment";
-}
-
-std::string_view ReconcileView::finishHelp() const {
-    return difference().isZero() ? "Mark ticked transactions as reconciled"
-                                 : "Adds a balance adjustment for the difference";
+    stateChanged();
 }
 
 void ReconcileView::finish() {
-    environment_.store.mutate("Reconcile", [&, adjustment = difference()](Library& library) {
-        reconcile(library, accountID_, checked_, statementDate, adjustment);
+    const Decimal adjustment = content()->difference;
+    stopFollowingLibrary();
+    environment_.store.mutate("Reconcile", [&](Library& library) {
+        reconcile(library, accountID_, checked_, statementDate_, adjustment);
     });
+}
+
+ReconcileContent ReconcileView::derive(const ReconcileContent* earlier) const {
+    const auto index = environment_.store.sharedIndex();
+    const Date end = environment_.clock.calendar().endOfDay(statementDate_);
+    std::vector<ReconcileRow> rows;
+    for (const Transaction* entry : index->transactions(accountID_)) {
+        if (entry->cleared != ClearedState::reconciled && entry->date <= end) {
+            rows.push_back({entry->id, entry, checked_.contains(entry->id)});
+        }
+    }
+    const Decimal reconciled = index->reconciledBalance(accountID_);
+    const Decimal cleared = reconciled + sum(rows, [](const ReconcileRow& row) {
+                                return row.isChecked ? row.entry->amount : Decimal();
+                            });
+    return {.table = keepingEqual(earlier != nullptr ? earlier->table : nullptr,
+                                  std::make_shared<const Table<ReconcileRow>>(
+                                      reconcileColumns(), std::move(rows), index, cellContext())),
+            .reconciled = reconciled,
+            .clearedTotal = cleared,
+            .difference = statementBalance_ - cleared};
 }
 
 } // namespace oakfen

@@ -52,6 +52,30 @@ std::string printedRow(const TableContent& table, std::size_t row) {
 
 } // namespace
 
+bool hasSameHeads(const TableContent& a, const TableContent& b) {
+    if (a.columnCount() != b.columnCount()) {
+        return false;
+    }
+    for (std::size_t column = 0; column < a.columnCount(); ++column) {
+        if (!(a.head(column) == b.head(column)) || a.wholeTexts(column) != b.wholeTexts(column)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool isSameTable(const TableContent& a, const TableContent& b) {
+    if (a.rowCount() != b.rowCount() || !a.isAlike(b) || !hasSameHeads(a, b)) {
+        return false;
+    }
+    for (std::size_t row = 0; row < a.rowCount(); ++row) {
+        if (!a.isSameRow(row, b, row)) {
+            return false;
+        }
+    }
+    return true;
+}
+
 std::optional<std::size_t> columnNamed(const TableContent& table, std::string_view id) {
     for (std::size_t column = 0; column < table.columnCount(); ++column) {
         if (table.head(column).id == id) {

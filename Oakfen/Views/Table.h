@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -97,6 +98,20 @@ public:
     [[nodiscard]] virtual bool isSameRow(std::size_t row, const TableContent& other,
                                          std::size_t otherRow) const = 0;
 };
+
+/// Whether all that stands above the columns is the same, and so is the room that they need.
+[[nodiscard]] bool hasSameHeads(const TableContent& a, const TableContent& b);
+
+/// Whether both are drawn alike, down to the last cell.
+[[nodiscard]] bool isSameTable(const TableContent& a, const TableContent& b);
+
+/// The earlier table where the next one is equal to it, so that it isn't drawn again; else the
+/// next. There may be no earlier one.
+template <typename Content>
+[[nodiscard]] std::shared_ptr<const Content>
+keepingEqual(const std::shared_ptr<const Content>& earlier, std::shared_ptr<const Content> next) {
+    return earlier != nullptr && isSameTable(*earlier, *next) ? earlier : next;
+}
 
 /// Which column has the id; nothing where none has.
 [[nodiscard]] std::optional<std::size_t> columnNamed(const TableContent& table,

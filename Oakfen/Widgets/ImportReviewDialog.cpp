@@ -8,7 +8,7 @@
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/Components/PickerBox.h"
 #include "Oakfen/Widgets/Components/RowTicker.h"
-#include "Oakfen/Widgets/ImportReviewModel.h"
+#include "Oakfen/Widgets/Components/TableModel.h"
 #include "Oakfen/Widgets/Theme.h"
 
 namespace oakfen {
@@ -16,7 +16,6 @@ namespace oakfen {
 namespace {
 
 constexpr QSize usualSize(820, 560);
-const QList<int> usualColumnWidths{36, 104, 200, 170, 116, 92};
 
 } // namespace
 
@@ -25,13 +24,13 @@ ImportReviewDialog::ImportReviewDialog(AppEnvironment& environment,
                                        QWidget* parent)
     : SheetScaffold(environment.panels, qt(ImportReviewView::heading(*session)), tr("Import"),
                     parent),
-      view_(environment, std::move(session)),
-      model_(new ImportReviewModel(environment, view_, this)),
+      view_(environment, std::move(session)), model_(new TableModel(view_.content()->table, this)),
       account_(new AccountPicker(tr("Into Account"))), table_(new LedgerTable) {
     resize(usualSize);
     setUpAccount(environment.store.index());
     setUpTable();
-    showState();
+    changed_ = view_.changed.observe([this] { showContent(); });
+    showContent();
     table_->setFocus();
 }
 
@@ -48,11 +47,7 @@ void ImportReviewDialog::setUpAccount(const LibraryIndex& index) {
     account_->setMinimumContentsLength(usualNameLength);
     account_->choose(proposed);
     account_->setToolTip(tr("The account that the lines are added to"));
-    account_->chosen = [this] {
-        view_.setAccountID(account_->chosenID());
-        model_->updateMarks();
-        showState();
-    };
+    account_->chosen = [this] { view_.setAccountID(account_->chosenID()); };
     QFormLayout* form = addForm();
     form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
     form->addRow(tr("Into Account"), account_);
@@ -61,22 +56,18 @@ void ImportReviewDialog::setUpAccount(const LibraryIndex& index) {
 void ImportReviewDialog::setUpTable() {
     table_->setAccessibleName(tr("Lines of the statement"));
     table_->setFrameShape(QFrame::StyledPanel);
-    table_->setModel(model_);
-    table_->setColumnWidths(QStringLiteral("ImportReview/Columns"), usualColumnWidths,
-                            ImportReviewModel::Payee,
-                            {{ImportReviewModel::Payee, 120}, {ImportReviewModel::Category, 90}});
-    table_->setSearchColumn(ImportReviewModel::Payee);
+    table_->setTable(*model_, QStringLiteral("ImportReview/Columns"));
     content()->addWidget(table_, 1);
-    new RowTicker(*table_, ImportReviewModel::Included,
-                  [this](const std::vector<int>& lines, bool isIncluded) {
-                      model_->setIncluded(lines, isIncluded);
-                  });
-    model_->includedChanged = [this] { showState(); };
+    new RowTicker(*table_, *model_, [this](const std::vector<UUID>& lines, bool isIncluded) {
+        view_.setIncluded(lines, isIncluded);
+    });
 }
 
-void ImportReviewDialog::showState() {
-    setSubtitle(qt(view_.summary()));
-    setCanSave(view_.canImport());
+void ImportReviewDialog::showContent() {
+    const auto shown = view_.content();
+    model_->show(shown->table);
+    setSubtitle(qt(shown->summary));
+    setCanSave(shown->canImport);
 }
 
 void ImportReviewDialog::save() {

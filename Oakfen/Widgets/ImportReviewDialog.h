@@ -6,8 +6,8 @@
 namespace oakfen {
 
 class AccountPicker;
-class ImportReviewModel;
 class LedgerTable;
+class TableModel;
 
 /// Draws the review of a statement's lines.
 class ImportReviewDialog final : public SheetScaffold {
@@ -27,12 +27,13 @@ protected:
 private:
     void setUpAccount(const LibraryIndex& index);
     void setUpTable();
-    void showState();
+    void showContent();
 
     ImportReviewView view_;
-    ImportReviewModel* model_;
+    TableModel* model_;
     AccountPicker* account_;
     LedgerTable* table_;
+    Subscription changed_;
 };
 
 } // namespace oakfen

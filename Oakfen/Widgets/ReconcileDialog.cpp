@@ -2,7 +2,6 @@
 
 #include <QFormLayout>
 #include <QKeyEvent>
-#include <algorithm>
 
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/AmountField.h"
@@ -10,7 +9,7 @@
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/Components/MoneyLabel.h"
 #include "Oakfen/Widgets/Components/RowTicker.h"
-#include "Oakfen/Widgets/ReconcileModel.h"
+#include "Oakfen/Widgets/Components/TableModel.h"
 #include "Oakfen/Widgets/SymbolLabel.h"
 
 namespace oakfen {
@@ -19,7 +18,6 @@ namespace {
 
 constexpr QSize usualSize(720, 600);
 constexpr int fieldWidth = 160;
-const QList<int> usualColumnWidths{36, 104, 260, 130};
 
 QLabel* makeLabel(TextStyle style, ThemeColor color) {
     auto* label = new QLabel;
@@ -35,7 +33,7 @@ ReconcileDialog::ReconcileDialog(AppEnvironment& environment, const Account& acc
     : SheetScaffold(environment.panels, qt(singleLine(ReconcileView::heading(account))), QString(),
                     parent),
       environment_(environment), view_(environment, account.id),
-      model_(new ReconcileModel(environment, view_, this)),
+      model_(new TableModel(view_.content()->table, this)),
       statementDate_(new DateField(tr("Statement Date"), environment.clock.calendar())),
       endingBalance_(new AmountField(tr("Ending Balance"))), table_(new LedgerTable),
       markAll_(new QPushButton(tr("Mark All"))),
@@ -46,8 +44,8 @@ ReconcileDialog::ReconcileDialog(AppEnvironment& environment, const Account& acc
     addFields();
     setUpTable();
     addFooter();
-    libraryChanged_ = environment.store.libraryChanged.observe([this] { reload(); });
-    showState();
+    changed_ = view_.changed.observe([this] { showContent(); });
+    showContent();
     endingBalance_->setFocus();
     textAtFocus_ = endingBalance_->text();
 }
@@ -57,19 +55,17 @@ void ReconcileDialog::addFields() {
     form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
     statementDate_->setMinimumWidth(fieldWidth);
     statementDate_->setPurpose(tr("The last day that the statement covers"));
-    statementDate_->setValue(view_.statementDate);
+    statementDate_->setValue(view_.statementDate());
     statementDate_->edited = [this] {
-        view_.statementDate = statementDate_->value();
         setProblem({});
-        reload();
+        view_.setStatementDate(statementDate_->value());
     };
     form->addRow(tr("Statement Date"), statementDate_);
     endingBalance_->setMinimumWidth(fieldWidth);
-    endingBalance_->setValue(view_.statementBalance);
+    endingBalance_->setValue(view_.statementBalance());
     endingBalance_->edited = [this] {
-        view_.statementBalance = endingBalance_->value();
         setProblem({});
-        showState();
+        view_.setStatementBalance(endingBalance_->value());
     };
     form->addRow(tr("Ending Balance"), endingBalance_);
     statementDate_->installEventFilter(this);
@@ -79,19 +75,11 @@ void ReconcileDialog::addFields() {
 void ReconcileDialog::setUpTable() {
     table_->setAccessibleName(tr("Transactions to tick"));
     table_->setFrameShape(QFrame::StyledPanel);
-    table_->setModel(model_);
-    table_->setColumnWidths(QStringLiteral("Reconcile/Columns"), usualColumnWidths,
-                            ReconcileModel::Payee);
-    table_->setSearchColumn(ReconcileModel::Payee);
+    table_->setTable(*model_, QStringLiteral("Reconcile/Columns"));
     content()->addWidget(table_, 1);
-    new RowTicker(*table_, ReconcileModel::Ticked,
-                  [this](const std::vector<int>& rows, bool isChecked) {
-                      model_->setChecked(rows, isChecked);
-                  });
-    model_->checkedChanged = [this] { showState(); };
-    if (model_->rowCount() > 0) {
-        table_->setCurrentIndex(model_->index(0, ReconcileModel::Payee));
-    }
+    new RowTicker(*table_, *model_, [this](const std::vector<UUID>& entries, bool isChecked) {
+        view_.setChecked(entries, isChecked);
+    });
 }
 
 void ReconcileDialog::addFooter() {
@@ -100,7 +88,7 @@ void ReconcileDialog::addFooter() {
     content()->addLayout(row);
     markAll_->setAutoDefault(false);
     markAll_->setToolTip(tr("Tick every transaction in the list"));
-    connect(markAll_, &QPushButton::clicked, this, [this] { model_->markAll(); });
+    connect(markAll_, &QPushButton::clicked, this, [this] { view_.markAll(); });
     row->addWidget(markAll_, 0, Qt::AlignTop);
     row->addStretch(1);
     reconciled_ = addFigure(*row, tr("Last Reconciled"), false);
@@ -156,29 +144,23 @@ void ReconcileDialog::leaveField(const QObject* field) {
     }
 }
 
-void ReconcileDialog::reload() {
-    const QModelIndex current = table_->currentIndex();
-    model_->reload();
-    const int row = std::min(current.row(), model_->rowCount() - 1);
-    if (row >= 0) {
-        table_->setCurrentIndex(model_->index(row, ReconcileModel::Payee));
+void ReconcileDialog::showContent() {
+    const auto shown = view_.content();
+    model_->show(shown->table);
+    if (!table_->currentIndex().isValid() && model_->rowCount() > 0) {
+        const auto payee = columnNamed(model_->content(), "payee").value_or(0);
+        table_->setCurrentIndex(model_->index(0, static_cast<int>(payee)));
     }
-    showState();
-}
-
-void ReconcileDialog::showState() {
-    const Decimal difference = view_.difference();
-    const bool isMatched = difference.isZero();
-    showFigure(reconciled_, view_.reconciled());
-    showFigure(cleared_, view_.clearedTotal());
-    showFigure(difference_, difference);
-    mark_->setVisible(isMatched);
-    verdict_->setText(!view_.canFinish() ? qt(view_.obstacle())
-                      : isMatched        ? tr("Your register matches the statement")
-                                         : tr("Your register doesn’t match the statement yet"));
-    setCanSave(view_.canFinish());
-    primaryButton()->setText(qt(view_.finishTitle()));
-    primaryButton()->setToolTip(qt(view_.finishHelp()));
+    showFigure(reconciled_, shown->reconciled);
+    showFigure(cleared_, shown->clearedTotal);
+    showFigure(difference_, shown->difference);
+    mark_->setVisible(shown->isMatched());
+    verdict_->setText(!shown->canFinish()  ? qt(shown->obstacle())
+                      : shown->isMatched() ? tr("Your register matches the statement")
+                                           : tr("Your register doesn’t match the statement yet"));
+    setCanSave(shown->canFinish());
+    primaryButton()->setText(qt(shown->finishTitle()));
+    primaryButton()->setToolTip(qt(shown->finishHelp()));
 }
 
 void ReconcileDialog::showFigure(const Figure& figure, const Decimal& amount) const {
@@ -190,8 +172,6 @@ void ReconcileDialog::showFigure(const Figure& figure, const Decimal& amount) co
 }
 
 void ReconcileDialog::save() {
-    // What follows is the closing of the sheet; its figures need not follow the edit.
-    libraryChanged_ = {};
     view_.finish();
 }
 

@@ -9,8 +9,8 @@ class AmountField;
 class DateField;
 class LedgerTable;
 class MoneyLabel;
-class ReconcileModel;
 class SymbolLabel;
+class TableModel;
 
 /// Draws the matching of a register with a statement.
 class ReconcileDialog final : public SheetScaffold {
@@ -44,13 +44,12 @@ private:
     Figure addFigure(QHBoxLayout& row, const QString& title, bool isProminent);
     /// Takes what was typed there and goes on to what comes next.
     void leaveField(const QObject* field);
-    void reload();
-    void showState();
+    void showContent();
     void showFigure(const Figure& figure, const Decimal& amount) const;
 
     AppEnvironment& environment_;
     ReconcileView view_;
-    ReconcileModel* model_;
+    TableModel* model_;
     DateField* statementDate_;
     AmountField* endingBalance_;
     /// What the field had in it when the person came to it.
@@ -62,7 +61,7 @@ private:
     Figure difference_{};
     SymbolLabel* mark_;
     QLabel* verdict_;
-    Subscription libraryChanged_;
+    Subscription changed_;
 };
 
 } // namespace oakfen

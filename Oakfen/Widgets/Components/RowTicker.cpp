@@ -4,15 +4,22 @@
 #include <utility>
 
 #include "Oakfen/Widgets/Components/LedgerTable.h"
+#include "Oakfen/Widgets/Components/TableModel.h"
 
 namespace oakfen {
 
-RowTicker::RowTicker(LedgerTable& table, int tickColumn, Tick tick)
-    : QObject(&table), table_(table), column_(tickColumn), tick_(std::move(tick)) {
+namespace {
+
+constexpr int tickColumn = 0;
+
+} // namespace
+
+RowTicker::RowTicker(LedgerTable& table, const TableModel& model, Tick tick)
+    : QObject(&table), table_(table), model_(model), tick_(std::move(tick)) {
     table.installEventFilter(this);
     connect(&table, &QTableView::clicked, this, [this](const QModelIndex& index) {
-        if (index.column() == column_) {
-            tick_({index.row()}, !isTicked(index.row()));
+        if (index.column() == tickColumn) {
+            tick_({model_.id(index.row())}, !isTicked(index.row()));
         }
     });
 }
@@ -30,7 +37,7 @@ bool RowTicker::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool RowTicker::isTicked(int row) const {
-    return table_.model()->index(row, column_).data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    return model_.index(row, tickColumn).data(Qt::CheckStateRole).toInt() == Qt::Checked;
 }
 
 void RowTicker::tickSelected() {
@@ -38,11 +45,11 @@ void RowTicker::tickSelected() {
     if (!current.isValid()) {
         return;
     }
-    std::vector<int> rows{current.row()};
+    std::vector<UUID> ids{model_.id(current.row())};
     for (const QModelIndex& index : table_.selectionModel()->selectedRows()) {
-        rows.push_back(index.row());
+        ids.push_back(model_.id(index.row()));
     }
-    tick_(rows, !isTicked(current.row()));
+    tick_(ids, !isTicked(current.row()));
 }
 
 } // namespace oakfen

@@ -4,18 +4,21 @@
 #include <functional>
 #include <vector>
 
+#include "OakfenCore/Support/UUID.h"
+
 namespace oakfen {
 
 class LedgerTable;
+class TableModel;
 
 /// Lets the person tick a table's rows: with a click on a tick, or with the space bar, which gives
 /// the selected rows the other state of the current one.
 class RowTicker final : public QObject {
 public:
-    using Tick = std::function<void(const std::vector<int>& rows, bool isTicked)>;
+    using Tick = std::function<void(const std::vector<UUID>& ids, bool isTicked)>;
 
-    /// The ticks are the check states of that column; `tick` sets those of some rows.
-    RowTicker(LedgerTable& table, int tickColumn, Tick tick);
+    /// `table` shows `model`, whose first column holds the ticks; `tick` sets those of some rows.
+    RowTicker(LedgerTable& table, const TableModel& model, Tick tick);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -25,7 +28,7 @@ private:
     void tickSelected();
 
     LedgerTable& table_;
-    int column_;
+    const TableModel& model_;
     Tick tick_;
 };
 

@@ -14,16 +14,6 @@ std::size_t place(int number) {
     return static_cast<std::size_t>(number);
 }
 
-/// Whether a change of the content leaves all that stands above its columns.
-bool hasSameHeads(const TableContent& a, const TableContent& b) {
-    for (std::size_t column = 0; column < a.columnCount(); ++column) {
-        if (!(a.head(column) == b.head(column)) || a.wholeTexts(column) != b.wholeTexts(column)) {
-            return false;
-        }
-    }
-    return true;
-}
-
 /// A mark's or a tick's meaning is our own word; other tooltips show texts of people and banks.
 QString toolTipOf(const Cell& cell) {
     const bool isMark = cell.tick || !cell.symbolName.empty();

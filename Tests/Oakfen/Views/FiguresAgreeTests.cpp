@@ -128,13 +128,14 @@ private:
 
     void expectReconcilingAgrees(const Account& account) {
         const ReconcileView sheet(*test_, account.id);
-        Decimal cleared = shown(sheet.reconciled());
-        for (const Transaction* entry : sheet.rows()) {
-            cleared += sheet.isChecked(entry->id) ? shown(entry->amount) : Decimal();
+        const auto content = sheet.content();
+        Decimal cleared = shown(content->reconciled);
+        for (const ReconcileRow* row : content->table->rows()) {
+            cleared += row->isChecked ? shown(row->entry->amount) : Decimal();
         }
-        EXPECT_EQ(shown(sheet.clearedTotal()), cleared);
-        EXPECT_EQ(shown(sheet.difference()), shown(sheet.statementBalance) - cleared);
-        EXPECT_EQ(sheet.difference().isZero(), shown(sheet.difference()).isZero());
+        EXPECT_EQ(shown(content->clearedTotal), cleared);
+        EXPECT_EQ(shown(content->difference), shown(sheet.statementBalance()) - cleared);
+        EXPECT_EQ(content->isMatched(), shown(content->difference).isZero());
     }
 
     void expectExportAgrees(const Account& account) {
@@ -260,7 +261,7 @@ private:
     void reconcile() {
         ReconcileView sheet(*test_, anyAccount());
         sheet.markAll();
-        sheet.statementBalance = typed(sheet.statementBalance);
+        sheet.setStatementBalance(typed(sheet.statementBalance()));
         sheet.finish();
     }
 

@@ -21,8 +21,8 @@ protected:
 
     [[nodiscard]] std::string shownRows() const {
         std::string payees;
-        for (const Transaction* entry : sheet.rows()) {
-            payees += (payees.empty() ? "" : "|") + entry->payee;
+        for (const ReconcileRow* row : sheet.content()->table->rows()) {
+            payees += (payees.empty() ? "" : "|") + row->entry->payee;
         }
         return payees;
     }
@@ -36,19 +36,19 @@ protected:
 
 TEST_F(Reconciling, BeginsWithWhatIsClearedAndItsBalance) {
     EXPECT_EQ(ReconcileView::heading(everyday), "Reconcile Everyday");
-    EXPECT_EQ(sheet.statementDate, test.clock.now());
+    EXPECT_EQ(sheet.statementDate(), test.clock.now());
     EXPECT_EQ(sheet.checked(), UUIDSet{shop.id});
-    EXPECT_EQ(sheet.statementBalance, amount("460"));
-    EXPECT_EQ(sheet.reconciled(), amount("500"));
-    EXPECT_EQ(sheet.clearedTotal(), amount("460"));
-    EXPECT_TRUE(sheet.difference().isZero());
+    EXPECT_EQ(sheet.statementBalance(), amount("460"));
+    EXPECT_EQ(sheet.content()->reconciled, amount("500"));
+    EXPECT_EQ(sheet.content()->clearedTotal, amount("460"));
+    EXPECT_TRUE(sheet.content()->isMatched());
 }
 
 TEST_F(Reconciling, ShowsWhatIsNotReconciledUpToTheEndOfTheStatementsDay) {
     EXPECT_EQ(shownRows(), "Shop|Pay");
-    sheet.statementDate = day(2026, 3, 16, 0);
+    sheet.setStatementDate(day(2026, 3, 16, 0));
     EXPECT_EQ(shownRows(), "Shop|Pay|Rent");
-    sheet.statementDate = day(2026, 3, 9, 23);
+    sheet.setStatementDate(day(2026, 3, 9, 23));
     EXPECT_EQ(shownRows(), "Shop");
 }
 
@@ -58,76 +58,77 @@ TEST_F(Reconciling, FollowsAnEditOfTheLedger) {
         setCleared(library, ClearedState::reconciled, {shop.id});
     });
     EXPECT_EQ(shownRows(), "Pay");
-    EXPECT_EQ(sheet.reconciled(), amount("460"));
+    EXPECT_EQ(sheet.content()->reconciled, amount("460"));
 }
 
 TEST_F(Reconciling, CountsWhatIsTicked) {
-    sheet.statementBalance = amount("1460");
-    EXPECT_EQ(sheet.difference(), amount("1000"));
-    sheet.setChecked(pay.id, true);
-    EXPECT_TRUE(sheet.isChecked(pay.id));
-    EXPECT_EQ(sheet.clearedTotal(), amount("1460"));
-    EXPECT_TRUE(sheet.difference().isZero());
-    sheet.setChecked(shop.id, false);
-    EXPECT_EQ(sheet.difference(), amount("-40"));
+    sheet.setStatementBalance(amount("1460"));
+    EXPECT_EQ(sheet.content()->difference, amount("1000"));
+    sheet.setChecked({pay.id}, true);
+    EXPECT_TRUE(sheet.checked().contains(pay.id));
+    EXPECT_EQ(sheet.content()->clearedTotal, amount("1460"));
+    EXPECT_TRUE(sheet.content()->isMatched());
+    sheet.setChecked({shop.id}, false);
+    EXPECT_EQ(sheet.content()->difference, amount("-40"));
 }
 
 TEST_F(Reconciling, CountsAfreshAfterEachChange) {
-    EXPECT_EQ(sheet.clearedTotal(), amount("460"));
+    EXPECT_EQ(sheet.content()->clearedTotal, amount("460"));
     sheet.markAll();
-    EXPECT_EQ(sheet.clearedTotal(), amount("1460"));
-    sheet.setChecked(shop.id, false);
-    EXPECT_EQ(sheet.clearedTotal(), amount("1500"));
-    sheet.statementDate = day(2026, 3, 9);
-    EXPECT_EQ(sheet.clearedTotal(), amount("500"));
-    sheet.statementDate = day(2026, 3, 15);
-    EXPECT_EQ(sheet.clearedTotal(), amount("1500"));
+    EXPECT_EQ(sheet.content()->clearedTotal, amount("1460"));
+    sheet.setChecked({shop.id}, false);
+    EXPECT_EQ(sheet.content()->clearedTotal, amount("1500"));
+    sheet.setStatementDate(day(2026, 3, 9));
+    EXPECT_EQ(sheet.content()->clearedTotal, amount("500"));
+    sheet.setStatementDate(day(2026, 3, 15));
+    EXPECT_EQ(sheet.content()->clearedTotal, amount("1500"));
     test.store->mutate("Edit", [this](Library& library) {
         Transaction changed = pay;
         changed.amount = amount("1100");
         upsert(library, changed);
     });
-    EXPECT_EQ(sheet.clearedTotal(), amount("1600"));
+    EXPECT_EQ(sheet.content()->clearedTotal, amount("1600"));
 }
 
 TEST_F(Reconciling, MarksExactlyTheRowsThatAreShown) {
-    sheet.statementDate = day(2026, 3, 16);
-    sheet.setChecked(rent.id, true);
-    sheet.statementDate = day(2026, 3, 15);
+    sheet.setStatementDate(day(2026, 3, 16));
+    sheet.setChecked({rent.id}, true);
+    sheet.setStatementDate(day(2026, 3, 15));
     sheet.markAll();
     EXPECT_EQ(sheet.checked(), (UUIDSet{shop.id, pay.id}));
 }
 
 TEST_F(Reconciling, NamesTheButtonByWhatItDoes) {
-    EXPECT_EQ(sheet.finishTitle(), "Finish");
-    EXPECT_EQ(sheet.finishHelp(), "Mark ticked transactions as reconciled");
-    sheet.statementBalance += amount("0.001");
-    EXPECT_EQ(sheet.finishTitle(), "Finish with Adjustment");
-    EXPECT_EQ(sheet.finishHelp(), "Adds a balance adjustment for the difference");
+    EXPECT_EQ(sheet.content()->finishTitle(), "Finish");
+    EXPECT_EQ(sheet.content()->finishHelp(), "Mark ticked transactions as reconciled");
+    sheet.setStatementBalance(sheet.statementBalance() + amount("0.001"));
+    EXPECT_EQ(sheet.content()->finishTitle(), "Finish with Adjustment");
+    EXPECT_EQ(sheet.content()->finishHelp(), "Adds a balance adjustment for the difference");
 }
 
 TEST_F(Reconciling, CannotFinishWithADifferenceThatNoAmountHolds) {
     const Decimal largest = amount(std::string(38, '9') + std::string(127, '0'));
-    EXPECT_TRUE(sheet.canFinish());
-    sheet.statementBalance = largest;
-    EXPECT_TRUE(sheet.canFinish());
+    EXPECT_TRUE(sheet.content()->canFinish());
+    sheet.setStatementBalance(largest);
+    EXPECT_TRUE(sheet.content()->canFinish());
     test.store->mutate("Edit", [&](Library& library) {
         Transaction changed = shop;
         changed.amount = -largest;
         upsert(library, changed);
     });
-    EXPECT_EQ(sheet.obstacle(), "The difference is too large to enter as an adjustment.");
+    EXPECT_EQ(sheet.content()->obstacle(),
+              "The difference is too large to enter as an adjustment.");
     const Library before = test.library();
     sheet.finish();
     EXPECT_EQ(test.library(), before);
     EXPECT_TRUE(test.store->lastError());
-    sheet.setChecked(shop.id, false);
-    EXPECT_TRUE(sheet.canFinish());
+    sheet.setChecked({shop.id}, false);
+    EXPECT_TRUE(sheet.content()->canFinish());
 }
 
 TEST_F(Reconciling, ReconcilesTheTickedEntriesInOneStep) {
     sheet.markAll();
-    sheet.statementBalance = amount("1460");
+    sheet.setStatementBalance(amount("1460"));
     sheet.finish();
     EXPECT_EQ(stateOf(shop), ClearedState::reconciled);
     EXPECT_EQ(stateOf(pay), ClearedState::reconciled);
@@ -140,12 +141,12 @@ TEST_F(Reconciling, ReconcilesTheTickedEntriesInOneStep) {
 }
 
 TEST_F(Reconciling, EntersWhatIsLeftAsAnAdjustment) {
-    sheet.statementBalance = amount("455.5");
+    sheet.setStatementBalance(amount("455.5"));
     sheet.finish();
     const Transaction& adjustment = test.library().transactions.back();
     EXPECT_EQ(adjustment.payee, "Balance Adjustment");
     EXPECT_EQ(adjustment.amount, amount("-4.5"));
-    EXPECT_EQ(adjustment.date, sheet.statementDate);
+    EXPECT_EQ(adjustment.date, sheet.statementDate());
     EXPECT_EQ(adjustment.accountID, everyday.id);
     EXPECT_EQ(adjustment.cleared, ClearedState::reconciled);
     EXPECT_EQ(test.index().reconciledBalance(everyday.id), amount("455.5"));
@@ -153,20 +154,20 @@ TEST_F(Reconciling, EntersWhatIsLeftAsAnAdjustment) {
 }
 
 TEST_F(Reconciling, LeavesNoStepWhenNothingIsTickedAndNothingIsLeft) {
-    sheet.setChecked(shop.id, false);
+    sheet.setChecked({shop.id}, false);
     EXPECT_TRUE(sheet.checked().empty());
-    sheet.statementBalance = sheet.reconciled();
+    sheet.setStatementBalance(sheet.content()->reconciled);
     sheet.finish();
     EXPECT_FALSE(test.undoManager->canUndo());
 }
 
 TEST_F(Reconciling, KeepsATickThatTheDateHidesAndReconcilesItUncounted) {
-    sheet.statementBalance = amount("460");
-    sheet.setChecked(pay.id, true);
-    sheet.statementDate = day(2026, 2, 28);
+    sheet.setStatementBalance(amount("460"));
+    sheet.setChecked({pay.id}, true);
+    sheet.setStatementDate(day(2026, 2, 28));
     EXPECT_EQ(shownRows(), "Shop");
-    EXPECT_EQ(sheet.clearedTotal(), amount("460"));
-    EXPECT_TRUE(sheet.difference().isZero());
+    EXPECT_EQ(sheet.content()->clearedTotal, amount("460"));
+    EXPECT_TRUE(sheet.content()->isMatched());
     sheet.finish();
     EXPECT_EQ(stateOf(pay), ClearedState::reconciled);
     EXPECT_EQ(test.library().transactions.size(), 5U);
@@ -180,7 +181,7 @@ TEST_F(Reconciling, LeavesTheOtherLegOfATransferAsItWas) {
         setCleared(library, ClearedState::uncleared, {cardPayment.id});
     });
     ofCard.markAll();
-    ofCard.statementBalance = amount("25");
+    ofCard.setStatementBalance(amount("25"));
     ofCard.finish();
     EXPECT_EQ(test.index().transactions(card.id).front()->cleared, ClearedState::reconciled);
     EXPECT_EQ(stateOf(cardPayment), ClearedState::uncleared);
@@ -192,8 +193,8 @@ TEST_F(Reconciling, TicksAClearedEntryOfALaterDayToo) {
     });
     const ReconcileView later(*test, everyday.id);
     EXPECT_EQ(later.checked(), (UUIDSet{shop.id, rent.id}));
-    EXPECT_EQ(later.statementBalance, amount("-740"));
-    EXPECT_EQ(later.clearedTotal(), amount("460"));
+    EXPECT_EQ(later.statementBalance(), amount("-740"));
+    EXPECT_EQ(later.content()->clearedTotal, amount("460"));
 }
 
 } // namespace

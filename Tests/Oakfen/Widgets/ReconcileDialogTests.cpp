@@ -14,7 +14,6 @@
 #include "Oakfen/Widgets/Components/AmountField.h"
 #include "Oakfen/Widgets/Components/DateField.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
-#include "Oakfen/Widgets/ReconcileModel.h"
 #include "Tests/Oakfen/Views/RegisterFixture.h"
 
 namespace oakfen {
@@ -24,6 +23,8 @@ using testing::RegisterFixture;
 
 class ReconcileSheet : public RegisterFixture {
 protected:
+    enum Column { Ticked, Day, Payee, Amount };
+
     ReconcileSheet() {
         test.undoManager->removeAllActions();
         dialog.show();
@@ -35,7 +36,7 @@ protected:
         return dialog.table()->model()->index(row, column);
     }
     [[nodiscard]] bool isTicked(int row) const {
-        return index(row, ReconcileModel::Ticked).data(Qt::CheckStateRole).toInt() == Qt::Checked;
+        return index(row, Ticked).data(Qt::CheckStateRole).toInt() == Qt::Checked;
     }
     void click(int row, int column) const {
         QTest::mouseClick(dialog.table()->viewport(), Qt::LeftButton, {},
@@ -69,8 +70,8 @@ protected:
 TEST_F(ReconcileSheet, ShowsTheRowsWithTheirTicksAndFigures) {
     EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Reconcile Everyday"));
     ASSERT_EQ(dialog.table()->model()->rowCount(), 2);
-    EXPECT_EQ(index(0, ReconcileModel::Payee).data().toString(), QStringLiteral("Shop"));
-    EXPECT_EQ(index(0, ReconcileModel::Amount).data().toString(), QStringLiteral("-$40.00"));
+    EXPECT_EQ(index(0, Payee).data().toString(), QStringLiteral("Shop"));
+    EXPECT_EQ(index(0, Amount).data().toString(), QStringLiteral("-$40.00"));
     EXPECT_TRUE(isTicked(0));
     EXPECT_FALSE(isTicked(1));
     EXPECT_TRUE(reads("Last Reconciled, $500.00"));
@@ -80,13 +81,13 @@ TEST_F(ReconcileSheet, ShowsTheRowsWithTheirTicksAndFigures) {
 }
 
 TEST_F(ReconcileSheet, IsTickedWithAClickOnATick) {
-    click(1, ReconcileModel::Ticked);
+    click(1, Ticked);
     EXPECT_TRUE(isTicked(1));
     EXPECT_TRUE(reads("Difference, -$1,000.00"));
     EXPECT_EQ(finishTitle(), "Finish with Adjustment");
-    click(1, ReconcileModel::Payee);
+    click(1, Payee);
     EXPECT_TRUE(isTicked(1));
-    click(1, ReconcileModel::Ticked);
+    click(1, Ticked);
     EXPECT_FALSE(isTicked(1));
 }
 
