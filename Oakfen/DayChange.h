@@ -25,7 +25,7 @@ public:
     /// Told when the day that it is began at another instant than the one before, be it by the
     /// clock or by the zone.
     Observers<> dayChanged;
-    /// Told likewise of the hour on the clock, and after every change of the day.
+    /// Told likewise of the hour of the day, and after every change of the day.
     Observers<> hourChanged;
 
 private:

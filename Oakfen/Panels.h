@@ -60,7 +60,7 @@ struct ChoiceRequest {
 
 /// The dialogs of the system, as an interface: the window shows them, tests answer for the person.
 /// Each answer comes through the callback, on the main thread, at once or later; a panel that was
-/// dismissed gives none.
+/// dismissed returns none.
 class Panels {
 public:
     virtual ~Panels() = default;

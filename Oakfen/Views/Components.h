@@ -41,7 +41,7 @@ struct Metric {
     std::string figure;
     TextTone tint = TextTone::primary;
     bool isLarge = false;
-    /// For those who listen: capitals may be spelt out.
+    /// For screen readers, which may spell capitals out.
     std::string accessibilityText;
 
     friend bool operator==(const Metric&, const Metric&) = default;

@@ -83,7 +83,7 @@ void MainWindow::buildContent() {
     sidebar_->setMaximumWidth(maximumSidebarWidth);
     splitter_->addWidget(sidebar_);
     splitter_->addWidget(new DetailWidget(environment_, splitter_));
-    // The splitter puts what comes later before what came earlier, for those who listen.
+    // The splitter puts what comes later before what came earlier, for screen readers.
     sidebar_->lower();
     splitter_->setStretchFactor(0, 0);
     splitter_->setStretchFactor(1, 1);

@@ -166,7 +166,7 @@ void ReconcileDialog::showContent() {
 void ReconcileDialog::showFigure(const Figure& figure, const Decimal& amount) const {
     const MoneyText money = moneyText(amount, environment_.currencyCode());
     figure.amount->setMoney(money);
-    // One sentence for those who listen; the amount by itself would say too little.
+    // One sentence for screen readers; the amount by itself would say too little.
     figure.label->setAccessibleName(figure.label->text() + QStringLiteral(", ") + qt(money.text));
     figure.amount->setAccessibleName({});
 }

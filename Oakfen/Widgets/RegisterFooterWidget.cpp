@@ -58,7 +58,7 @@ void RegisterFooterWidget::fill(const Figure& figure, const RegisterFooter::Figu
     figure.label->setText(qt(content.label));
     const MoneyText money = moneyText(content.amount, currencyCode);
     figure.amount->setMoney(money);
-    // One sentence for those who listen; the amount by itself would say too little.
+    // One sentence for screen readers; the amount by itself would say too little.
     figure.label->setAccessibleName(qt(content.label + ", " + money.text));
     figure.amount->setAccessibleName({});
 }

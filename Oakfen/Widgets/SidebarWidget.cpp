@@ -243,7 +243,7 @@ void SidebarWidget::showFooter() {
     const SidebarView::Footer footer = view_.footer();
     netWorth_->setMoney({.text = footer.netWorth,
                          .tone = footer.isNegative ? TextTone::negative : TextTone::primary});
-    // One sentence for those who listen.
+    // One sentence for screen readers.
     netWorthLabel_->setAccessibleName(netWorthLabel_->text() + QStringLiteral(", ") +
                                       qt(footer.netWorth));
     netWorth_->setAccessibleName({});

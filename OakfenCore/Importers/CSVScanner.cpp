@@ -61,8 +61,8 @@ std::string_view CSVScanner::scanField() {
     return unquoted_;
 }
 
-/// Takes what stands between quotes into `unquoted_` and gives the position behind the last one. An
-/// unclosed quote reaches to the end of the text.
+/// Takes what stands between quotes into `unquoted_` and returns the position behind the last one.
+/// An unclosed quote reaches to the end of the text.
 std::size_t CSVScanner::scanQuoted() {
     std::size_t runStart = position_;
     while (true) {

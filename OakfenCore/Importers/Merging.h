@@ -17,7 +17,7 @@ namespace oakfen {
                                std::span<const Transaction* const> existing,
                                const Calendar& calendar);
 
-/// Answers `isDuplicate` for many lines against the same entries, through tables. Gives the entry
+/// Answers `isDuplicate` for many lines against the same entries, through tables. Returns the entry
 /// that the line repeats: that of the same bank id, else the nearest in time; null for a new line.
 /// The entries must outlive it.
 class DuplicateFinder {
@@ -36,7 +36,7 @@ private:
 
 /// Adds the lines that the account does not have yet as cleared entries, filing each by its
 /// category's name or as its payee was filed last. Lines of one call are not compared with each
-/// other. Gives how many were added.
+/// other. Returns how many were added.
 std::size_t importTransactions(Library& library, std::span<const ImportedTransaction> items,
                                const UUID& accountID, Date now, const Calendar& calendar);
 

@@ -107,7 +107,7 @@ public:
 
     /// The latest entry of that payee, without regard to case and to blanks around it; or null.
     [[nodiscard]] const Transaction* memorized(std::string_view payee) const;
-    /// Every payee once, as its latest entry spells it, in order for people.
+    /// Every payee once, as its latest entry spells it, in the locale's collation order.
     [[nodiscard]] const std::vector<std::string>& payees() const;
     /// Every tag in use, in plain order.
     [[nodiscard]] const std::vector<std::string>& tags() const;

@@ -16,7 +16,7 @@ public:
 
     /// The latest entry of that payee, without regard to case and to blanks around it; or null.
     [[nodiscard]] const Transaction* latest(std::string_view payee) const;
-    /// The payees as their latest entries spell them, in order for people.
+    /// The payees as their latest entries spell them, in the locale's collation order.
     [[nodiscard]] const std::vector<std::string>& payees() const { return payees_; }
     /// In plain order.
     [[nodiscard]] const std::vector<std::string>& tags() const { return tags_; }

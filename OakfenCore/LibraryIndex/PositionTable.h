@@ -35,7 +35,7 @@ public:
         return std::nullopt;
     }
 
-    /// Stores the position if the id has none yet. Gives the stored one, which may be overwritten
+    /// Stores the position if the id has none yet. Returns the stored one, which may be overwritten
     /// until the next call, and whether it is new.
     template <typename IDAt>
     std::pair<std::uint32_t&, bool> insert(const UUID& id, std::uint32_t position, IDAt&& idAt) {

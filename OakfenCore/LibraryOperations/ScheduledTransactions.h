@@ -21,7 +21,7 @@ namespace oakfen {
 void upsert(Library& library, ScheduledTransaction reminder);
 
 /// Enters the next occurrence, with another amount or date where one is given, and moves the
-/// reminder on. The schedule follows its own date, not the one entered. Gives the entry; nothing
+/// reminder on. The schedule follows its own date, not the one entered. Returns the entry; nothing
 /// when no reminder has that id.
 std::optional<Transaction> enterScheduled(Library& library, const UUID& id,
                                           const std::optional<Decimal>& amount,
@@ -32,7 +32,7 @@ std::optional<Transaction> enterScheduled(Library& library, const UUID& id,
 void skipScheduled(Library& library, const UUID& id, const Calendar& calendar);
 
 /// Enters every occurrence up to the end of today of the reminders that enter themselves, each on
-/// its own date. Stops at 1000 entries and leaves the rest for the next time. Gives how many.
+/// its own date. Stops at 1000 entries and leaves the rest for the next time. Returns how many.
 std::size_t processAutoEnter(Library& library, Date now, const Calendar& calendar);
 
 } // namespace oakfen

@@ -57,11 +57,11 @@ public:
     }
 
     /// Reads an optional minus, digits and at most one point, with at least one digit; nothing
-    /// else. Digits past the 38th round; a value too large gives nothing.
+    /// else. Digits past the 38th round; a value too large returns nothing.
     [[nodiscard]] static std::optional<Decimal> parse(std::string_view text) noexcept;
 
     /// Reads a number as JSON's grammar has it, with exponents. Digits past the 38th round; a value
-    /// too large gives nothing, one too small to hold is zero.
+    /// too large returns nothing, one too small to hold is zero.
     [[nodiscard]] static std::optional<Decimal> parseJSONNumber(std::string_view text) noexcept;
 
     [[nodiscard]] constexpr bool isNaN() const noexcept { return exponent_ == nanExponent; }
@@ -86,7 +86,7 @@ public:
     /// Plain digits, never an exponent: "-12.5", "100", "0.000001"; "NaN" for `nan()`.
     [[nodiscard]] std::string toString() const;
 
-    /// Appends what `toString` gives; for writers of long texts.
+    /// Appends what `toString` returns; for writers of long texts.
     void appendTo(std::string& text) const;
 
     Decimal operator-() const noexcept {

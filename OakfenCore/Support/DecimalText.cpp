@@ -67,7 +67,7 @@ std::optional<std::int64_t> parseExponent(std::string_view text) noexcept {
     return isNegative ? -exponent : exponent;
 }
 
-/// Appends the digits and gives how many there are.
+/// Appends the digits and returns how many there are.
 void appendDigits(std::string& text, UInt128 value) {
     constexpr int blockDigits = 19;
     constexpr UInt128 block = digits::powerOfTen(blockDigits);

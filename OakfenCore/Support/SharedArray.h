@@ -134,7 +134,7 @@ public:
         recount();
     }
 
-    /// Removes the elements that the predicate picks; copies only the chunks that hold one. Gives
+    /// Removes the elements that the predicate picks; copies only the chunks that hold one. Returns
     /// how many went. The predicate is called once for each element, in order.
     template <typename Predicate>
     std::size_t eraseIf(Predicate&& picks) {

@@ -26,10 +26,10 @@ namespace oakfen {
 /// Equality without regard to case (`caseInsensitiveCompare` gives "same"), in every locale.
 [[nodiscard]] bool equalsCaseInsensitively(std::string_view a, std::string_view b);
 
-/// Order for people, in the user's locale, without regard to case: negative, 0 or positive.
+/// Collation order of the user's locale, without regard to case: negative, 0 or positive.
 [[nodiscard]] int localizedCaseInsensitiveCompare(std::string_view a, std::string_view b);
 
-/// Order for people in which runs of digits count as numbers ("9" before "10").
+/// The same order, in which runs of digits count as numbers ("9" before "10").
 [[nodiscard]] int localizedStandardCompare(std::string_view a, std::string_view b);
 
 /// A byte string whose plain order is that of `localizedCaseInsensitiveCompare`; for long sorts.

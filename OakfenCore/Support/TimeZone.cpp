@@ -37,7 +37,7 @@ bool isUTC(std::string_view name) {
     return name == "UTC" || name == "Etc/UTC";
 }
 
-/// What `find` gives; null where the database has no such zone or is missing.
+/// What `find` returns; null where the database has no such zone or is missing.
 template <typename Find>
 const date::time_zone* found(Find find) {
     try {

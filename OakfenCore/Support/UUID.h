@@ -26,7 +26,7 @@ struct UUID {
     /// The canonical 36 characters in capitals.
     [[nodiscard]] std::string toString() const;
 
-    /// Appends what `toString` gives; for writers of long texts.
+    /// Appends what `toString` returns; for writers of long texts.
     void appendTo(std::string& text) const;
 
     friend bool operator==(const UUID&, const UUID&) = default;

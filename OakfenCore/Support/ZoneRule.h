@@ -19,7 +19,7 @@ public:
 private:
     friend class ZoneRuleReader;
 
-    /// A day of the year and a time on the clock that is still in force then.
+    /// A day of the year and a time of day that is still in force then.
     struct Change {
         enum class Kind { weekdayOfMonth, dayWithoutLeapDay, day };
 

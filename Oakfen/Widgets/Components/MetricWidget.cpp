@@ -25,7 +25,7 @@ void MetricWidget::setMetric(const Metric& metric) {
     caption_->setText(qt(metric.caption));
     figure_->setStyle(metric.isLarge ? TextStyle::largeFigure : TextStyle::headline);
     figure_->setMoney({.text = metric.figure, .tone = metric.tint});
-    // One sentence for those who listen; the figure by itself would say too little.
+    // One sentence for screen readers; the figure by itself would say too little.
     caption_->setAccessibleName(qt(metric.accessibilityText));
     figure_->setAccessibleName({});
 }
