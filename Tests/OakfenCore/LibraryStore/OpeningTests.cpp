@@ -10,11 +10,18 @@
 namespace oakfen {
 namespace {
 
+using testing::AllOf;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::StartsWith;
 
-class OpeningTest : public StoreTest {};
+class OpeningTest : public StoreTest {
+protected:
+    static auto tellsOfDamage() {
+        return AllOf(StartsWith("Couldn’t open your data file: "),
+                     EndsWith(". The damaged file was set aside next to the original."));
+    }
+};
 
 TEST_F(OpeningTest, BeginsANewDocumentWithoutAFile) {
     const LibraryStore& store = open();
@@ -103,9 +110,7 @@ TEST_F(OpeningTest, SetsADamagedFileAsideAndBeginsANewDocument) {
     EXPECT_TRUE(store.isNewLibrary());
     EXPECT_EQ(store.library(), emptyDocument(defaultCurrencyCode()));
     ASSERT_TRUE(store.lastError().has_value());
-    EXPECT_THAT(*store.lastError(), StartsWith("Couldn’t open your data file: "));
-    EXPECT_THAT(*store.lastError(),
-                EndsWith(". The damaged file was set aside next to the original."));
+    EXPECT_THAT(*store.lastError(), tellsOfDamage());
     EXPECT_EQ(files.contents(pathAside), "{\"accounts\":[");
     EXPECT_FALSE(files.contents(path).has_value());
 }
@@ -114,7 +119,8 @@ TEST_F(OpeningTest, TakesAnEmptyFileForADamagedOne) {
     files.addFile(path, "");
     const LibraryStore& store = open();
     EXPECT_TRUE(store.isNewLibrary());
-    EXPECT_TRUE(store.lastError().has_value());
+    ASSERT_TRUE(store.lastError().has_value());
+    EXPECT_THAT(*store.lastError(), tellsOfDamage());
     EXPECT_EQ(files.contents(pathAside), "");
 }
 
@@ -143,6 +149,17 @@ TEST_F(OpeningTest, LocksAFileWithAPasswordWithoutTouchingIt) {
     scheduler.advance(1);
     EXPECT_EQ(files.contents(path), container);
     EXPECT_FALSE(store.hasUnsavedChanges());
+}
+
+TEST_F(OpeningTest, EditsInMemoryWhatStandsInForALockedDocument) {
+    files.addFile(path, "OAKFEN-ENC-3");
+    LibraryStore& store = open();
+    addAccount(store, "Savings");
+    EXPECT_EQ(store.accessState().kind, Kind::locked);
+    ASSERT_EQ(accountCount(store), 1U);
+    EXPECT_EQ(store.index().library(), store.library());
+    undo->undo();
+    EXPECT_EQ(store.library(), emptyDocument(defaultCurrencyCode()));
 }
 
 TEST_F(OpeningTest, LocksAFileWithAPasswordEvenWhereAPlainOneWasChosen) {

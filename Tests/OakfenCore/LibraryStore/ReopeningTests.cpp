@@ -61,6 +61,15 @@ TEST_F(RetryLoadingTest, ClearsTheMessageWhenAllIsWell) {
     EXPECT_FALSE(store.lastError().has_value());
 }
 
+TEST_F(RetryLoadingTest, TakesADocumentThatHasAppearedForNoNewOne) {
+    LibraryStore& store = open();
+    ASSERT_TRUE(store.isNewLibrary());
+    files.addFile(path, encodeLibrary(withAccount("Chequing")));
+    store.retryLoading();
+    EXPECT_FALSE(store.isNewLibrary());
+    EXPECT_EQ(store.library(), withAccount("Chequing"));
+}
+
 TEST_F(RetryLoadingTest, FindsDamageLikeTheFirstTime) {
     LibraryStore& store = openPlain();
     files.addFile(path, "damaged");
@@ -107,6 +116,15 @@ TEST_F(StartOverTest, ForgetsUndo) {
     addAccount(store, "Savings");
     store.startOver();
     EXPECT_FALSE(undo->canUndo());
+}
+
+TEST_F(StartOverTest, LeavesAMessageThatWasNotReadYet) {
+    files.addFile(path, "damaged");
+    LibraryStore& store = open();
+    const std::optional<std::string> message = store.lastError();
+    ASSERT_TRUE(message.has_value());
+    store.startOver();
+    EXPECT_EQ(store.lastError(), message);
 }
 
 TEST_F(StartOverTest, LeavesTheSavedPasswordAndTheChoiceAlone) {
@@ -224,6 +242,7 @@ TEST_F(UseNoPasswordTest, OpensADocumentInMemory) {
     LibraryStore& store = open(std::nullopt);
     store.useNoPassword();
     EXPECT_TRUE(store.accessState().isOpen());
+    EXPECT_TRUE(defaults.get(settings::dataFileUnencrypted));
     EXPECT_TRUE(files.names("/home/user").empty());
 }
 
