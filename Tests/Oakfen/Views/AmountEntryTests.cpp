@@ -69,6 +69,8 @@ TEST(AmountEntry, HoldsSharesPricesAndRatesAsTheyAreTyped) {
     EXPECT_EQ(entry.value(), amount("5.125"));
     entry.edit("1/8");
     EXPECT_EQ(entry.value(), amount("0.125"));
+    entry.edit("200/3");
+    EXPECT_EQ(entry.value(), Decimal(200) / Decimal(3));
 }
 
 TEST(AmountEntry, KeepsTheValueWhenTheFieldIsEmptied) {

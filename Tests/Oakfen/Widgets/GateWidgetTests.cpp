@@ -85,6 +85,21 @@ TEST_F(FirstStartTest, OffersToProtectAFileThatIsThereAlready) {
     EXPECT_TRUE(isFailureTold);
 }
 
+TEST_F(FirstStartTest, LeavesAFileAsItWasWhenItsProtectionIsPutOff) {
+    const std::string bytes = encodeLibrary(emptyDocument("EUR"));
+    test->files.addFile(TestEnvironment::dataFile, bytes);
+    test->store->retryLoading();
+    settle();
+    QTest::mouseClick(button(QStringLiteral("Cancel")), Qt::LeftButton);
+    EXPECT_EQ(quitRequests, 1);
+    // As at quitting.
+    test->scheduler.advance(1);
+    test->store->saveNow();
+    EXPECT_EQ(test->files.contents(TestEnvironment::dataFile), bytes);
+    EXPECT_EQ(test->files.count(InMemoryFileSystem::Call::write), 0);
+    EXPECT_FALSE(test->defaults.get(settings::dataFileUnencrypted));
+}
+
 TEST_F(FirstStartTest, TellsAFailureUnderTheFieldsAndAboveTheButtons) {
     test->files.addFile(TestEnvironment::dataFile, encodeLibrary(emptyDocument("CAD")));
     test->store->retryLoading();

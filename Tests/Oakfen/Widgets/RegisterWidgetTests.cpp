@@ -148,7 +148,18 @@ TEST_F(RegisterWindow, AsksNothingWithTheDeleteKeyWhenNothingIsSelected) {
 TEST_F(RegisterWindow, OpensTheEditorWithReturn) {
     click(2, RegisterColumn::payee);
     press(Qt::Key_Return);
-    EXPECT_TRUE(test.appState->sheet().has_value());
+    EXPECT_EQ(test.appState->sheet(), ActiveSheet{ActiveSheet::EditTransaction{shop.id}});
+}
+
+TEST_F(RegisterWindow, OpensOneOfTheSelectedEntriesWithReturn) {
+    press(Qt::Key_Return);
+    EXPECT_FALSE(test.appState->sheet().has_value());
+    click(1, RegisterColumn::payee);
+    click(2, RegisterColumn::payee, Qt::ControlModifier);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(test.appState->sheet() == ActiveSheet{ActiveSheet::EditTransaction{pay.id}} ||
+                test.appState->sheet() == ActiveSheet{ActiveSheet::EditTransaction{shop.id}});
+    EXPECT_EQ(selection(), (UUIDSet{pay.id, shop.id}));
 }
 
 TEST_F(RegisterWindow, CopiesTheSelectedRowsForASpreadsheet) {
