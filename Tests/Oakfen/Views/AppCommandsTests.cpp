@@ -186,6 +186,22 @@ TEST_F(AppCommandsTest, KeepsUndoAwayWhileTheScreenIsCovered) {
     EXPECT_FALSE(isEnabled("Undo New Account"));
 }
 
+TEST_F(AppCommandsTest, GoByTheOpenFileAloneWhileTheLockShows) {
+    const UUID id = addAccount("Everyday").id;
+    test.appState->setSelection(SidebarItem::account(id));
+    test.defaults.set(settings::requireAuthentication, true);
+    const std::vector<Command> before = commands();
+    test.appState->setUnlocked(false);
+    const std::vector<Command> behindTheLock = commands();
+    ASSERT_EQ(behindTheLock.size(), before.size());
+    for (std::size_t place = 0; place < before.size(); ++place) {
+        const MenuEntry& entry = behindTheLock[place].entry;
+        EXPECT_EQ(entry.title, before[place].entry.title);
+        const bool isUndo = entry.title.starts_with("Undo");
+        EXPECT_EQ(entry.canBeChosen(), before[place].entry.canBeChosen() && !isUndo) << entry.title;
+    }
+}
+
 TEST_F(AppCommandsTest, LocksOnlyWhenTheSettingIsOn) {
     EXPECT_FALSE(isEnabled("Lock Oakfen"));
     test.defaults.set(settings::requireAuthentication, true);
