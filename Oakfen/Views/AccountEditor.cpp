@@ -23,20 +23,23 @@ AccountEditor::AccountEditor(AppEnvironment& environment, std::optional<UUID> ac
     interestRate = draft.interestRate.value_or(Decimal());
 }
 
-std::string_view AccountEditor::title() const {
+std::string AccountEditor::title() const {
     return isNew() ? "New Account" : "Edit Account";
 }
 
-std::string_view AccountEditor::primaryTitle() const {
+std::string AccountEditor::primaryTitle() const {
     return isNew() ? "Add Account" : "Save";
 }
 
-std::string_view AccountEditor::obstacle() const {
+std::optional<std::string> AccountEditor::obstacle() const {
     if (trimmingWhitespaces(draft.name).empty()) {
         return "Enter a name.";
     }
     const auto amounts = {draft.openingBalance, lowBalance, creditLimit, interestRate};
-    return std::ranges::any_of(amounts, &Decimal::isNaN) ? "An amount is too large to keep." : "";
+    if (std::ranges::any_of(amounts, &Decimal::isNaN)) {
+        return "An amount is too large to keep.";
+    }
+    return std::nullopt;
 }
 
 std::string_view AccountEditor::openingBalanceLabel() const {
@@ -67,13 +70,11 @@ void AccountEditor::save() {
         return value.isPositive() ? std::optional(value) : std::nullopt;
     };
     draft.name = trimmingWhitespaces(draft.name);
-    draft.lowBalanceAlert =
-        hasLowBalanceAlert && showsLowBalanceAlert() ? std::optional(lowBalance) : std::nullopt;
+    draft.lowBalanceAlert = showsMinimumBalance() ? std::optional(lowBalance) : std::nullopt;
     // Kept whatever the type, so that a change of type and back loses nothing.
     draft.creditLimit = ifPositive(creditLimit);
     draft.interestRate = ifPositive(interestRate);
-    environment_.store.mutate(isNew() ? "New Account" : "Edit Account",
-                              [this](Library& library) { upsert(library, draft); });
+    environment_.store.mutate(title(), [this](Library& library) { upsert(library, draft); });
     if (isNew()) {
         environment_.appState.setSelection(SidebarItem::account(draft.id));
     }
@@ -88,16 +89,15 @@ std::optional<ConfirmationRequest> AccountEditor::deleteConfirmation() const {
                           "accounts stay but become uncategorized.");
 }
 
-void AccountEditor::deleteAccount() {
+void AccountEditor::performDelete() {
     if (isNew()) {
         return;
     }
     if (environment_.appState.selectedAccountID() == accountID_) {
         environment_.appState.setSelection(SidebarItem{});
     }
-    environment_.store.mutate("Delete Account", [this](Library& library) {
-        oakfen::deleteAccount(library, *accountID_);
-    });
+    environment_.store.mutate("Delete Account",
+                              [this](Library& library) { deleteAccount(library, *accountID_); });
 }
 
 } // namespace oakfen

@@ -5,11 +5,12 @@
 #include <string_view>
 
 #include "Oakfen/AppEnvironment.h"
+#include "Oakfen/Views/Editor.h"
 
 namespace oakfen {
 
-/// The sheet that creates an account or changes one. Edits a draft; nothing happens before `save`.
-class AccountEditor {
+/// The sheet that creates an account or changes one.
+class AccountEditor final : public Editor {
 public:
     /// Without an id, a new account.
     AccountEditor(AppEnvironment& environment, std::optional<UUID> accountID);
@@ -22,11 +23,12 @@ public:
     Decimal interestRate;
 
     [[nodiscard]] bool isNew() const { return !accountID_; }
-    [[nodiscard]] std::string_view title() const;
-    [[nodiscard]] std::string_view primaryTitle() const;
-    /// Why the draft can't be saved yet; empty when it can.
-    [[nodiscard]] std::string_view obstacle() const;
-    [[nodiscard]] bool canSave() const { return obstacle().empty(); }
+    [[nodiscard]] std::string title() const override;
+    [[nodiscard]] std::string primaryTitle() const override;
+    [[nodiscard]] std::optional<std::string> obstacle() const override;
+    void save() override;
+    [[nodiscard]] std::optional<ConfirmationRequest> deleteConfirmation() const override;
+    void performDelete() override;
 
     // Which fields the draft's type has, and how they read.
     [[nodiscard]] std::string_view openingBalanceLabel() const;
@@ -35,14 +37,10 @@ public:
     [[nodiscard]] bool showsCreditLimit() const;
     [[nodiscard]] bool showsInterestRate() const;
     [[nodiscard]] bool showsLowBalanceAlert() const;
+    [[nodiscard]] bool showsMinimumBalance() const {
+        return showsLowBalanceAlert() && hasLowBalanceAlert;
+    }
     [[nodiscard]] bool showsClosed() const { return !isNew(); }
-
-    void save();
-
-    /// Absent for a new account.
-    [[nodiscard]] std::optional<ConfirmationRequest> deleteConfirmation() const;
-    /// Deletes the account, after the person confirmed.
-    void deleteAccount();
 
 private:
     AppEnvironment& environment_;

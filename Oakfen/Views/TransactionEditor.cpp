@@ -114,8 +114,13 @@ void TransactionEditor::setKind(Kind kind) {
     }
 }
 
-std::string_view TransactionEditor::title() const {
+std::string TransactionEditor::title() const {
     return isNew() ? "New Transaction" : "Edit Transaction";
+}
+
+std::string TransactionEditor::subtitle() const {
+    const bool isFirst = isNew() && savedText_.empty();
+    return isFirst ? "Ctrl+Return saves and starts the next one." : savedText_;
 }
 
 std::string_view TransactionEditor::transferTitle() const {
@@ -243,26 +248,28 @@ std::string TransactionEditor::remainderText() const {
                                   : money(-remainder) + " more than " + money(amount);
 }
 
-std::string_view TransactionEditor::obstacle() const {
+std::optional<std::string> TransactionEditor::obstacle() const {
     if (!accountSelection) {
         return "Choose an account.";
     }
     if (trimmingWhitespaces(draft.payee).empty()) {
         return "Enter a payee.";
     }
-    if (kind_ == Kind::transfer && (!transferSelection || transferSelection == accountSelection)) {
+    if (isTransfer() && (!transferSelection || transferSelection == accountSelection)) {
         return "Choose the other account of the transfer.";
     }
     return obstacleOfAmount();
 }
 
-std::string_view TransactionEditor::obstacleOfAmount() const {
-    const bool isTransfer = kind_ == Kind::transfer;
-    if (isTransfer || !useSplits) {
+std::optional<std::string> TransactionEditor::obstacleOfAmount() const {
+    if (isTransfer() || !useSplits) {
         if (amount.isNaN()) {
             return "The amount is too large to keep. Enter another.";
         }
-        return isTransfer && amount.isZero() ? "Enter the amount of the transfer." : "";
+        if (isTransfer() && amount.isZero()) {
+            return "Enter the amount of the transfer.";
+        }
+        return std::nullopt;
     }
     if (splits.empty()) {
         return "Add a split line.";
@@ -271,7 +278,10 @@ std::string_view TransactionEditor::obstacleOfAmount() const {
     if (total.isNaN()) {
         return "The split lines add up to more than can be kept.";
     }
-    return total.isZero() ? "The split lines must add up to an amount." : "";
+    if (total.isZero()) {
+        return "The split lines must add up to an amount.";
+    }
+    return std::nullopt;
 }
 
 std::vector<std::string> TransactionEditor::tags() const {
@@ -291,7 +301,7 @@ Transaction TransactionEditor::transactionToSave() const {
     entry.payee = trimmingWhitespaces(draft.payee);
     entry.tags = tags();
     entry.splits.clear();
-    if (kind_ == Kind::transfer) {
+    if (isTransfer()) {
         entry.transferAccountID = transferSelection;
         entry.amount = directed(amount.magnitude(), transferIn);
         return entry;
@@ -319,8 +329,7 @@ void TransactionEditor::save() {
         return;
     }
     const Transaction entry = transactionToSave();
-    environment_.store.mutate(std::string(title()),
-                              [&](Library& library) { upsert(library, entry); });
+    environment_.store.mutate(title(), [&](Library& library) { upsert(library, entry); });
     if (const Transaction* stored = environment_.store.index().transaction(entry.id)) {
         savedText_ = "Saved " + singleLine(stored->payee) + ", " +
                      currencyText(stored->amount, environment_.currencyCode()) + ".";
@@ -340,7 +349,7 @@ std::optional<ConfirmationRequest> TransactionEditor::deleteConfirmation() const
     return isNew() ? std::nullopt : std::optional(destructiveConfirmation("Delete Transaction"));
 }
 
-void TransactionEditor::deleteTransaction() {
+void TransactionEditor::performDelete() {
     environment_.store.mutate("Delete Transaction", [this](Library& library) {
         deleteTransactions(library, {draft.id});
     });

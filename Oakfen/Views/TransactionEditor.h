@@ -7,12 +7,12 @@
 
 #include "Oakfen/AppEnvironment.h"
 #include "Oakfen/Views/Components.h"
+#include "Oakfen/Views/Editor.h"
 
 namespace oakfen {
 
-/// The sheet that enters a payment, a deposit or a transfer, or changes one. Works on a draft; the
-/// document changes only with `save` and `deleteTransaction`.
-class TransactionEditor {
+/// The sheet that enters a payment, a deposit or a transfer, or changes one.
+class TransactionEditor final : public Editor {
 public:
     enum class Kind { payment, deposit, transfer };
 
@@ -48,10 +48,22 @@ public:
     [[nodiscard]] Kind kind() const { return kind_; }
     /// A transfer has no splits; what was split is kept in case the person comes back to it.
     void setKind(Kind kind);
+    [[nodiscard]] bool isTransfer() const { return kind_ == Kind::transfer; }
+    /// Whether the entry has one category, and not several or none.
+    [[nodiscard]] bool showsCategory() const { return !isTransfer() && !useSplits; }
 
     [[nodiscard]] bool isNew() const { return !transactionID_; }
-    /// What the sheet is called.
-    [[nodiscard]] std::string_view title() const;
+    [[nodiscard]] std::string title() const override;
+    /// What the last `save` entered, for the person to see; for a new entry, how to enter several.
+    [[nodiscard]] std::string subtitle() const override;
+    [[nodiscard]] std::optional<std::string> obstacle() const override;
+    /// Enters the draft; nothing without an account.
+    void save() override;
+    /// Empties the form for the next entry of the same account on the same day.
+    void startNext();
+    [[nodiscard]] std::optional<ConfirmationRequest> deleteConfirmation() const override;
+    void performDelete() override;
+
     /// What the field of a transfer's other account is called.
     [[nodiscard]] std::string_view transferTitle() const;
 
@@ -82,21 +94,6 @@ public:
     /// nobody named one.
     [[nodiscard]] std::string remainderText() const;
 
-    /// Why the draft can't be saved yet; empty when it can.
-    [[nodiscard]] std::string_view obstacle() const;
-    [[nodiscard]] bool canSave() const { return obstacle().empty(); }
-    /// Enters the draft; nothing without an account.
-    void save();
-    /// Empties the form for the next entry of the same account on the same day.
-    void startNext();
-    /// What the last `save` entered, for the person to see; empty before the first.
-    [[nodiscard]] const std::string& savedText() const { return savedText_; }
-
-    /// Absent for a new entry.
-    [[nodiscard]] std::optional<ConfirmationRequest> deleteConfirmation() const;
-    /// Deletes the entry, after the person confirmed.
-    void deleteTransaction();
-
 private:
     void startEmpty(const std::optional<UUID>& accountID, Date date);
     void load(const Transaction& entry);
@@ -104,8 +101,8 @@ private:
     [[nodiscard]] std::optional<UUID> accountToBeginWith(const std::optional<UUID>& wanted) const;
     [[nodiscard]] std::vector<PickerRow> keepingAccount(std::vector<PickerRow> rows,
                                                         const std::optional<UUID>& id) const;
-    /// What is wrong with the amount or with the split lines; empty when nothing is.
-    [[nodiscard]] std::string_view obstacleOfAmount() const;
+    /// What is wrong with the amount or with the split lines, if anything.
+    [[nodiscard]] std::optional<std::string> obstacleOfAmount() const;
     [[nodiscard]] std::vector<std::string> tags() const;
     [[nodiscard]] Transaction transactionToSave() const;
 

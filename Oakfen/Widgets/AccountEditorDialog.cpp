@@ -170,7 +170,7 @@ void AccountEditorDialog::save() {
 }
 
 void AccountEditorDialog::performDestructiveAction() {
-    editor_.deleteAccount();
+    editor_.performDelete();
 }
 
 } // namespace oakfen

@@ -64,9 +64,7 @@ TransactionEditorDialog::TransactionEditorDialog(AppEnvironment& environment,
     if (const auto confirmation = editor_.deleteConfirmation()) {
         addDestructiveButton(*confirmation);
     }
-    if (editor_.isNew()) {
-        setSubtitle(tr("Ctrl+Return saves and starts the next one."));
-    }
+    setSubtitle(qt(editor_.subtitle()));
     showDraft();
     payee_->setFocus();
 }
@@ -227,7 +225,7 @@ void TransactionEditorDialog::showState() {
     total_->setMoney(moneyText(editor_.splitsTotal(), environment_.currencyCode()));
     setProblem({});
     setCanSave(editor_.canSave());
-    primaryButton()->setToolTip(editor_.canSave() ? tr("Save (Return)") : qt(editor_.obstacle()));
+    primaryButton()->setToolTip(editor_.canSave() ? tr("Save (Return)") : qt(*editor_.obstacle()));
 }
 
 bool TransactionEditorDialog::answerReturnInPayee() {
@@ -276,7 +274,7 @@ void TransactionEditorDialog::save() {
 }
 
 void TransactionEditorDialog::performDestructiveAction() {
-    editor_.deleteTransaction();
+    editor_.performDelete();
 }
 
 void TransactionEditorDialog::keyPressEvent(QKeyEvent* event) {
@@ -305,15 +303,15 @@ void TransactionEditorDialog::saveAndStartNext() {
     editor_.save();
     editor_.startNext();
     appliedPayee_.clear();
-    setSubtitle(qt(editor_.savedText()));
+    setSubtitle(qt(editor_.subtitle()));
     showDraft();
     // Heard when the field gets the focus.
-    payee_->setAccessibleDescription(qt(editor_.savedText()));
+    payee_->setAccessibleDescription(qt(editor_.subtitle()));
     payee_->setFocus(Qt::TabFocusReason);
 }
 
 void TransactionEditorDialog::tellObstacle() {
-    setProblem(qt(editor_.obstacle()));
+    setProblem(qt(*editor_.obstacle()));
 }
 
 } // namespace oakfen

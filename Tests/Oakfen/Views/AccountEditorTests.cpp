@@ -38,6 +38,8 @@ TEST_F(AccountEditing, ANewAccountStartsEmptyAndOpensToday) {
     EXPECT_EQ(editor.draft.openingBalance, Decimal());
     EXPECT_EQ(editor.draft.openingDate, test_.clock.now());
     EXPECT_NE(editor.draft.id, UUID{});
+    EXPECT_EQ(editor.title(), "New Account");
+    EXPECT_EQ(editor.primaryTitle(), "Add Account");
     EXPECT_FALSE(editor.canSave());
     EXPECT_FALSE(editor.showsClosed());
     EXPECT_FALSE(editor.deleteConfirmation());
@@ -71,6 +73,7 @@ TEST_F(AccountEditing, LoadsTheAccountWithItsOptionalFigures) {
     EXPECT_EQ(editor.interestRate, Decimal());
     EXPECT_TRUE(editor.showsClosed());
     EXPECT_EQ(editor.title(), "Edit Account");
+    EXPECT_EQ(editor.primaryTitle(), "Save");
 }
 
 TEST_F(AccountEditing, SavingANewAccountOpensItsRegister) {
@@ -182,7 +185,7 @@ TEST_F(AccountEditing, AsksBeforeDeleting) {
 
 TEST_F(AccountEditing, DeletingTheShownAccountMovesAwayFirst) {
     test_.appState->setSelection(SidebarItem::account(account_.id));
-    AccountEditor(*test_, account_.id).deleteAccount();
+    AccountEditor(*test_, account_.id).performDelete();
     EXPECT_EQ(test_.index().account(account_.id), nullptr);
     EXPECT_EQ(test_.appState->selection(), SidebarItem{});
     EXPECT_EQ(test_.undoManager->undoActionName(), "Delete Account");
@@ -190,7 +193,7 @@ TEST_F(AccountEditing, DeletingTheShownAccountMovesAwayFirst) {
 
 TEST_F(AccountEditing, DeletingAnotherAccountStaysWhereOneIs) {
     test_.appState->setSelection(SidebarItem::account(other_.id));
-    AccountEditor(*test_, account_.id).deleteAccount();
+    AccountEditor(*test_, account_.id).performDelete();
     EXPECT_EQ(test_.appState->selectedAccountID(), other_.id);
 }
 

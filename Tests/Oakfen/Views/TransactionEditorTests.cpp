@@ -26,6 +26,7 @@ TEST_F(TransactionEditing, ANewEntryStartsEmptyAndToday) {
     const TransactionEditor editor = newEntry();
     EXPECT_TRUE(editor.isNew());
     EXPECT_EQ(editor.title(), "New Transaction");
+    EXPECT_EQ(editor.subtitle(), "Ctrl+Return saves and starts the next one.");
     EXPECT_EQ(editor.kind(), Kind::payment);
     EXPECT_EQ(editor.accountSelection, everyday.id);
     EXPECT_EQ(
@@ -87,6 +88,7 @@ TEST_F(TransactionEditing, LoadsAPayment) {
     const TransactionEditor editor = edit(shop.id);
     EXPECT_FALSE(editor.isNew());
     EXPECT_EQ(editor.title(), "Edit Transaction");
+    EXPECT_EQ(editor.subtitle(), "");
     EXPECT_EQ(editor.draft, shop);
     EXPECT_EQ(editor.kind(), Kind::payment);
     EXPECT_EQ(editor.amount, amount("40.25"));
@@ -269,7 +271,7 @@ TEST_F(TransactionEditing, TheNextEntryKeepsTheAccountAndTheDay) {
     EXPECT_EQ(editor.kind(), Kind::payment);
     EXPECT_EQ(editor.amount, Decimal());
     EXPECT_EQ(editor.tagsText, "");
-    EXPECT_EQ(editor.savedText(), "Saved Bakery, $3.00.");
+    EXPECT_EQ(editor.subtitle(), "Saved Bakery, $3.00.");
 }
 
 TEST_F(TransactionEditing, TellsTheRegisterWhatWasSaved) {
@@ -289,7 +291,7 @@ TEST_F(TransactionEditing, DeletesAfterAsking) {
     ASSERT_TRUE(request);
     EXPECT_EQ(request->title, "Delete Transaction?");
     EXPECT_EQ(request->message, "You can undo this with Edit ▸ Undo.");
-    editor.deleteTransaction();
+    editor.performDelete();
     EXPECT_EQ(entryCount(), 1U);
     EXPECT_EQ(test.undoManager->undoActionName(), "Delete Transaction");
 }
