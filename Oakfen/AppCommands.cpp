@@ -40,20 +40,26 @@ public:
                          {.title = "Go", .children = goMenu()},
                          {.title = "Transactions", .children = transactionsMenu()},
                          {.title = "Help",
-                          .children = {{.title = "About Oakfen", .perform = window_.showAbout}}}});
+                          .children = {{.title = "About Oakfen",
+                                        .perform = window_.showAbout,
+                                        .isEnabled = isFree()}}}});
     }
 
 private:
-    [[nodiscard]] bool isOpen() const { return environment_.store.accessState().isOpen(); }
+    /// Beneath a sheet nothing acts: it would surprise whoever is at work in the sheet.
+    [[nodiscard]] bool isFree() const { return !environment_.appState.sheet(); }
+    [[nodiscard]] bool isOpen() const {
+        return isFree() && environment_.store.accessState().isOpen();
+    }
     [[nodiscard]] bool isOpenWithAccounts() const {
         return isOpen() && !environment_.store.index().openAccounts().empty();
     }
     [[nodiscard]] bool isOpenWithSelectedAccount() const {
         return isOpen() && environment_.appState.selectedAccountID().has_value();
     }
-    /// Taking back what nobody can see, or beneath an open draft, would surprise.
+    /// Taking back what nobody can see would surprise.
     [[nodiscard]] bool isHistoryVisible() const {
-        return !ContentView(environment_).isObscured() && !environment_.appState.sheet();
+        return isFree() && !ContentView(environment_).isObscured();
     }
 
     /// Opens the sheet that `make` describes at that moment.
@@ -95,6 +101,7 @@ private:
                 {.title = "Quit Oakfen",
                  .shortcut = "Ctrl+Q",
                  .perform = window_.quit,
+                 .isEnabled = ContentView(environment_).canClose(),
                  .startsGroup = true}};
     }
 
@@ -124,7 +131,8 @@ private:
     [[nodiscard]] Lines viewMenu() const {
         return {{.title = window_.isSidebarShown() ? "Hide Sidebar" : "Show Sidebar",
                  .shortcut = "F9",
-                 .perform = window_.toggleSidebar}};
+                 .perform = window_.toggleSidebar,
+                 .isEnabled = isFree()}};
     }
 
     [[nodiscard]] Lines goMenu() const {

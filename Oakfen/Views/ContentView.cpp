@@ -18,6 +18,10 @@ bool ContentView::isObscured() const {
     return cover() != Cover::none;
 }
 
+bool ContentView::canClose() const {
+    return !environment_.appState.sheet() || cover() == Cover::gate;
+}
+
 std::optional<ContentView::Alert> ContentView::dueAlert() const {
     if (const auto& message = environment_.appState.alertMessage()) {
         return Alert{AlertSource::application, "Oakfen", *message};

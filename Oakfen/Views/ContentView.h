@@ -28,6 +28,9 @@ public:
     [[nodiscard]] Cover cover() const;
     /// Whether the main screen is hidden and its controls are disabled.
     [[nodiscard]] bool isObscured() const;
+    /// Whether the window may be closed. What was begun in an open sheet would be lost with it; at
+    /// the gate there is nothing that it could be saved to.
+    [[nodiscard]] bool canClose() const;
     /// The alert to show now; further ones come after it was dismissed.
     [[nodiscard]] std::optional<Alert> dueAlert() const;
     void dismissAlert(AlertSource source);

@@ -179,6 +179,20 @@ TEST_F(AppCommandsTest, KeepsUndoAwayWhileASheetIsOpen) {
     EXPECT_TRUE(isEnabled("Undo New Account"));
 }
 
+TEST_F(AppCommandsTest, LeavesOnlyTheFieldsCommandsAndLockingWhileASheetIsOpen) {
+    test.appState->setSelection(SidebarItem::account(addAccount("Everyday").id));
+    test.defaults.set(settings::requireAuthentication, true);
+    test.appState->setUnlocked(true);
+    test.appState->setSheet(ActiveSheet{ActiveSheet::NewAccount{}});
+    std::set<std::string> live;
+    for (const auto& [menu, entry] : commands()) {
+        if (entry.canBeChosen()) {
+            live.insert(entry.title);
+        }
+    }
+    EXPECT_EQ(live, (std::set<std::string>{"Cut", "Copy", "Paste", "Select All", "Lock Oakfen"}));
+}
+
 TEST_F(AppCommandsTest, KeepsUndoAwayWhileTheScreenIsCovered) {
     addAccount("Everyday");
     test.defaults.set(settings::requireAuthentication, true);

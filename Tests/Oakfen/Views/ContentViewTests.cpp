@@ -51,6 +51,19 @@ TEST(ContentView, DoesNotLockAtOnceWhenTheSettingIsTurnedOn) {
     EXPECT_FALSE(ContentView(*test).isObscured());
 }
 
+TEST(ContentView, DoesNotCloseOnADraftButAtTheGate) {
+    TestEnvironment test{TestEnvironment::Unopened{}};
+    test.appState->setSheet(ActiveSheet{ActiveSheet::NewAccount{}});
+    EXPECT_TRUE(ContentView(*test).canClose());
+    test.store->useNoPassword();
+    EXPECT_FALSE(ContentView(*test).canClose());
+    test.defaults.set(settings::requireAuthentication, true);
+    test.appState->setUnlocked(false);
+    EXPECT_FALSE(ContentView(*test).canClose());
+    test.appState->setSheet(std::nullopt);
+    EXPECT_TRUE(ContentView(*test).canClose());
+}
+
 TEST(ContentView, ShowsNoAlertWhenThereIsNothingToSay) {
     TestEnvironment test;
     EXPECT_FALSE(ContentView(*test).dueAlert());
