@@ -10,7 +10,7 @@ namespace {
 using LineColumn = Column<ImportReviewRow>;
 
 std::string descriptionOf(const ImportReviewRow& row, const CellContext& context) {
-    return row.duplicate == nullptr ? std::string() : duplicateDescription(*row.duplicate, context);
+    return row.duplicate ? duplicateDescription(*row.duplicate, context) : std::string();
 }
 
 /// What all cells of a line have: hovering over it shows its memo and the entry that it repeats.
@@ -33,8 +33,7 @@ void dressTick(Cell& cell, const ImportReviewRow& row, const CellContext& contex
     if (!row.isIncluded) {
         cell.spoken = "Left out";
     } else {
-        cell.spoken =
-            row.duplicate == nullptr ? "Will be imported" : "Left out: already in this account";
+        cell.spoken = row.duplicate ? "Left out: already in this account" : "Will be imported";
     }
 }
 
@@ -78,13 +77,13 @@ const Columns<ImportReviewRow>& importReviewColumns() {
          .dress = dressLine},
         {.head = {.id = "mark", .spoken = "Mark", .width = 92},
          .value = LineColumn::Text{[](const Row& row) -> std::string_view {
-             return row.duplicate == nullptr ? "" : "Duplicate";
+             return row.duplicate ? "Duplicate" : "";
          }},
          .dress = dressMark}};
     return columns;
 }
 
-std::string duplicateDescription(const Transaction& duplicate, const CellContext& context) {
+std::string duplicateDescription(const RepeatedEntry& duplicate, const CellContext& context) {
     return "Already in this account: " + numericDateText(duplicate.date, context.calendar) + ", " +
            (duplicate.payee.empty() ? "no payee" : singleLine(duplicate.payee)) + ", " +
            currencyText(duplicate.amount, context.currencyCode);

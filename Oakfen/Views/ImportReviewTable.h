@@ -5,12 +5,22 @@
 
 namespace oakfen {
 
+/// What the review says of an entry that a line repeats. The payee is the ledger's.
+struct RepeatedEntry {
+    Date date;
+    std::string_view payee;
+    Decimal amount;
+
+    friend bool operator==(const RepeatedEntry&, const RepeatedEntry&) = default;
+};
+
 /// A line of a statement as the review shows it.
 struct ImportReviewRow {
     UUID id;
+    /// The statement's line, which stays the same.
     const ImportedTransaction* item = nullptr;
-    /// The account's entry that the line repeats, or null.
-    const Transaction* duplicate = nullptr;
+    /// The account's entry that the line repeats, if it repeats one.
+    std::optional<RepeatedEntry> duplicate = {};
     bool isIncluded = true;
 
     friend bool operator==(const ImportReviewRow&, const ImportReviewRow&) = default;
@@ -19,7 +29,7 @@ struct ImportReviewRow {
 [[nodiscard]] const Columns<ImportReviewRow>& importReviewColumns();
 
 /// Says which entry of the account a line repeats.
-[[nodiscard]] std::string duplicateDescription(const Transaction& duplicate,
+[[nodiscard]] std::string duplicateDescription(const RepeatedEntry& duplicate,
                                                const CellContext& context);
 
 } // namespace oakfen

@@ -59,10 +59,11 @@ ImportReviewContent ImportReviewView::derive(const ImportReviewContent* earlier)
     rows.reserve(items().size());
     for (std::size_t line = 0; line < items().size(); ++line) {
         const ImportedTransaction& item = items()[line];
-        rows.push_back({.id = item.id,
-                        .item = &item,
-                        .duplicate = found.matches[line],
-                        .isIncluded = included_.contains(item.id)});
+        rows.push_back({.id = item.id, .item = &item, .isIncluded = included_.contains(item.id)});
+        if (const Transaction* match = found.matches[line]) {
+            rows.back().duplicate = {
+                .date = match->date, .payee = match->payee, .amount = match->amount};
+        }
     }
     const auto known =
         static_cast<std::ptrdiff_t>(items().size()) - std::ranges::count(found.matches, nullptr);

@@ -11,12 +11,12 @@ void dressTick(Cell& cell, const ReconcileRow& row, const CellContext& /*context
 }
 
 void dressEntry(Cell& cell, const ReconcileRow& row, const CellContext& /*context*/) {
-    cell.toolTip = singleLine(row.entry->memo);
+    cell.toolTip = singleLine(row.memo);
 }
 
 void dressPayee(Cell& cell, const ReconcileRow& row, const CellContext& context) {
     dressEntry(cell, row, context);
-    cell.detail = singleLine(row.entry->memo);
+    cell.detail = singleLine(row.memo);
 }
 
 } // namespace
@@ -28,15 +28,14 @@ const Columns<ReconcileRow>& reconcileColumns() {
          .value = EntryColumn::Tick{[](const Row& row) { return row.isChecked; }},
          .dress = dressTick},
         {.head = {.id = "date", .title = "Date", .width = 104},
-         .value = EntryColumn::Day{[](const Row& row) { return row.entry->date; }},
+         .value = EntryColumn::Day{[](const Row& row) { return row.date; }},
          .dress = dressEntry},
         {.head =
              {.id = "payee", .title = "Payee", .width = 260, .stretches = true, .isSearched = true},
-         .value =
-             EntryColumn::Text{[](const Row& row) -> std::string_view { return row.entry->payee; }},
+         .value = EntryColumn::Text{[](const Row& row) { return row.payee; }},
          .dress = dressPayee},
         {.head = {.id = "amount", .title = "Amount", .width = 130},
-         .value = EntryColumn::Money{[](const Row& row) { return row.entry->amount; }},
+         .value = EntryColumn::Money{[](const Row& row) { return row.amount; }},
          .dress = dressEntry}};
     return columns;
 }

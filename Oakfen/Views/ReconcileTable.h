@@ -4,10 +4,14 @@
 
 namespace oakfen {
 
-/// An entry that the statement may show.
+/// An entry that the statement may show: what the table shows of it, so that equal rows look the
+/// same, whatever else an edit changed. The texts are the ledger's.
 struct ReconcileRow {
     UUID id;
-    const Transaction* entry = nullptr;
+    Date date;
+    std::string_view payee;
+    std::string_view memo;
+    Decimal amount;
     bool isChecked = false;
 
     friend bool operator==(const ReconcileRow&, const ReconcileRow&) = default;

@@ -83,12 +83,17 @@ ReconcileContent ReconcileView::derive(const ReconcileContent* earlier) const {
     std::vector<ReconcileRow> rows;
     for (const Transaction* entry : index->transactions(accountID_)) {
         if (entry->cleared != ClearedState::reconciled && entry->date <= end) {
-            rows.push_back({entry->id, entry, checked_.contains(entry->id)});
+            rows.push_back({.id = entry->id,
+                            .date = entry->date,
+                            .payee = entry->payee,
+                            .memo = entry->memo,
+                            .amount = entry->amount,
+                            .isChecked = checked_.contains(entry->id)});
         }
     }
     const Decimal reconciled = index->reconciledBalance(accountID_);
     const Decimal cleared = reconciled + sum(rows, [](const ReconcileRow& row) {
-                                return row.isChecked ? row.entry->amount : Decimal();
+                                return row.isChecked ? row.amount : Decimal();
                             });
     return {.table = keepingEqual(earlier != nullptr ? earlier->table : nullptr,
                                   std::make_shared<const Table<ReconcileRow>>(

@@ -131,7 +131,7 @@ private:
         const auto content = sheet.content();
         Decimal cleared = shown(content->reconciled);
         for (const ReconcileRow* row : content->table->rows()) {
-            cleared += row->isChecked ? shown(row->entry->amount) : Decimal();
+            cleared += row->isChecked ? shown(row->amount) : Decimal();
         }
         EXPECT_EQ(shown(content->clearedTotal), cleared);
         EXPECT_EQ(shown(content->difference), shown(sheet.statementBalance()) - cleared);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "Oakfen/Views/TableChanges.h"
 #include "OakfenCore/LibraryOperations/Transactions.h"
 #include "OakfenCore/Support/Formatting.h"
 #include "Tests/Support/LocaleForTest.h"
@@ -43,7 +44,7 @@ protected:
                                           .accountID = accountID})};
     }
 
-    static const Transaction* duplicate(const ImportReviewView& view, std::size_t line) {
+    static std::optional<RepeatedEntry> duplicate(const ImportReviewView& view, std::size_t line) {
         return view.content()->table->rows().at(line)->duplicate;
     }
     /// What a screen reader adds to each cell of a line.
@@ -77,35 +78,55 @@ TEST_F(ImportReview, ShowsANameWithALineBreakOnOneLine) {
 
 TEST_F(ImportReview, MarksALineThatTheAccountHas) {
     const ImportReviewView view = review(everyday_.id);
-    EXPECT_EQ(duplicate(view, 0), nullptr);
-    ASSERT_NE(duplicate(view, 1), nullptr);
-    EXPECT_EQ(duplicate(view, 1)->id, known_.id);
+    EXPECT_FALSE(duplicate(view, 0));
+    ASSERT_TRUE(duplicate(view, 1));
+    EXPECT_EQ(duplicate(view, 1)->date, known_.date);
     EXPECT_EQ(description(view, 0), "");
     EXPECT_NE(description(view, 1).find("Shop"), std::string::npos);
 }
 
 TEST_F(ImportReview, LooksForDuplicatesAnewInAnotherAccount) {
     ImportReviewView view = review(everyday_.id);
-    ASSERT_NE(duplicate(view, 1), nullptr);
+    ASSERT_TRUE(duplicate(view, 1));
     view.setAccountID(savings_.id);
-    EXPECT_EQ(duplicate(view, 1), nullptr);
+    EXPECT_FALSE(duplicate(view, 1));
     EXPECT_EQ(view.content()->summary, "3 transactions found · 0 already in this account");
 }
 
 TEST_F(ImportReview, LooksForDuplicatesAnewAfterAnEdit) {
     const ImportReviewView view = review(everyday_.id);
-    ASSERT_EQ(duplicate(view, 2), nullptr);
+    ASSERT_FALSE(duplicate(view, 2));
     test_.store->mutate("Add", [this](Library& library) {
         upsert(library, makeTransaction(everyday_.id, day(2026, 3, 7), "pay", "1000"));
     });
-    EXPECT_NE(duplicate(view, 2), nullptr);
+    EXPECT_TRUE(duplicate(view, 2));
+}
+
+TEST_F(ImportReview, TellsOnlyOfWhatLooksDifferent) {
+    ImportReviewView view = review(everyday_.id);
+    const auto before = view.content();
+    int notices = 0;
+    const Subscription changed = view.changed.observe([&] { ++notices; });
+    const auto edit = [&](auto change) {
+        test_.store->mutate("Edit", [&](Library& library) {
+            change(known_);
+            upsert(library, known_);
+        });
+    };
+    edit([](Transaction& entry) { entry.checkNumber = "101"; });
+    EXPECT_EQ(notices, 0);
+    EXPECT_EQ(view.content(), before);
+    edit([](Transaction& entry) { entry.payee = "The Shop"; });
+    EXPECT_EQ(notices, 1);
+    EXPECT_EQ(changesBetween(*before->table, *view.content()->table),
+              (TableChanges{.changed = TableChanges::Span{1, 1}}));
 }
 
 TEST_F(ImportReview, HasNoAccountWhenTheProposedOneIsNotFound) {
     ImportReviewView view = review(UUID::random());
     EXPECT_FALSE(view.accountID());
     EXPECT_FALSE(view.content()->canImport);
-    EXPECT_EQ(duplicate(view, 1), nullptr);
+    EXPECT_FALSE(duplicate(view, 1));
     view.importLines();
     EXPECT_FALSE(test_.undoManager->canUndo());
     view.setAccountID(savings_.id);

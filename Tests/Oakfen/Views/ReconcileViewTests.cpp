@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "Oakfen/Views/TableChanges.h"
+
 #include "Tests/Oakfen/Views/RegisterFixture.h"
 
 namespace oakfen {
@@ -22,7 +24,7 @@ protected:
     [[nodiscard]] std::string shownRows() const {
         std::string payees;
         for (const ReconcileRow* row : sheet.content()->table->rows()) {
-            payees += (payees.empty() ? "" : "|") + row->entry->payee;
+            payees += (payees.empty() ? "" : "|") + std::string(row->payee);
         }
         return payees;
     }
@@ -59,6 +61,26 @@ TEST_F(Reconciling, FollowsAnEditOfTheLedger) {
     });
     EXPECT_EQ(shownRows(), "Pay");
     EXPECT_EQ(sheet.content()->reconciled, amount("460"));
+}
+
+TEST_F(Reconciling, TellsOnlyOfWhatLooksDifferent) {
+    const auto before = sheet.content();
+    int notices = 0;
+    const Subscription changed = sheet.changed.observe([&] { ++notices; });
+    const auto edit = [&](auto change) {
+        test.store->mutate("Edit", [&](Library& library) {
+            Transaction changedEntry = stored(pay.id);
+            change(changedEntry);
+            upsert(library, changedEntry);
+        });
+    };
+    edit([&](Transaction& entry) { entry.categoryID = salary.id; });
+    EXPECT_EQ(notices, 0);
+    EXPECT_EQ(sheet.content(), before);
+    edit([](Transaction& entry) { entry.memo = "March"; });
+    EXPECT_EQ(notices, 1);
+    EXPECT_EQ(changesBetween(*before->table, *sheet.content()->table),
+              (TableChanges{.changed = TableChanges::Span{1, 1}}));
 }
 
 TEST_F(Reconciling, CountsWhatIsTicked) {
