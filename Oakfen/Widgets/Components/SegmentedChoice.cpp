@@ -9,7 +9,6 @@ namespace oakfen {
 
 SegmentedChoice::SegmentedChoice(const QString& title, const QStringList& choices, QWidget* parent)
     : QWidget(parent), buttons_(new QButtonGroup(this)) {
-    setAccessibleName(title);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(2);
@@ -17,17 +16,24 @@ SegmentedChoice::SegmentedChoice(const QString& title, const QStringList& choice
         auto* button = new QPushButton(choice);
         button->setCheckable(true);
         button->setAutoDefault(false);
-        button->setToolTip(title + QStringLiteral(": ") + choice);
         row->addWidget(button);
         buttons_->addButton(button, static_cast<int>(buttons_->buttons().size()));
     }
     row->addStretch(1);
+    setTitle(title);
     // Whenever a button becomes the checked one: by a click, or by an arrow key.
     connect(buttons_, &QButtonGroup::idToggled, this, [this](int, bool isChecked) {
         if (isChecked) {
             chosen();
         }
     });
+}
+
+void SegmentedChoice::setTitle(const QString& title) {
+    setAccessibleName(title);
+    for (QAbstractButton* button : buttons_->buttons()) {
+        button->setToolTip(title + QStringLiteral(": ") + button->text());
+    }
 }
 
 int SegmentedChoice::choice() const {

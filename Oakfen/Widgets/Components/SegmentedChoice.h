@@ -13,6 +13,9 @@ class SegmentedChoice final : public QWidget {
 public:
     SegmentedChoice(const QString& title, const QStringList& choices, QWidget* parent = nullptr);
 
+    /// What it is a choice of.
+    void setTitle(const QString& title);
+
     [[nodiscard]] int choice() const;
     void choose(int choice);
 
