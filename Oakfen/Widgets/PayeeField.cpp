@@ -28,6 +28,9 @@ PayeeField::PayeeField(const QString& title, QWidget* parent)
 }
 
 void PayeeField::setPayee(const QString& payee) {
+    if (payee == text()) {
+        return;
+    }
     const QSignalBlocker blocker(this);
     setText(payee);
 }

@@ -12,7 +12,7 @@ class PayeeField final : public QLineEdit {
 public:
     explicit PayeeField(const QString& title, QWidget* parent = nullptr);
 
-    /// Shows a payee without offering any.
+    /// Shows another payee without offering any.
     void setPayee(const QString& payee);
 
     /// What to offer for the present text.

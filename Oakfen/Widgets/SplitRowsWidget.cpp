@@ -65,6 +65,14 @@ SplitRowsWidget::SplitRowsWidget(TransactionEditor& editor, QWidget* parent)
     connect(removeAll_, &QPushButton::clicked, this, [this] { removed(); });
 }
 
+void SplitRowsWidget::showLines() {
+    if (!std::ranges::equal(rows_, editor_.splits, {}, &Row::id,
+                            &TransactionEditor::SplitDraft::id)) {
+        reload();
+    }
+    showRemainder();
+}
+
 void SplitRowsWidget::reload() {
     for (const Row& row : rows_) {
         discard(row);
@@ -74,7 +82,6 @@ void SplitRowsWidget::reload() {
         addRow(line);
     }
     arrange();
-    showRemainder();
 }
 
 void SplitRowsWidget::focusFirstLine() {
@@ -124,7 +131,6 @@ void SplitRowsWidget::connectRow(const Row& row) {
     const auto change = [this, id = row.id](auto&& apply) {
         if (TransactionEditor::SplitDraft* line = editor_.splitLine(id)) {
             apply(*line);
-            showRemainder();
             alignAmounts();
             edited();
         }
@@ -164,7 +170,6 @@ void SplitRowsWidget::removeLine(const UUID& id) {
     discard(*row);
     rows_.erase(row);
     arrange();
-    showRemainder();
     edited();
 }
 

@@ -24,12 +24,11 @@ class SplitRowsWidget final : public QWidget {
 public:
     explicit SplitRowsWidget(TransactionEditor& editor, QWidget* parent = nullptr);
 
-    /// Shows the editor's present lines.
-    void reload();
+    /// Shows the editor's present lines, and what they leave of the amount. Lines that are shown
+    /// already stay as they are, with what is being typed there.
+    void showLines();
     /// Goes to the first line.
     void focusFirstLine();
-    /// Shows what the lines leave of the amount.
-    void showRemainder();
 
     /// Called after each change of a line.
     std::function<void()> edited = [] {};
@@ -46,6 +45,8 @@ private:
         QToolButton* remove;
     };
 
+    void reload();
+    void showRemainder();
     void addRow(const TransactionEditor::SplitDraft& line);
     void connectRow(const Row& row);
     void addLine();
