@@ -12,7 +12,8 @@ namespace oakfen {
 
 /// The sheet of any editor: a form under the editor's title, and buttons that do what it can do.
 /// While something keeps the draft from being saved, the default button says what, and so does
-/// Return.
+/// Return. While the editor works in the background, the sheet says at what, and takes nothing
+/// else.
 class EditorSheet : public SheetScaffold {
     Q_OBJECT
 
@@ -29,14 +30,25 @@ protected:
     void tellObstacle();
 
     void save() override;
+    void finish() override;
     void performDestructiveAction() override;
     void keyPressEvent(QKeyEvent* event) override;
 
     AppEnvironment& environment_;
 
 private:
+    void pressSecondButton();
+    /// Does what ends the sheet, and closes it unless that failed or still goes on.
+    void perform(const std::function<void()>& action);
+    void showButtons();
+    void showWork();
+    void endWork(const std::optional<std::string>& failure);
+
     Editor& editor_;
     Form* form_;
+    QLabel* work_;
+    /// Where the keyboard was when the work began.
+    QPointer<QWidget> workedFrom_;
 };
 
 /// The sheet of an editor that it owns.

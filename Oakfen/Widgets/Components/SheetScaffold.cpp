@@ -1,5 +1,6 @@
 #include "Oakfen/Widgets/Components/SheetScaffold.h"
 
+#include <QAbstractSpinBox>
 #include <QFormLayout>
 #include <QKeyEvent>
 #include <QPointer>
@@ -81,6 +82,15 @@ void SheetScaffold::addDestructiveButton(const ConfirmationRequest& confirmation
             [this, confirmation] { confirmDestructiveAction(confirmation); });
 }
 
+QPushButton* SheetScaffold::addSecondButton(const QString& title) {
+    second_ = new QPushButton(title);
+    second_->setAutoDefault(false);
+    buttons_->insertWidget(buttons_->indexOf(primary_), second_);
+    setTabOrder(cancel_, second_);
+    setTabOrder(second_, primary_);
+    return second_;
+}
+
 QFormLayout* SheetScaffold::addForm() {
     auto* form = new QFormLayout;
     form->setHorizontalSpacing(2 * Theme::grid);
@@ -127,7 +137,7 @@ void SheetScaffold::showEvent(QShowEvent* event) {
 
 void SheetScaffold::putButtonsLast() {
     problem_->raise();
-    for (QPushButton* button : {destructive_, cancel_, primary_}) {
+    for (QPushButton* button : {destructive_, cancel_, second_, primary_}) {
         if (button != nullptr) {
             button->raise();
         }
@@ -139,6 +149,9 @@ bool SheetScaffold::finishFields() {
         if (auto* picker = dynamic_cast<PickerBox*>(box)) {
             picker->takeTypedText();
         }
+    }
+    for (QAbstractSpinBox* stepper : findChildren<QAbstractSpinBox*>()) {
+        stepper->interpretText();
     }
     EntryField* field = unreadableField();
     if (field == nullptr) {
@@ -153,9 +166,13 @@ bool SheetScaffold::finishFields() {
 void SheetScaffold::savePressed() {
     // What was still being typed may have changed whether the draft can be saved.
     if (finishFields() && primary_->isEnabled()) {
-        save();
-        accept();
+        finish();
     }
+}
+
+void SheetScaffold::finish() {
+    save();
+    accept();
 }
 
 void SheetScaffold::confirmDestructiveAction(const ConfirmationRequest& confirmation) {

@@ -26,12 +26,16 @@ public:
 
     [[nodiscard]] QPushButton* primaryButton() const { return primary_; }
     [[nodiscard]] QPushButton* cancelButton() const { return cancel_; }
+    /// Null for a sheet that can only be saved.
+    [[nodiscard]] QPushButton* secondButton() const { return second_; }
     /// Null for a sheet without a destructive action.
     [[nodiscard]] QPushButton* destructiveButton() const { return destructive_; }
 
 protected:
     /// What the primary button does before the sheet closes.
     virtual void save() = 0;
+    /// What the primary button does once the fields can be read: saves and closes.
+    virtual void finish();
     /// What the destructive button does once the person has confirmed.
     virtual void performDestructiveAction() {}
 
@@ -45,6 +49,8 @@ protected:
     void setCanSave(bool canSave);
     /// Adds the destructive button at the left; it asks before it acts.
     void addDestructiveButton(const ConfirmationRequest& confirmation);
+    /// Adds a button beside the primary one.
+    QPushButton* addSecondButton(const QString& title);
     /// Where the sheet's own widgets go.
     [[nodiscard]] QVBoxLayout* content() const { return content_; }
     /// A form in the usual distances, added to the content.
@@ -73,6 +79,7 @@ private:
     QLabel* problem_;
     QPushButton* cancel_;
     QPushButton* primary_;
+    QPushButton* second_ = nullptr;
     QPushButton* destructive_ = nullptr;
     /// The field that tells of the problem, and its description without one.
     QPointer<QWidget> toldBy_;
