@@ -13,7 +13,12 @@ StepField::StepField(const QString& title, const StepRange& range, QWidget* pare
     setPrefix(range.prefix);
     setSuffix(range.suffix);
     setSpecialValueText(range.leastText);
-    connect(this, &QSpinBox::valueChanged, this, [this] { setMaximum(greatest_); });
+    connect(this, &QSpinBox::valueChanged, this, [this](int value) {
+        // Only then: it would write over what is being typed.
+        if (maximum() > greatest_ && value <= greatest_) {
+            setMaximum(greatest_);
+        }
+    });
 }
 
 void StepField::showValue(int value) {
