@@ -24,6 +24,7 @@ SegmentedChoice::SegmentedChoice(const QString& title, const QStringList& choice
     // Whenever a button becomes the checked one: by a click, or by an arrow key.
     connect(buttons_, &QButtonGroup::idToggled, this, [this](int, bool isChecked) {
         if (isChecked) {
+            letTabComeToChosen();
             chosen();
         }
     });
@@ -43,6 +44,13 @@ int SegmentedChoice::choice() const {
 void SegmentedChoice::choose(int choice) {
     const QSignalBlocker blocker(buttons_);
     buttons_->button(choice)->setChecked(true);
+    letTabComeToChosen();
+}
+
+void SegmentedChoice::letTabComeToChosen() {
+    for (QAbstractButton* button : buttons_->buttons()) {
+        button->setFocusPolicy(button->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+    }
 }
 
 } // namespace oakfen

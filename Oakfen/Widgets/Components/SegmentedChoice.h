@@ -23,6 +23,9 @@ public:
     std::function<void()> chosen = [] {};
 
 private:
+    /// The toolkit does so itself, but only once one of the words has had the keyboard.
+    void letTabComeToChosen();
+
     QButtonGroup* buttons_;
 };
 
