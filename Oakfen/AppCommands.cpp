@@ -12,20 +12,6 @@ namespace {
 
 using Lines = std::vector<MenuEntry>;
 
-/// Begins the user event here, in one place for all commands.
-Lines asEvents(History& history, Lines lines) {
-    for (MenuEntry& line : lines) {
-        line.children = asEvents(history, std::move(line.children));
-        if (line.perform) {
-            line.perform = [&history, perform = std::move(line.perform)] {
-                const UserEvent event(history);
-                perform();
-            };
-        }
-    }
-    return lines;
-}
-
 /// Makes the bar menu by menu; what the lines refer to outlives them.
 class MenuBarTable {
 public:
@@ -33,16 +19,15 @@ public:
         : environment_(environment), window_(window) {}
 
     [[nodiscard]] Lines make() const {
-        return asEvents(environment_.undoManager,
-                        {{.title = "File", .children = fileMenu()},
-                         {.title = "Edit", .children = editMenu()},
-                         {.title = "View", .children = viewMenu()},
-                         {.title = "Go", .children = goMenu()},
-                         {.title = "Transactions", .children = transactionsMenu()},
-                         {.title = "Help",
-                          .children = {{.title = "About Oakfen",
-                                        .perform = window_.showAbout,
-                                        .isEnabled = isFree()}}}});
+        return {
+            {.title = "File", .children = fileMenu()},
+            {.title = "Edit", .children = editMenu()},
+            {.title = "View", .children = viewMenu()},
+            {.title = "Go", .children = goMenu()},
+            {.title = "Transactions", .children = transactionsMenu()},
+            {.title = "Help",
+             .children = {
+                 {.title = "About Oakfen", .perform = window_.showAbout, .isEnabled = isFree()}}}};
     }
 
 private:

@@ -18,7 +18,7 @@ struct WindowActions {
 
 /// The whole menu bar as it is now: an entry for each menu, with its lines in their order. A line
 /// holds no logic beyond its enablement: it writes the application's state, starts a flow or runs
-/// one mutation. All that one does is taken back in one step.
+/// one mutation.
 [[nodiscard]] std::vector<MenuEntry> makeMenuBar(AppEnvironment& environment,
                                                  const WindowActions& window);
 

@@ -1,6 +1,5 @@
 #include "Oakfen/Widgets/Application.h"
 
-#include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QMessageBox>
@@ -17,6 +16,7 @@
 #include "Oakfen/Session.h"
 #include "Oakfen/TerminationFlow.h"
 #include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/EventApplication.h"
 #include "Oakfen/Widgets/MainWindow.h"
 #include "Oakfen/Widgets/MessageBox.h"
 #include "Oakfen/Widgets/Theme.h"
@@ -219,7 +219,7 @@ int runNamedFile(const std::optional<std::string>& name) {
 } // namespace
 
 int runApplication(int& argumentCount, char** arguments) {
-    const QApplication application(argumentCount, arguments);
+    const EventApplication application(argumentCount, arguments);
     QCoreApplication::setApplicationName(QStringLiteral("Oakfen"));
     QCoreApplication::setApplicationVersion(QStringLiteral(OAKFEN_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral("oakfen"));

@@ -18,6 +18,7 @@
 #include "Oakfen/Widgets/BusyPill.h"
 #include "Oakfen/Widgets/ContextMenuKey.h"
 #include "Oakfen/Widgets/CrossFade.h"
+#include "Oakfen/Widgets/EventApplication.h"
 #include "Oakfen/Widgets/DetailWidget.h"
 #include "Oakfen/Widgets/GateWidget.h"
 #include "Oakfen/Widgets/MenuBar.h"
@@ -45,6 +46,7 @@ const QString sidebarKey = QStringLiteral("mainWindow/sidebarShown");
 } // namespace
 
 MainWindow::MainWindow(AppEnvironment& environment, std::function<void()> requestQuit)
+    EventApplication::setHistory(&environment.undoManager);
     : environment_(environment), requestQuit_(std::move(requestQuit)) {
     setWindowTitle(QStringLiteral("Oakfen"));
     setAcceptDrops(true);
@@ -68,6 +70,9 @@ MainWindow::MainWindow(AppEnvironment& environment, std::function<void()> reques
     }
 }
 
+    if (EventApplication::history() == &environment_.undoManager) {
+        EventApplication::setHistory(nullptr);
+    }
 MainWindow::~MainWindow() {
     saveState();
 }

@@ -224,22 +224,6 @@ TEST_F(AppCommandsTest, LocksOnlyWhenTheSettingIsOn) {
     EXPECT_FALSE(test.appState->isUnlocked());
 }
 
-TEST_F(AppCommandsTest, TakesBackAllThatOneCommandDidInOneStep) {
-    const Library before = test.library();
-    bool isFollowed = false;
-    const Subscription subscription = test.appState->selectionChanged.observe([&] {
-        addAccount("Everyday");
-        addAccount("Savings");
-        isFollowed = true;
-    });
-    command("Budget").perform();
-    ASSERT_TRUE(isFollowed);
-    command("Undo New Account").perform();
-    EXPECT_EQ(test.library(), before);
-    command("Redo New Account").perform();
-    EXPECT_EQ(test.library().accounts.size(), 2U);
-}
-
 TEST_F(AppCommandsTest, DisablesWhatThisVersionCannotDo) {
     const UUID id = addAccount("Everyday").id;
     test.appState->setSelection(SidebarItem::account(id));

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QTemporaryDir>
 
+#include "Oakfen/Widgets/EventApplication.h"
 #include "Oakfen/Widgets/Theme.h"
 #include "OakfenCore/Support/Locale.h"
 
@@ -38,7 +38,7 @@ int main(int argumentCount, char** arguments) {
     oakfen::setUserLocale("en_CA");
     ::testing::InitGoogleTest(&argumentCount, arguments);
     ::testing::UnitTest::GetInstance()->listeners().Append(new FreshWindowState(home.path()));
-    QApplication application(argumentCount, arguments);
+    oakfen::EventApplication application(argumentCount, arguments);
     oakfen::Theme::apply(application);
     return RUN_ALL_TESTS();
 }
