@@ -1,9 +1,7 @@
 #include "Oakfen/AppCommands.h"
 
-#include <utility>
-
+#include "Oakfen/Cover.h"
 #include "Oakfen/FileActions.h"
-#include "Oakfen/Views/ContentView.h"
 #include "Oakfen/Views/Reminders.h"
 
 namespace oakfen {
@@ -44,7 +42,7 @@ private:
     }
     /// Taking back what nobody can see would surprise.
     [[nodiscard]] bool isHistoryVisible() const {
-        return isFree() && !ContentView(environment_).isObscured();
+        return isFree() && !isObscured(environment_);
     }
 
     /// Opens the sheet that `make` describes at that moment.
@@ -86,7 +84,7 @@ private:
                 {.title = "Quit Oakfen",
                  .shortcut = "Ctrl+Q",
                  .perform = window_.quit,
-                 .isEnabled = ContentView(environment_).canClose(),
+                 .isEnabled = canClose(environment_),
                  .startsGroup = true}};
     }
 

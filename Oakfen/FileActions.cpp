@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "Oakfen/Views/ContentView.h"
+#include "Oakfen/Cover.h"
 #include "OakfenCore/Importers/StatementImporter.h"
 #include "OakfenCore/Support/FileCalls.h"
 #include "OakfenCore/Support/Quotation.h"
@@ -32,7 +32,7 @@ ImportFormat formatOf(const std::string& path) {
 /// Whether a sheet can open without putting another one away, taking the keys that are meant for a
 /// question, or showing the ledger to somebody who finds the window locked.
 bool isMainScreenFree(AppEnvironment& environment) {
-    return !ContentView(environment).isObscured() && !environment.appState.sheet() &&
+    return !isObscured(environment) && !environment.appState.sheet() &&
            !environment.panels.isAsking();
 }
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "Oakfen/AppEnvironment.h"
-#include "Oakfen/Views/ContentView.h"
+#include "Oakfen/Cover.h"
 #include "OakfenCore/Support/Quotation.h"
 
 namespace oakfen {
@@ -32,7 +32,7 @@ void OtherVersionFlow::askWhenFree() {
     environment_.appState.whenFree(
         [this] {
             return !environment_.appState.sheet() && !environment_.panels.isAsking() &&
-                   ContentView(environment_).cover() != ContentView::Cover::lock;
+                   cover(environment_) != Cover::lock;
         },
         [this] {
             if (environment_.store.isChangedElsewhere()) {

@@ -2,26 +2,6 @@
 
 namespace oakfen {
 
-bool ContentView::isScreenLocked() const {
-    return environment_.defaults.get(settings::requireAuthentication) &&
-           !environment_.appState.isUnlocked();
-}
-
-ContentView::Cover ContentView::cover() const {
-    if (!environment_.store.accessState().isOpen()) {
-        return Cover::gate;
-    }
-    return isScreenLocked() ? Cover::lock : Cover::none;
-}
-
-bool ContentView::isObscured() const {
-    return cover() != Cover::none;
-}
-
-bool ContentView::canClose() const {
-    return !environment_.appState.sheet() || cover() == Cover::gate;
-}
-
 std::optional<ContentView::Alert> ContentView::dueAlert() const {
     if (const auto& message = environment_.appState.alertMessage()) {
         return Alert{AlertSource::application, "Oakfen", *message};

@@ -54,8 +54,8 @@ void GateWidget::forgetBackdrop() {
 }
 
 void GateWidget::refresh() {
-    const ContentView::Cover cover = ContentView(environment_).cover();
-    setVisible(cover != ContentView::Cover::none);
+    const Cover cover = oakfen::cover(environment_);
+    setVisible(cover != Cover::none);
     const GatePanel panel = gatePanel(environment_.store);
     const std::string reason = environment_.store.accessState().reason;
     Shown wanted{cover, panel, reason};
@@ -100,9 +100,8 @@ void GateWidget::changeEvent(QEvent* event) {
     }
 }
 
-QWidget* GateWidget::makePanel(ContentView::Cover cover, GatePanel panel,
-                               const std::string& reason) {
-    if (cover == ContentView::Cover::lock) {
+QWidget* GateWidget::makePanel(Cover cover, GatePanel panel, const std::string& reason) {
+    if (cover == Cover::lock) {
         return new LockWidget(environment_.appState, environment_.authenticator, this);
     }
     switch (panel) {

@@ -6,7 +6,7 @@
 #include <tuple>
 
 #include "Oakfen/AppEnvironment.h"
-#include "Oakfen/Views/ContentView.h"
+#include "Oakfen/Cover.h"
 #include "Oakfen/Views/PasswordViews.h"
 
 namespace oakfen {
@@ -31,12 +31,11 @@ protected:
 
 private:
     /// What decides which panel is shown.
-    using Shown = std::tuple<ContentView::Cover, GatePanel, std::string>;
+    using Shown = std::tuple<Cover, GatePanel, std::string>;
 
     /// To be taken again with the next painting.
     void forgetBackdrop();
-    [[nodiscard]] QWidget* makePanel(ContentView::Cover cover, GatePanel panel,
-                                     const std::string& reason);
+    [[nodiscard]] QWidget* makePanel(Cover cover, GatePanel panel, const std::string& reason);
     [[nodiscard]] QWidget* makeUnlockPanel();
     [[nodiscard]] QWidget* makeProtectPanel();
     [[nodiscard]] QWidget* makeLegacyPanel(const std::string& reason);

@@ -12,14 +12,13 @@
 #include <utility>
 
 #include "Oakfen/FileActions.h"
-#include "Oakfen/Views/ContentView.h"
 #include "Oakfen/Widgets/AlertPresenter.h"
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/BusyPill.h"
 #include "Oakfen/Widgets/ContextMenuKey.h"
 #include "Oakfen/Widgets/CrossFade.h"
-#include "Oakfen/Widgets/EventApplication.h"
 #include "Oakfen/Widgets/DetailWidget.h"
+#include "Oakfen/Widgets/EventApplication.h"
 #include "Oakfen/Widgets/GateWidget.h"
 #include "Oakfen/Widgets/MenuBar.h"
 #include "Oakfen/Widgets/MessageBox.h"
@@ -46,8 +45,8 @@ const QString sidebarKey = QStringLiteral("mainWindow/sidebarShown");
 } // namespace
 
 MainWindow::MainWindow(AppEnvironment& environment, std::function<void()> requestQuit)
-    EventApplication::setHistory(&environment.undoManager);
     : environment_(environment), requestQuit_(std::move(requestQuit)) {
+    EventApplication::setHistory(&environment.undoManager);
     setWindowTitle(QStringLiteral("Oakfen"));
     setAcceptDrops(true);
     buildContent();
@@ -70,10 +69,10 @@ MainWindow::MainWindow(AppEnvironment& environment, std::function<void()> reques
     }
 }
 
+MainWindow::~MainWindow() {
     if (EventApplication::history() == &environment_.undoManager) {
         EventApplication::setHistory(nullptr);
     }
-MainWindow::~MainWindow() {
     saveState();
 }
 
@@ -142,9 +141,9 @@ void MainWindow::setSidebarShown(bool shown) {
 }
 
 void MainWindow::refreshCover() {
-    const bool isObscured = ContentView(environment_).isObscured();
+    const Cover cover = oakfen::cover(environment_);
+    const bool isObscured = cover != Cover::none;
     const bool isRevealed = !isObscured && !splitter_->isEnabled();
-    const ContentView::Cover cover = ContentView(environment_).cover();
     if (isVisible() && cover != cover_) {
         new CrossFade(*centralWidget());
     }

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "Oakfen/AppEnvironment.h"
-#include "Oakfen/Views/ContentView.h"
+#include "Oakfen/Cover.h"
 
 class QSplitter;
 
@@ -52,7 +52,7 @@ private:
     QSplitter* splitter_ = nullptr;
     SidebarWidget* sidebar_ = nullptr;
     GateWidget* gate_ = nullptr;
-    ContentView::Cover cover_ = ContentView::Cover::none;
+    Cover cover_ = Cover::none;
     BusyPill* pill_ = nullptr;
     NoticeWidget* notice_ = nullptr;
     MenuBar* menu_ = nullptr;

@@ -10,59 +10,6 @@ namespace {
 
 using testing::makeAccount;
 using testing::TestEnvironment;
-using Cover = ContentView::Cover;
-
-TEST(ContentView, ShowsTheGateUntilTheFileIsOpen) {
-    TestEnvironment test{TestEnvironment::Unopened{}};
-    const ContentView view(*test);
-    EXPECT_EQ(view.cover(), Cover::gate);
-    EXPECT_TRUE(view.isObscured());
-    test.store->useNoPassword();
-    EXPECT_EQ(view.cover(), Cover::none);
-    EXPECT_FALSE(view.isObscured());
-}
-
-TEST(ContentView, LetsTheGateWinOverTheLock) {
-    TestEnvironment test{TestEnvironment::Unopened{}};
-    test.defaults.set(settings::requireAuthentication, true);
-    test.appState->setUnlocked(false);
-    const ContentView view(*test);
-    EXPECT_EQ(view.cover(), Cover::gate);
-    test.store->useNoPassword();
-    EXPECT_EQ(view.cover(), Cover::lock);
-    EXPECT_TRUE(view.isObscured());
-}
-
-TEST(ContentView, AsksForTheLockOnlyWhileTheSettingIsOn) {
-    TestEnvironment test;
-    test.appState->setUnlocked(false);
-    const ContentView view(*test);
-    EXPECT_EQ(view.cover(), Cover::none);
-    test.defaults.set(settings::requireAuthentication, true);
-    EXPECT_EQ(view.cover(), Cover::lock);
-    test.appState->setUnlocked(true);
-    EXPECT_EQ(view.cover(), Cover::none);
-}
-
-TEST(ContentView, DoesNotLockAtOnceWhenTheSettingIsTurnedOn) {
-    TestEnvironment test;
-    test.defaults.set(settings::requireAuthentication, true);
-    EXPECT_EQ(ContentView(*test).cover(), Cover::none);
-    EXPECT_FALSE(ContentView(*test).isObscured());
-}
-
-TEST(ContentView, DoesNotCloseOnADraftButAtTheGate) {
-    TestEnvironment test{TestEnvironment::Unopened{}};
-    test.appState->setSheet(ActiveSheet{ActiveSheet::NewAccount{}});
-    EXPECT_TRUE(ContentView(*test).canClose());
-    test.store->useNoPassword();
-    EXPECT_FALSE(ContentView(*test).canClose());
-    test.defaults.set(settings::requireAuthentication, true);
-    test.appState->setUnlocked(false);
-    EXPECT_FALSE(ContentView(*test).canClose());
-    test.appState->setSheet(std::nullopt);
-    EXPECT_TRUE(ContentView(*test).canClose());
-}
 
 TEST(ContentView, ShowsNoAlertWhenThereIsNothingToSay) {
     TestEnvironment test;
