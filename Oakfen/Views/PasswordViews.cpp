@@ -1,51 +1,22 @@
 #include "Oakfen/Views/PasswordViews.h"
 
-#include <unicode/uchar.h>
-#include <unicode/utf8.h>
-
-#include <bitset>
+#include <set>
 #include <utility>
 
+#include "OakfenCore/Support/CharacterKind.h"
 #include "OakfenCore/Support/Text.h"
 
 namespace oakfen {
 
 namespace {
 
-enum class CharacterKind : std::size_t { lowerCase, upperCase, number, other, count };
-
-/// None for a letter without case.
-std::optional<CharacterKind> kindOf(std::string_view character) {
-    UChar32 codePoint = 0;
-    std::int32_t position = 0;
-    U8_NEXT(reinterpret_cast<const std::uint8_t*>(character.data()), position,
-            static_cast<std::int32_t>(character.size()), codePoint);
-    if (codePoint < 0) {
-        return CharacterKind::other;
-    }
-    if (u_hasBinaryProperty(codePoint, UCHAR_LOWERCASE) != 0) {
-        return CharacterKind::lowerCase;
-    }
-    if (u_hasBinaryProperty(codePoint, UCHAR_UPPERCASE) != 0) {
-        return CharacterKind::upperCase;
-    }
-    if ((U_GET_GC_MASK(codePoint) & U_GC_N_MASK) != 0) {
-        return CharacterKind::number;
-    }
-    if (u_hasBinaryProperty(codePoint, UCHAR_ALPHABETIC) != 0) {
-        return std::nullopt;
-    }
-    return CharacterKind::other;
-}
-
+/// Of lower-case and upper-case letters, numbers and whatever is neither letter nor number.
 std::size_t kindsOfCharacter(std::string_view password) {
-    std::bitset<static_cast<std::size_t>(CharacterKind::count)> kinds;
-    forEachCharacter(password, [&kinds](std::string_view character) {
-        if (const auto kind = kindOf(character)) {
-            kinds.set(static_cast<std::size_t>(*kind));
-        }
-    });
-    return kinds.count();
+    std::set<CharacterKind> kinds;
+    forEachCharacter(
+        password, [&kinds](std::string_view character) { kinds.insert(characterKind(character)); });
+    kinds.erase(CharacterKind::letterWithoutCase);
+    return kinds.size();
 }
 
 } // namespace
