@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "Oakfen/Views/Calculation.h"
+#include "OakfenCore/Support/ASCII.h"
 #include "OakfenCore/Support/Formatting.h"
 #include "OakfenCore/Support/Text.h"
 #include "OakfenCore/Support/TypedText.h"
@@ -17,19 +18,8 @@ constexpr std::string_view digits = "0123456789";
 constexpr std::string_view arabicDecimal = "\u066B";
 constexpr std::string_view arabicGrouping = "\u066C";
 
-bool isLetter(char character) {
-    return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
-}
-
 char otherOf(char separator) {
     return separator == '.' ? ',' : '.';
-}
-
-void replaceAll(std::string& text, std::string_view what, std::string_view with) {
-    for (std::size_t at = text.find(what); at != std::string::npos;
-         at = text.find(what, at + with.size())) {
-        text.replace(at, what.size(), with);
-    }
 }
 
 /// Spells signs, blanks and separators in one way each.
@@ -45,7 +35,7 @@ std::string simplified(std::string_view entry, char decimal) {
     }};
     std::string text = plainTyping(entry);
     for (const auto& [what, with] : spellings) {
-        replaceAll(text, what, with);
+        text = replacingAll(text, what, with);
     }
     return std::string(trimmingWhitespaces(text));
 }
@@ -54,8 +44,8 @@ std::string simplified(std::string_view entry, char decimal) {
 bool isBetweenDigits(std::string_view text, std::size_t start, std::size_t end) {
     const std::string_view before = trimmingWhitespaces(text.substr(0, start));
     const std::string_view after = trimmingWhitespaces(text.substr(end));
-    return !before.empty() && isPlainDigit(before.back()) && !after.empty() &&
-           isPlainDigit(after.front());
+    return !before.empty() && isASCIIDigit(before.back()) && !after.empty() &&
+           isASCIIDigit(after.front());
 }
 
 /// Without currencies' signs and the letters that belong to them: "CA$", "$US", "$ US".
@@ -63,14 +53,14 @@ std::string withoutSigns(std::string text) {
     constexpr std::size_t mostLetters = 3;
     for (std::size_t at = text.find('$'); at != std::string::npos; at = text.find('$', at)) {
         std::size_t start = at;
-        while (start > 0 && at - start < mostLetters && isLetter(text[start - 1])) {
+        while (start > 0 && at - start < mostLetters && isASCIILetter(text[start - 1])) {
             --start;
         }
         std::size_t end = at + 1;
         const std::size_t letters = end < text.size() && text[end] == ' ' ? end + 1 : end;
-        if (letters < text.size() && isLetter(text[letters])) {
+        if (letters < text.size() && isASCIILetter(text[letters])) {
             end = letters;
-            while (end < text.size() && end - letters < mostLetters && isLetter(text[end])) {
+            while (end < text.size() && end - letters < mostLetters && isASCIILetter(text[end])) {
                 ++end;
             }
         }
@@ -85,7 +75,7 @@ std::string withoutSigns(std::string text) {
 }
 
 bool isCurrencyCode(std::string_view text) {
-    return std::ranges::all_of(text, isLetter) &&
+    return std::ranges::all_of(text, isASCIILetter) &&
            std::ranges::binary_search(currencyCodes(), uppercased(text));
 }
 
@@ -125,7 +115,7 @@ std::string withoutDashForCents(std::string text) {
     const std::size_t size = text.size();
     const bool hasDash = size > 2 && text[size - 1] == '-' &&
                          (text[size - 2] == '.' || text[size - 2] == ',') &&
-                         isPlainDigit(text[size - 3]);
+                         isASCIIDigit(text[size - 3]);
     if (hasDash) {
         text.resize(size - 2);
     }

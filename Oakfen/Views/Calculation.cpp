@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "OakfenCore/Support/ASCII.h"
 #include "OakfenCore/Support/Text.h"
 #include "OakfenCore/Support/TypedText.h"
 
@@ -19,7 +20,7 @@ std::optional<std::string> ungrouped(std::string_view whole, char grouping) {
     std::size_t groupLength = 0;
     bool isGrouped = false;
     for (const char character : whole) {
-        if (isPlainDigit(character)) {
+        if (isASCIIDigit(character)) {
             plain += character;
             ++groupLength;
             continue;
@@ -43,7 +44,7 @@ std::optional<std::string> plainNumber(std::string_view number, char decimal, ch
     const std::string_view fraction =
         point == std::string_view::npos ? std::string_view() : number.substr(point + 1);
     auto plain = ungrouped(number.substr(0, point), grouping);
-    if (!plain || !std::ranges::all_of(fraction, isPlainDigit)) {
+    if (!plain || !std::ranges::all_of(fraction, isASCIIDigit)) {
         return std::nullopt;
     }
     if (!fraction.empty()) {
@@ -88,7 +89,7 @@ private:
         const bool isNegative = isSigned && take() == '-';
         skipBlanks();
         const std::size_t start = position_;
-        while (isPlainDigit(peek()) || peek() == '.' || peek() == ',' || peek() == ' ') {
+        while (isASCIIDigit(peek()) || peek() == '.' || peek() == ',' || peek() == ' ') {
             take();
         }
         const auto value = number(trimmingWhitespaces(text_.substr(start, position_ - start)));

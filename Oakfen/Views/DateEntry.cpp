@@ -4,6 +4,7 @@
 #include <charconv>
 #include <vector>
 
+#include "OakfenCore/Support/ASCII.h"
 #include "OakfenCore/Support/Formatting.h"
 #include "OakfenCore/Support/Text.h"
 #include "OakfenCore/Support/TypedText.h"
@@ -22,7 +23,7 @@ std::vector<Digits> digitRuns(std::string_view text) {
     for (std::size_t start = 0; start < text.size();) {
         const std::size_t end = static_cast<std::size_t>(
             std::find_if_not(text.begin() + static_cast<std::ptrdiff_t>(start), text.end(),
-                             isPlainDigit) -
+                             isASCIIDigit) -
             text.begin());
         if (end > start) {
             runs.push_back(text.substr(start, end - start));
@@ -35,10 +36,7 @@ std::vector<Digits> digitRuns(std::string_view text) {
 /// Letters of ours, or two of any script in a row: a month's name. One alone stands beside a number
 /// in some locales ("г.").
 bool holdsName(std::string_view text) {
-    const bool holdsLetter = std::ranges::any_of(text, [](char character) {
-        return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
-    });
-    return holdsLetter || holdsWord(text);
+    return std::ranges::any_of(text, isASCIILetter) || holdsWord(text);
 }
 
 /// Nothing for more digits than a year has.

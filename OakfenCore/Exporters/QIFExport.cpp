@@ -3,6 +3,7 @@
 
 #include "OakfenCore/Exporters/ExportOrder.h"
 #include "OakfenCore/Exporters/Exporter.h"
+#include "OakfenCore/Support/Text.h"
 
 namespace oakfen::Exporter {
 
@@ -38,12 +39,7 @@ std::string cleaned(std::string text) {
 
 /// The category's path with the format's own separator.
 std::string categoryText(const std::optional<UUID>& id, const LibraryIndex& index) {
-    std::string path = cleaned(index.categoryName(id));
-    for (std::size_t place = path.find(": "); place != std::string::npos;
-         place = path.find(": ", place + 1)) {
-        path.erase(place + 1, 1);
-    }
-    return path;
+    return replacingAll(cleaned(index.categoryName(id)), ": ", ":");
 }
 
 /// Writes the entries of one file.

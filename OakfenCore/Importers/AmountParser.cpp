@@ -4,6 +4,7 @@
 #include <string>
 
 #include "OakfenCore/Importers/Characters.h"
+#include "OakfenCore/Support/ASCII.h"
 #include "OakfenCore/Support/Text.h"
 
 namespace oakfen::AmountParser {
@@ -16,8 +17,7 @@ std::string filtered(std::string_view text) {
     std::string kept;
     for (std::size_t index = 0; index < text.size(); ++index) {
         const char letter = text[index];
-        const bool wanted =
-            (letter >= '0' && letter <= '9') || letter == '.' || letter == ',' || letter == '-';
+        const bool wanted = isASCIIDigit(letter) || letter == '.' || letter == ',' || letter == '-';
         if (wanted && isWholeCharacter(text, index)) {
             kept.push_back(letter);
         }
@@ -38,7 +38,7 @@ void settleCommas(std::string& digits) {
 
 bool endsIgnoringCase(std::string_view text, std::string_view ending) {
     return text.size() >= ending.size() &&
-           equalsIgnoringCase(text.substr(text.size() - ending.size()), ending);
+           equalsIgnoringASCIICase(text.substr(text.size() - ending.size()), ending);
 }
 
 } // namespace

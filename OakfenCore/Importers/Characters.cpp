@@ -44,38 +44,4 @@ bool isWholeCharacter(std::string_view text, std::size_t position) {
     return position == 0 || isASCII(text[position - 1]) || !joinsForwards(text, position);
 }
 
-std::size_t findIgnoringCase(std::string_view text, std::string_view sought,
-                             std::size_t from) noexcept {
-    if (sought.empty()) {
-        return from <= text.size() ? from : std::string_view::npos;
-    }
-    const char first = lowercasedASCII(sought.front());
-    for (std::size_t index = from; index + sought.size() <= text.size(); ++index) {
-        if (lowercasedASCII(text[index]) == first &&
-            equalsIgnoringCase(text.substr(index, sought.size()), sought)) {
-            return index;
-        }
-    }
-    return std::string_view::npos;
-}
-
-bool equalsIgnoringCase(std::string_view a, std::string_view b) noexcept {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return lowercasedASCII(x) == lowercasedASCII(y); });
-}
-
-std::string replacingAll(std::string_view text, std::string_view sought,
-                         std::string_view replacement) {
-    std::string result;
-    std::size_t start = 0;
-    for (std::size_t found = text.find(sought); found != std::string_view::npos;
-         found = text.find(sought, start)) {
-        result.append(text, start, found - start);
-        result.append(replacement);
-        start = found + sought.size();
-    }
-    result.append(text, start);
-    return result;
-}
-
 } // namespace oakfen

@@ -6,6 +6,7 @@
 #include <cstddef>
 
 #include "OakfenCore/Importers/Characters.h"
+#include "OakfenCore/Support/ASCII.h"
 
 namespace oakfen {
 
@@ -35,10 +36,6 @@ public:
     }
 
 private:
-    static bool isLetter(char letter) {
-        return (letter >= 'A' && letter <= 'Z') || (letter >= 'a' && letter <= 'z');
-    }
-
     /// One field, one quoted text with its quotes, or one other character.
     static std::size_t elementLength(std::string_view pattern) {
         const char first = pattern.front();
@@ -46,7 +43,7 @@ private:
             const std::size_t closing = pattern.find('\'', 1);
             return closing == std::string_view::npos ? pattern.size() : closing + 1;
         }
-        if (!isLetter(first)) {
+        if (!isASCIILetter(first)) {
             return 1;
         }
         return std::min(pattern.find_first_not_of(first), pattern.size());
@@ -56,8 +53,8 @@ private:
         if (element.front() == '\'') {
             return readLiteral(element.substr(1, element.size() - 2));
         }
-        return isLetter(element.front()) ? readField(element.front(), element.size())
-                                         : readLiteral(element);
+        return isASCIILetter(element.front()) ? readField(element.front(), element.size())
+                                              : readLiteral(element);
     }
 
     bool readLiteral(std::string_view literal) {
@@ -102,7 +99,7 @@ private:
     std::optional<int> number(std::size_t fewest, std::size_t most) {
         std::size_t count = 0;
         int value = 0;
-        while (count < most && count < rest_.size() && rest_[count] >= '0' && rest_[count] <= '9') {
+        while (count < most && count < rest_.size() && isASCIIDigit(rest_[count])) {
             value = value * 10 + (rest_[count] - '0');
             ++count;
         }
@@ -118,7 +115,7 @@ private:
         for (std::size_t index = 0; index < monthNames.size(); ++index) {
             const std::string_view name = monthNames[index];
             for (const std::string_view form : {name, name.substr(0, abbreviated)}) {
-                if (equalsIgnoringCase(rest_.substr(0, form.size()), form)) {
+                if (equalsIgnoringASCIICase(rest_.substr(0, form.size()), form)) {
                     rest_.remove_prefix(form.size());
                     return static_cast<int>(index) + 1;
                 }

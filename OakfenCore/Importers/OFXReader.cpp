@@ -8,6 +8,7 @@
 #include "OakfenCore/Importers/AmountParser.h"
 #include "OakfenCore/Importers/Characters.h"
 #include "OakfenCore/Importers/DateParser.h"
+#include "OakfenCore/Support/ASCII.h"
 #include "OakfenCore/Support/Text.h"
 
 namespace oakfen {
@@ -23,7 +24,7 @@ public:
     /// The tag's next place at or after `start`, which never goes back; `npos` when there is none.
     std::size_t next(std::size_t start) {
         if (!hasSearched_ || found_ < start) {
-            found_ = findIgnoringCase(text_, tag_, start);
+            found_ = findIgnoringASCIICase(text_, tag_, start);
             hasSearched_ = true;
         }
         return found_;
@@ -100,7 +101,7 @@ std::vector<ImportedTransaction> readOFX(std::string_view text, const Calendar& 
 
 std::optional<std::string_view> ofxValue(std::string_view tag, std::string_view block) {
     const std::string opening = "<" + std::string(tag) + ">";
-    const std::size_t found = findIgnoringCase(block, opening);
+    const std::size_t found = findIgnoringASCIICase(block, opening);
     if (found == std::string_view::npos) {
         return std::nullopt;
     }

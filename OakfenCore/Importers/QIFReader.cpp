@@ -3,6 +3,7 @@
 #include "OakfenCore/Importers/AmountParser.h"
 #include "OakfenCore/Importers/Characters.h"
 #include "OakfenCore/Importers/DateParser.h"
+#include "OakfenCore/Support/ASCII.h"
 #include "OakfenCore/Support/Text.h"
 
 namespace oakfen {
@@ -42,7 +43,7 @@ public:
             return;
         }
         if (line.front() == '!') {
-            isInvestment_ = findIgnoringCase(line, "invst") != std::string_view::npos;
+            isInvestment_ = findIgnoringASCIICase(line, "invst") != std::string_view::npos;
             pending_ = {};
         } else if (!isInvestment_) {
             readField(line.front(), trimmingWhitespaces(line.substr(1)));

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "OakfenCore/Support/ASCII.h"
 #include "OakfenCore/Support/CivilDay.h"
 #include "OakfenCore/Support/LocalizedError.h"
 
@@ -39,10 +40,6 @@ void appendYear(std::string& text, std::int64_t year) {
     appendTwoDigits(text, year % 100);
 }
 
-bool isDigit(char character) {
-    return character >= '0' && character <= '9';
-}
-
 /// Takes a text apart from the front; each function says whether its piece was there.
 class Scanner {
 public:
@@ -58,7 +55,7 @@ public:
 
     /// Two digits that make at most `highest`.
     std::optional<std::int64_t> twoDigits(std::int64_t highest) {
-        if (rest_.size() < 2 || !isDigit(rest_[0]) || !isDigit(rest_[1])) {
+        if (rest_.size() < 2 || !isASCIIDigit(rest_[0]) || !isASCIIDigit(rest_[1])) {
             return std::nullopt;
         }
         const std::int64_t number = (rest_[0] - '0') * 10 + (rest_[1] - '0');
@@ -70,7 +67,7 @@ public:
         const bool isNegative = take('-');
         std::int64_t number = 0;
         std::size_t length = 0;
-        for (; length < rest_.size() && isDigit(rest_[length]); ++length) {
+        for (; length < rest_.size() && isASCIIDigit(rest_[length]); ++length) {
             number = number * 10 + (rest_[length] - '0');
             if (number > farthestYear) {
                 return std::nullopt;

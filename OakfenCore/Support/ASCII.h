@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -26,6 +27,14 @@ namespace oakfen {
     return std::all_of(text.begin(), text.end(), [](char byte) { return isASCII(byte); });
 }
 
+[[nodiscard]] constexpr bool isASCIIDigit(char character) noexcept {
+    return character >= '0' && character <= '9';
+}
+
+[[nodiscard]] constexpr bool isASCIILetter(char character) noexcept {
+    return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
+}
+
 [[nodiscard]] constexpr char lowercasedASCII(char letter) noexcept {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + ('a' - 'A')) : letter;
 }
@@ -36,6 +45,27 @@ namespace oakfen {
         letter = lowercasedASCII(letter);
     }
     return result;
+}
+
+/// Equality of ASCII texts without regard to case, independent of the locale.
+[[nodiscard]] inline bool equalsIgnoringASCIICase(std::string_view a, std::string_view b) noexcept {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char x, char y) { return lowercasedASCII(x) == lowercasedASCII(y); });
+}
+
+/// The first place at or after `from` where the ASCII text stands, without regard to case; `npos`
+/// when there is none. Independent of the locale.
+[[nodiscard]] inline std::size_t findIgnoringASCIICase(std::string_view text,
+                                                       std::string_view sought,
+                                                       std::size_t from = 0) noexcept {
+    if (from > text.size()) {
+        return std::string_view::npos;
+    }
+    const auto found = std::search(
+        text.begin() + static_cast<std::ptrdiff_t>(from), text.end(), sought.begin(), sought.end(),
+        [](char x, char y) { return lowercasedASCII(x) == lowercasedASCII(y); });
+    const bool isFound = found != text.end() || sought.empty();
+    return isFound ? static_cast<std::size_t>(found - text.begin()) : std::string_view::npos;
 }
 
 } // namespace oakfen

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 
+#include "OakfenCore/Support/ASCII.h"
 #include "OakfenCore/Support/Decimal.h"
 #include "OakfenCore/Support/DecimalDigits.h"
 
@@ -11,10 +12,6 @@ namespace {
 
 /// Exponents in texts stop counting here; no text is long enough to bring such a one into range.
 constexpr std::int64_t exponentLimit = 1'000'000'000'000'000'000;
-
-bool isDigit(char character) {
-    return character >= '0' && character <= '9';
-}
 
 /// Takes the digits of a number one after the other and keeps as many as count.
 class DigitCollector {
@@ -57,7 +54,7 @@ std::optional<std::int64_t> parseExponent(std::string_view text) noexcept {
     if (isNegative || text.starts_with('+')) {
         text.remove_prefix(1);
     }
-    if (text.empty() || !std::all_of(text.begin(), text.end(), isDigit)) {
+    if (text.empty() || !std::all_of(text.begin(), text.end(), isASCIIDigit)) {
         return std::nullopt;
     }
     std::int64_t exponent = 0;
@@ -98,7 +95,7 @@ std::optional<Decimal> Decimal::parse(std::string_view text) noexcept {
     for (const char character : text) {
         if (character == '.' && !hasPoint) {
             hasPoint = true;
-        } else if (isDigit(character)) {
+        } else if (isASCIIDigit(character)) {
             hasDigit = true;
             collector.take(character, hasPoint);
         } else {
@@ -130,7 +127,7 @@ std::optional<Decimal> Decimal::parseJSONNumber(std::string_view text) noexcept 
     }
     DigitCollector collector;
     for (std::size_t index = 0; index < text.size(); ++index) {
-        if (isDigit(text[index])) {
+        if (isASCIIDigit(text[index])) {
             collector.take(text[index], index > point);
         } else if (index != point) {
             return std::nullopt;

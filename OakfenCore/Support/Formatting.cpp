@@ -10,6 +10,7 @@
 #include <unicode/uenum.h>
 #include <utility>
 
+#include "OakfenCore/Support/ASCII.h"
 #include "OakfenCore/Support/ICUText.h"
 
 namespace oakfen {
@@ -35,9 +36,7 @@ struct FormatterKey {
 };
 
 bool isCurrencyCode(std::string_view code) {
-    return code.size() == 3 && std::all_of(code.begin(), code.end(), [](char letter) {
-               return (letter >= 'A' && letter <= 'Z') || (letter >= 'a' && letter <= 'z');
-           });
+    return code.size() == 3 && std::all_of(code.begin(), code.end(), isASCIILetter);
 }
 
 icu::UnicodeString currencyISOCode(std::string_view code) {

@@ -89,12 +89,6 @@ bool startsWithMark(std::string_view text) {
     return (U_GET_GC_MASK(character) & U_GC_M_MASK) != 0;
 }
 
-bool containsASCII(std::string_view text, std::string_view term) {
-    return std::search(text.begin(), text.end(), term.begin(), term.end(), [](char a, char b) {
-               return lowercasedASCII(a) == lowercasedASCII(b);
-           }) != text.end();
-}
-
 } // namespace
 
 std::string_view trimmingWhitespaces(std::string_view text) noexcept {
@@ -145,7 +139,7 @@ bool equalsCaseInsensitively(std::string_view a, std::string_view b) {
         return true;
     }
     if (isASCII(a) && isASCII(b)) {
-        return a.size() == b.size() && containsASCII(a, b);
+        return equalsIgnoringASCIICase(a, b);
     }
     return caseFolded(a) == caseFolded(b);
 }
@@ -161,7 +155,7 @@ bool CaseInsensitiveTerm::isIn(std::string_view text) const {
         return true;
     }
     if (isASCII(text)) {
-        return containsASCII(text, folded_);
+        return findIgnoringASCIICase(text, folded_) != std::string_view::npos;
     }
     const std::string foldedText = caseFolded(text);
     const std::string_view whole = foldedText;
@@ -205,6 +199,20 @@ std::string latin1ToUTF8(std::string_view bytes) {
         }
     }
     return text;
+}
+
+std::string replacingAll(std::string_view text, std::string_view sought,
+                         std::string_view replacement) {
+    std::string result;
+    std::size_t start = 0;
+    for (std::size_t found = text.find(sought); found != std::string_view::npos;
+         found = text.find(sought, start)) {
+        result.append(text, start, found - start);
+        result.append(replacement);
+        start = found + sought.size();
+    }
+    result.append(text, start);
+    return result;
 }
 
 std::vector<std::string_view> split(std::string_view text, char separator) {

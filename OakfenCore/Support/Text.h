@@ -63,6 +63,10 @@ void forEachCharacter(std::string_view text, const std::function<void(std::strin
 /// ISO Latin-1 bytes as UTF-8.
 [[nodiscard]] std::string latin1ToUTF8(std::string_view bytes);
 
+/// The text with every occurrence of `sought`, from left to right, replaced.
+[[nodiscard]] std::string replacingAll(std::string_view text, std::string_view sought,
+                                       std::string_view replacement);
+
 /// The text in pieces between the separators; empty pieces are kept.
 [[nodiscard]] std::vector<std::string_view> split(std::string_view text, char separator);
 

@@ -14,9 +14,4 @@ namespace oakfen {
 /// Whether two letters of any script stand side by side.
 [[nodiscard]] bool holdsWord(std::string_view text);
 
-/// Whether the character is one of the digits that `plainTyping` returns.
-[[nodiscard]] constexpr bool isPlainDigit(char character) noexcept {
-    return character >= '0' && character <= '9';
-}
-
 } // namespace oakfen

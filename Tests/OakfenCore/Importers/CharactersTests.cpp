@@ -52,19 +52,4 @@ TEST(WholeCharacter, AgreesWithTheWalkOverUserPerceivedCharacters) {
     }
 }
 
-TEST(FindIgnoringCase, FindsTheNextPlaceInAnyCase) {
-    EXPECT_EQ(findIgnoringCase("a<Name>b<NAME>", "<NAME>"), 1U);
-    EXPECT_EQ(findIgnoringCase("a<Name>b<NAME>", "<name>", 2), 8U);
-    EXPECT_EQ(findIgnoringCase("a<Name>b<NAME>", "<name>", 9), std::string_view::npos);
-    EXPECT_EQ(findIgnoringCase("<NAM", "<NAME>"), std::string_view::npos);
-    EXPECT_EQ(findIgnoringCase("", "x"), std::string_view::npos);
-}
-
-TEST(ReplacingAll, ReplacesFromLeftToRightAndNothingTwice) {
-    EXPECT_EQ(replacingAll("aXbXX", "X", "XY"), "aXYbXYXY");
-    EXPECT_EQ(replacingAll("aaa", "aa", "b"), "ba");
-    EXPECT_EQ(replacingAll("", "a", "b"), "");
-    EXPECT_EQ(replacingAll("abc", "x", "b"), "abc");
-}
-
 } // namespace oakfen

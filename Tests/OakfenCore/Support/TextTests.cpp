@@ -243,5 +243,12 @@ TEST(Text, JoinsPieces) {
     EXPECT_EQ(joined({}, ": "), "");
 }
 
+TEST(ReplacingAll, ReplacesFromLeftToRightAndNothingTwice) {
+    EXPECT_EQ(replacingAll("aXbXX", "X", "XY"), "aXYbXYXY");
+    EXPECT_EQ(replacingAll("aaa", "aa", "b"), "ba");
+    EXPECT_EQ(replacingAll("", "a", "b"), "");
+    EXPECT_EQ(replacingAll("abc", "x", "b"), "abc");
+}
+
 } // namespace
 } // namespace oakfen
