@@ -17,8 +17,7 @@ std::string AmountEntry::valueText() const {
 std::string AmountEntry::take(std::string_view text) {
     AmountReading reading = readAmount(text);
     if (reading.value) {
-        value_ = kind_ == AmountKind::money ? reading.value->rounded(2, RoundingMode::plain)
-                                            : *reading.value;
+        value_ = kind_ == AmountKind::money ? reading.value->toCents() : *reading.value;
     }
     return std::move(reading.explanation);
 }

@@ -17,7 +17,7 @@ std::string padded(int number, std::size_t width) {
 } // namespace
 
 std::string plain(const Decimal& value) {
-    return value.rounded(2, RoundingMode::plain).toString();
+    return value.toCents().toString();
 }
 
 std::string isoDate(Date date, const Calendar& calendar) {

@@ -12,10 +12,6 @@ namespace oakfen {
 
 namespace {
 
-Decimal toCents(const Decimal& amount) {
-    return amount.rounded(2, RoundingMode::plain);
-}
-
 /// The most valuable first; then by name and id, so that rows never jump.
 void sortByValue(std::vector<Holding>& holdings, const SecurityLookup& security) {
     std::sort(holdings.begin(), holdings.end(), [&](const Holding& a, const Holding& b) {
@@ -83,9 +79,9 @@ std::vector<Holding> HoldingsHistory::at(const std::optional<Date>& instant) {
         }
         holdings.push_back({.securityID = id,
                             .shares = position.shares,
-                            .costBasis = toCents(position.basis),
+                            .costBasis = position.basis.toCents(),
                             .price = instant ? priceOn(*held, *instant) : held->price,
-                            .realizedGain = toCents(position.realized)});
+                            .realizedGain = position.realized.toCents()});
     }
     sortByValue(holdings, security_);
     return holdings;

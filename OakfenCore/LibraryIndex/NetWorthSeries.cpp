@@ -33,8 +33,8 @@ std::vector<NetWorthPoint> netWorthSeries(const LibraryIndex& index, int months,
         }
     }
     for (NetWorthPoint& point : series) {
-        point.assets = point.assets.rounded(2, RoundingMode::plain);
-        point.liabilities = point.liabilities.rounded(2, RoundingMode::plain);
+        point.assets = point.assets.toCents();
+        point.liabilities = point.liabilities.toCents();
     }
     return series;
 }

@@ -11,10 +11,6 @@ namespace oakfen {
 
 namespace {
 
-Decimal toCents(const Decimal& amount) {
-    return amount.rounded(2, RoundingMode::plain);
-}
-
 /// The net of the lines of one kind by category: income as it stands, spending turned positive.
 std::vector<CategoryTotal> totalsByCategory(const LibraryIndex& index, const DateInterval& interval,
                                             bool rollUp, bool income) {
@@ -30,7 +26,7 @@ std::vector<CategoryTotal> totalsByCategory(const LibraryIndex& index, const Dat
     std::vector<CategoryTotal> result;
     for (const auto& [categoryID, total] : totals) {
         if (!total.isZero()) {
-            result.push_back({categoryID, index.categoryName(categoryID), toCents(total)});
+            result.push_back({categoryID, index.categoryName(categoryID), total.toCents()});
         }
     }
     std::sort(result.begin(), result.end(), [](const CategoryTotal& a, const CategoryTotal& b) {
@@ -63,7 +59,7 @@ std::vector<PayeeTotal> spendingByPayee(const LibraryIndex& index, const DateInt
     }
     std::vector<PayeeTotal> result;
     for (const auto& [payee, total] : totals) {
-        if (const Decimal rounded = toCents(total); rounded.isPositive()) {
+        if (const Decimal rounded = total.toCents(); rounded.isPositive()) {
             result.push_back({payee, rounded});
         }
     }
@@ -112,8 +108,8 @@ std::vector<MonthlyCashFlow> cashFlow(const LibraryIndex& index, const DateInter
         }
     });
     for (MonthlyCashFlow& flow : flows) {
-        flow.income = toCents(flow.income);
-        flow.expenses = toCents(flow.expenses);
+        flow.income = flow.income.toCents();
+        flow.expenses = flow.expenses.toCents();
     }
     return flows;
 }

@@ -24,7 +24,7 @@ std::optional<Decimal> monthlyContributionNeeded(const SavingsGoal& goal, Date f
         return std::nullopt;
     }
     const int months = std::max(1, calendar.wholeMonths(from, *goal.targetDate));
-    return ((goal.target - goal.saved) / Decimal(months)).rounded(2, RoundingMode::plain);
+    return ((goal.target - goal.saved) / Decimal(months)).toCents();
 }
 
 } // namespace oakfen

@@ -80,6 +80,9 @@ public:
     /// The value at no more than `scale` decimal places; a negative scale rounds before the point.
     [[nodiscard]] Decimal rounded(int scale, RoundingMode mode) const noexcept;
 
+    /// At no more than two decimal places, halves away from zero.
+    [[nodiscard]] Decimal toCents() const noexcept { return rounded(2, RoundingMode::plain); }
+
     /// The nearest binary number; for charts and ratios only.
     [[nodiscard]] double doubleValue() const noexcept;
 

@@ -241,6 +241,13 @@ TEST(Decimal, SumsWhatTheClosureGives) {
     const std::vector<int> cents = {110, 220, -5};
     EXPECT_EQ(sum(cents, [](int c) { return Decimal::cents(c); }), decimal("3.25"));
 }
+TEST(Decimal, RoundsToCentsHalfAwayFromZero) {
+    EXPECT_EQ(decimal("1.005").toCents(), decimal("1.01"));
+    EXPECT_EQ(decimal("-1.005").toCents(), decimal("-1.01"));
+    EXPECT_EQ(decimal("1.0049").toCents(), Decimal(1));
+    EXPECT_TRUE(Decimal::nan().toCents().isNaN());
+}
+
 
 TEST(Decimal, ATenthAddedAMillionTimesIsExact) {
     Decimal total;
