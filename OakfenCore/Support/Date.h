@@ -1,8 +1,6 @@
 #pragma once
 
 #include <compare>
-#include <cstddef>
-#include <functional>
 
 namespace oakfen {
 
@@ -44,10 +42,3 @@ struct DateInterval {
 };
 
 } // namespace oakfen
-
-template <>
-struct std::hash<oakfen::Date> {
-    std::size_t operator()(const oakfen::Date& date) const noexcept {
-        return std::hash<double>()(date.secondsSinceReference);
-    }
-};

@@ -267,12 +267,3 @@ Decimal Decimal::rounded(int scale, RoundingMode mode) const noexcept {
 }
 
 } // namespace oakfen
-
-std::size_t std::hash<oakfen::Decimal>::operator()(const oakfen::Decimal& value) const noexcept {
-    const auto bits = static_cast<oakfen::UInt128>(value.coefficient());
-    auto mixed = static_cast<std::uint64_t>(bits) * 0x9E3779B97F4A7C15U;
-    mixed ^= mixed >> 32U;
-    mixed += static_cast<std::uint64_t>(bits >> 64U);
-    mixed = (mixed ^ static_cast<std::uint64_t>(value.exponent())) * 0xD6E8FEB86659FD93U;
-    return static_cast<std::size_t>(mixed ^ (mixed >> 32U));
-}

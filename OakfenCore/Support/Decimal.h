@@ -175,8 +175,3 @@ template <typename Sequence, typename Amount>
 }
 
 } // namespace oakfen
-
-template <>
-struct std::hash<oakfen::Decimal> {
-    std::size_t operator()(const oakfen::Decimal& value) const noexcept;
-};
