@@ -43,6 +43,14 @@ ClearedBadge clearedBadge(ClearedState state) noexcept {
     return {};
 }
 
+std::optional<std::int64_t> wholePercent(double fraction) {
+    // The first double past the 64-bit integers; its negation is the last one inside.
+    constexpr double limit = 9223372036854775808.0;
+    const double percent = std::trunc(fraction * 100);
+    return percent >= -limit && percent < limit ? std::optional(static_cast<std::int64_t>(percent))
+                                                : std::nullopt;
+}
+
 BudgetBar budgetBar(double fraction) {
     if (std::isnan(fraction)) {
         return {};
@@ -53,11 +61,8 @@ BudgetBar budgetBar(double fraction) {
     } else if (fraction >= 0.85) {
         bar.tone = TextTone::warning;
     }
-    // The first double past the 64-bit integers; its negation is the last one inside.
-    constexpr double limit = 9223372036854775808.0;
-    const double percent = std::trunc(fraction * 100);
-    if (percent >= -limit && percent < limit) {
-        bar.accessibilityText = std::to_string(static_cast<long long>(percent)) + " percent used";
+    if (const auto percent = wholePercent(fraction)) {
+        bar.accessibilityText = std::to_string(*percent) + " percent used";
     }
     return bar;
 }

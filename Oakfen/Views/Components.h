@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -63,6 +64,9 @@ struct ClearedBadge {
 
 /// An empty circle, one with a tick, or a full one.
 [[nodiscard]] ClearedBadge clearedBadge(ClearedState state) noexcept;
+
+/// The share in whole percent, cut towards zero; none when it is not a number or too large.
+[[nodiscard]] std::optional<std::int64_t> wholePercent(double fraction);
 
 /// A bar that fills as a budget is used up.
 struct BudgetBar {

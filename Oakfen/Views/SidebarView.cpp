@@ -1,7 +1,6 @@
 #include "Oakfen/Views/SidebarView.h"
 
-#include <cmath>
-
+#include "Oakfen/Views/Components.h"
 #include "Oakfen/Views/Reminders.h"
 #include "OakfenCore/LibraryOperations/Accounts.h"
 #include "OakfenCore/Support/Formatting.h"
@@ -36,13 +35,9 @@ std::optional<std::string> creditUseText(const Account& account, const Decimal& 
     if (!isLiability(account.type) || !account.creditLimit || !account.creditLimit->isPositive()) {
         return std::nullopt;
     }
-    const double percent =
-        std::trunc((-balance).doubleValue() / account.creditLimit->doubleValue() * 100);
-    constexpr double limit = 9223372036854775808.0; // 2^63
-    if (!(percent >= -limit && percent < limit)) {
-        return std::nullopt;
-    }
-    return std::to_string(static_cast<long long>(percent)) + "% of limit used";
+    const auto percent =
+        wholePercent((-balance).doubleValue() / account.creditLimit->doubleValue());
+    return percent ? std::optional(std::to_string(*percent) + "% of limit used") : std::nullopt;
 }
 
 bool SidebarView::showsClosedAccounts() const {

@@ -61,6 +61,16 @@ TEST(MoneyText, HasNoPlusForZero) {
     EXPECT_EQ(moneyText(Decimal(), "CAD", {.showsPositiveSign = true}).text, "$0.00");
 }
 
+TEST(WholePercent, IsCutTowardsZeroAndNothingBeyondTheIntegers) {
+    EXPECT_EQ(wholePercent(0.999), 99);
+    EXPECT_EQ(wholePercent(-0.999), -99);
+    EXPECT_EQ(wholePercent(0.0), 0);
+    EXPECT_EQ(wholePercent(-92233720368547758.08), std::numeric_limits<std::int64_t>::min());
+    EXPECT_EQ(wholePercent(92233720368547758.08), std::nullopt);
+    EXPECT_EQ(wholePercent(std::numeric_limits<double>::infinity()), std::nullopt);
+    EXPECT_EQ(wholePercent(std::numeric_limits<double>::quiet_NaN()), std::nullopt);
+}
+
 TEST(Metric, PutsTheTitleInCapitalsAboveTheAmountInItsCurrency) {
     const LocaleForTest locale("en_CA");
     EXPECT_EQ(metric("Net Worth", amount("-1234.5"), "CAD", TextTone::negative, true),
