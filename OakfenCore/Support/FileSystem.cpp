@@ -16,19 +16,13 @@ using fileCalls::uninterrupted;
 
 namespace {
 
-std::string allOf(FileSystem& files, int descriptor, std::uint64_t expectedSize,
-                  const std::string& path) {
-    // The size is only a hint: the file may grow meanwhile, so the end is where a read gives none.
-    constexpr std::size_t smallestPiece = 4096;
-    std::string bytes;
+/// Reads up to `count` bytes; returns how many there were, fewer only at the end of the file.
+std::size_t readInto(char* bytes, std::size_t count, FileSystem& files, int descriptor,
+                     const std::string& path) {
     std::size_t length = 0;
-    bytes.resize(expectedSize + 1);
-    while (true) {
-        if (length == bytes.size()) {
-            bytes.resize(bytes.size() + std::max(bytes.size(), smallestPiece));
-        }
-        const auto got = uninterrupted(
-            [&] { return files.read(descriptor, bytes.data() + length, bytes.size() - length); });
+    while (length < count) {
+        const auto got =
+            uninterrupted([&] { return files.read(descriptor, bytes + length, count - length); });
         if (got.failed()) {
             throw failure(path, "couldn’t be read", got.error);
         }
@@ -36,6 +30,19 @@ std::string allOf(FileSystem& files, int descriptor, std::uint64_t expectedSize,
             break;
         }
         length += static_cast<std::size_t>(got.value);
+    }
+    return length;
+}
+
+std::string allOf(FileSystem& files, int descriptor, std::uint64_t expectedSize,
+                  const std::string& path) {
+    // The size is only a hint: the file may grow meanwhile.
+    constexpr std::size_t smallestPiece = 4096;
+    std::string bytes(expectedSize + 1, '\0');
+    std::size_t length = readInto(bytes.data(), bytes.size(), files, descriptor, path);
+    while (length == bytes.size()) {
+        bytes.resize(bytes.size() + std::max(bytes.size(), smallestPiece));
+        length += readInto(bytes.data() + length, bytes.size() - length, files, descriptor, path);
     }
     bytes.resize(length);
     return bytes;
@@ -108,19 +115,7 @@ std::string readFileStart(FileSystem& files, const std::string& path, std::size_
     const fileCalls::OpenFile file(files, openToRead(files, path));
     static_cast<void>(informationToRead(files, file.descriptor(), path));
     std::string bytes(count, '\0');
-    std::size_t length = 0;
-    while (length < count) {
-        const auto got = uninterrupted(
-            [&] { return files.read(file.descriptor(), bytes.data() + length, count - length); });
-        if (got.failed()) {
-            throw failure(path, "couldn’t be read", got.error);
-        }
-        if (got.value == 0) {
-            break;
-        }
-        length += static_cast<std::size_t>(got.value);
-    }
-    bytes.resize(length);
+    bytes.resize(readInto(bytes.data(), count, files, file.descriptor(), path));
     return bytes;
 }
 
