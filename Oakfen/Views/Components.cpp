@@ -110,7 +110,7 @@ std::vector<PickerRow> categoryChoices(const LibraryIndex& index, CategoryKind k
 }
 
 std::vector<PickerRow> categoryPickerRows(const LibraryIndex& index) {
-    std::vector<PickerRow> rows{{.title = "Uncategorized"}};
+    std::vector<PickerRow> rows{{.title = std::string(uncategorizedName)}};
     appendSection(rows, "Expenses", categoryChoices(index, CategoryKind::expense));
     appendSection(rows, "Income", categoryChoices(index, CategoryKind::income));
     return rows;

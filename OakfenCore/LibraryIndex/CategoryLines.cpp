@@ -30,7 +30,7 @@ const std::string* LibraryIndex::categoryPath(const UUID& id) const {
 
 std::string LibraryIndex::categoryName(const std::optional<UUID>& id) const {
     const std::string* path = id ? categoryPath(*id) : nullptr;
-    return path ? *path : "Uncategorized";
+    return path ? *path : std::string(uncategorizedName);
 }
 
 std::string LibraryIndex::categoryDescription(const Transaction& transaction) const {

@@ -8,6 +8,9 @@
 
 namespace oakfen {
 
+/// What stands in the place of a category's name where there is none.
+inline constexpr std::string_view uncategorizedName = "Uncategorized";
+
 /// One entry as the register shows it, with the balance along ledger order and the category's text.
 struct RegisterRow {
     UUID id;
