@@ -19,6 +19,7 @@
 #include "OakfenCore/Models/LibraryCoding.h"
 #include "OakfenCore/SampleData/SampleData.h"
 #include "Tests/Oakfen/Widgets/AccessibleTree.h"
+#include "Tests/Oakfen/Widgets/Settle.h"
 #include "Tests/Support/TestEnvironment.h"
 
 namespace oakfen {
@@ -30,17 +31,12 @@ using testing::day;
 using testing::describeTree;
 using ::testing::IsEmpty;
 using testing::namelessNodes;
+using testing::settle;
 using testing::stepsAgainstReadingOrder;
 using testing::tabOrder;
 using testing::TestEnvironment;
 
 namespace {
-
-void settle() {
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents();
-}
 
 /// The window on a household, heard and not seen.
 class Accessibility : public ::testing::Test {

@@ -15,15 +15,12 @@
 #include <vector>
 
 #include "Oakfen/Widgets/Bridge.h"
+#include "Tests/Oakfen/Widgets/Settle.h"
 
 namespace oakfen {
 namespace {
 
-/// Lets a dialog that was closed go.
-void settle() {
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents();
-}
+using testing::settle;
 
 /// File panels over a window, in the empty home folder of the tests.
 class QtPanelsWindow : public ::testing::Test {

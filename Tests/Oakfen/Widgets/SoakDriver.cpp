@@ -27,6 +27,7 @@
 #include "Oakfen/Widgets/RegisterWidget.h"
 #include "OakfenCore/Models/LibraryCoding.h"
 #include "OakfenCore/SampleData/SampleData.h"
+#include "Tests/Oakfen/Widgets/Settle.h"
 
 namespace oakfen::testing {
 
@@ -41,12 +42,6 @@ Library smallHousehold() {
     library.transactions.eraseIf(
         [](const Transaction& entry) { return entry.date < day(2026, 1, 25); });
     return library;
-}
-
-void settle() {
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents();
 }
 
 void require(bool holds, const std::string& rule) {

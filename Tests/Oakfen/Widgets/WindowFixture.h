@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
-#include <QCoreApplication>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
@@ -12,16 +11,10 @@
 
 #include "Oakfen/Widgets/MainWindow.h"
 #include "OakfenCore/LibraryOperations/Accounts.h"
+#include "Tests/Oakfen/Widgets/Settle.h"
 #include "Tests/Support/TestEnvironment.h"
 
 namespace oakfen::testing {
-
-/// Lets what was put off happen.
-inline void settle() {
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents();
-}
 
 /// The window on a document in memory, and ways to find what it shows.
 class WindowTest : public ::testing::Test {
