@@ -7,7 +7,6 @@
 #include "Oakfen/Widgets/Components/AmountField.h"
 #include "Oakfen/Widgets/Components/DateField.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
-#include "Oakfen/Widgets/Components/MoneyLabel.h"
 #include "Oakfen/Widgets/Components/RowTicker.h"
 #include "Oakfen/Widgets/Components/TableModel.h"
 #include "Oakfen/Widgets/SymbolLabel.h"
@@ -103,9 +102,9 @@ void ReconcileDialog::addFooter() {
     verdictRow->addWidget(verdict_);
 }
 
-ReconcileDialog::Figure ReconcileDialog::addFigure(QHBoxLayout& row, const QString& title,
-                                                   bool isProminent) {
-    const Figure figure{
+LabelledFigure ReconcileDialog::addFigure(QHBoxLayout& row, const QString& title,
+                                          bool isProminent) {
+    const LabelledFigure figure{
         makeLabel(TextStyle::caption, ThemeColor::secondaryText),
         new MoneyLabel(isProminent ? TextStyle::largeFigure : TextStyle::bodyStrong)};
     figure.label->setText(title);
@@ -163,12 +162,8 @@ void ReconcileDialog::showContent() {
     primaryButton()->setToolTip(qt(shown->finishHelp()));
 }
 
-void ReconcileDialog::showFigure(const Figure& figure, const Decimal& amount) const {
-    const MoneyText money = moneyText(amount, environment_.currencyCode());
-    figure.amount->setMoney(money);
-    // One sentence for screen readers; the amount by itself would say too little.
-    figure.label->setAccessibleName(figure.label->text() + QStringLiteral(", ") + qt(money.text));
-    figure.amount->setAccessibleName({});
+void ReconcileDialog::showFigure(const LabelledFigure& figure, const Decimal& amount) const {
+    figure.setMoney(moneyText(amount, environment_.currencyCode()));
 }
 
 void ReconcileDialog::save() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Oakfen/Views/ReconcileView.h"
+#include "Oakfen/Widgets/Components/LabelledFigure.h"
 #include "Oakfen/Widgets/Components/SheetScaffold.h"
 
 namespace oakfen {
@@ -8,7 +9,6 @@ namespace oakfen {
 class AmountField;
 class DateField;
 class LedgerTable;
-class MoneyLabel;
 class SymbolLabel;
 class TableModel;
 
@@ -33,19 +33,14 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    struct Figure {
-        QLabel* label;
-        MoneyLabel* amount;
-    };
-
     void addFields();
     void setUpTable();
     void addFooter();
-    Figure addFigure(QHBoxLayout& row, const QString& title, bool isProminent);
+    LabelledFigure addFigure(QHBoxLayout& row, const QString& title, bool isProminent);
     /// Takes what was typed there and goes on to what comes next.
     void leaveField(const QObject* field);
     void showContent();
-    void showFigure(const Figure& figure, const Decimal& amount) const;
+    void showFigure(const LabelledFigure& figure, const Decimal& amount) const;
 
     AppEnvironment& environment_;
     ReconcileView view_;
@@ -56,9 +51,9 @@ private:
     QString textAtFocus_;
     LedgerTable* table_;
     QPushButton* markAll_;
-    Figure reconciled_{};
-    Figure cleared_{};
-    Figure difference_{};
+    LabelledFigure reconciled_;
+    LabelledFigure cleared_;
+    LabelledFigure difference_;
     SymbolLabel* mark_;
     QLabel* verdict_;
     Subscription changed_;

@@ -1,7 +1,6 @@
 #include "Oakfen/Widgets/RegisterFooterWidget.h"
 
 #include "Oakfen/Widgets/Bridge.h"
-#include "Oakfen/Widgets/Components/MoneyLabel.h"
 
 namespace oakfen {
 
@@ -23,14 +22,12 @@ void RegisterFooterWidget::show(const RegisterFooter& footer, const std::string&
     }
     for (std::size_t index = 0; index < figures_.size(); ++index) {
         const bool isShown = index < footer.figures.size();
-        figures_[index].label->setVisible(isShown);
-        figures_[index].amount->setVisible(isShown);
+        figures_[index].setVisible(isShown);
         if (isShown) {
             fill(figures_[index], footer.figures[index], currencyCode);
         }
     }
-    selection_.label->setVisible(footer.selection.has_value());
-    selection_.amount->setVisible(footer.selection.has_value());
+    selection_.setVisible(footer.selection.has_value());
     if (footer.selection) {
         fill(selection_, *footer.selection, currencyCode);
     }
@@ -43,8 +40,8 @@ void RegisterFooterWidget::paintEvent(QPaintEvent* /*event*/) {
     painter.drawLine(0, 0, width(), 0);
 }
 
-RegisterFooterWidget::Figure RegisterFooterWidget::addFigure(int position) {
-    const Figure figure{new QLabel(this), new MoneyLabel(TextStyle::bodyStrong, this)};
+LabelledFigure RegisterFooterWidget::addFigure(int position) {
+    const LabelledFigure figure{new QLabel(this), new MoneyLabel(TextStyle::bodyStrong, this)};
     figure.label->setTextFormat(Qt::PlainText);
     Theme::setText(*figure.label, TextStyle::body, ThemeColor::secondaryText);
     layout_->insertWidget(position, figure.label);
@@ -53,14 +50,10 @@ RegisterFooterWidget::Figure RegisterFooterWidget::addFigure(int position) {
     return figure;
 }
 
-void RegisterFooterWidget::fill(const Figure& figure, const RegisterFooter::Figure& content,
+void RegisterFooterWidget::fill(const LabelledFigure& figure, const RegisterFooter::Figure& content,
                                 const std::string& currencyCode) {
     figure.label->setText(qt(content.label));
-    const MoneyText money = moneyText(content.amount, currencyCode);
-    figure.amount->setMoney(money);
-    // One sentence for screen readers; the amount by itself would say too little.
-    figure.label->setAccessibleName(qt(content.label + ", " + money.text));
-    figure.amount->setAccessibleName({});
+    figure.setMoney(moneyText(content.amount, currencyCode));
 }
 
 } // namespace oakfen

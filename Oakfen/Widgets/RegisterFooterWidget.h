@@ -4,13 +4,11 @@
 #include <vector>
 
 #include "Oakfen/Views/RegisterView.h"
+#include "Oakfen/Widgets/Components/LabelledFigure.h"
 
 class QHBoxLayout;
-class QLabel;
 
 namespace oakfen {
-
-class MoneyLabel;
 
 /// The figures under a register.
 class RegisterFooterWidget final : public QWidget {
@@ -23,18 +21,13 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    struct Figure {
-        QLabel* label;
-        MoneyLabel* amount;
-    };
-
-    Figure addFigure(int position);
-    static void fill(const Figure& figure, const RegisterFooter::Figure& content,
+    LabelledFigure addFigure(int position);
+    static void fill(const LabelledFigure& figure, const RegisterFooter::Figure& content,
                      const std::string& currencyCode);
 
     QHBoxLayout* layout_;
-    std::vector<Figure> figures_;
-    Figure selection_;
+    std::vector<LabelledFigure> figures_;
+    LabelledFigure selection_;
 };
 
 } // namespace oakfen

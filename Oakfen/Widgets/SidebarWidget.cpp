@@ -9,7 +9,6 @@
 #include <QTreeWidget>
 
 #include "Oakfen/Widgets/Bridge.h"
-#include "Oakfen/Widgets/Components/MoneyLabel.h"
 #include "Oakfen/Widgets/MenuBuilder.h"
 #include "Oakfen/Widgets/SidebarDelegate.h"
 #include "Oakfen/Widgets/Theme.h"
@@ -137,11 +136,11 @@ void SidebarWidget::buildFooter() {
     column->setSpacing(3);
 
     auto* first = new QHBoxLayout;
-    netWorthLabel_ = new QLabel(QStringLiteral("Net Worth"), footer);
-    Theme::setText(*netWorthLabel_, TextStyle::body);
-    netWorth_ = new MoneyLabel(TextStyle::bodyStrong, footer);
-    first->addWidget(netWorthLabel_, 1);
-    first->addWidget(netWorth_);
+    netWorth_ = {new QLabel(QStringLiteral("Net Worth"), footer),
+                 new MoneyLabel(TextStyle::bodyStrong, footer)};
+    Theme::setText(*netWorth_.label, TextStyle::body);
+    first->addWidget(netWorth_.label, 1);
+    first->addWidget(netWorth_.amount);
     column->addLayout(first);
     assets_ = new QLabel(footer);
     liabilities_ = new QLabel(footer);
@@ -241,12 +240,8 @@ void SidebarWidget::showSelection() {
 
 void SidebarWidget::showFooter() {
     const SidebarView::Footer footer = view_.footer();
-    netWorth_->setMoney({.text = footer.netWorth,
-                         .tone = footer.isNegative ? TextTone::negative : TextTone::primary});
-    // One sentence for screen readers.
-    netWorthLabel_->setAccessibleName(netWorthLabel_->text() + QStringLiteral(", ") +
-                                      qt(footer.netWorth));
-    netWorth_->setAccessibleName({});
+    netWorth_.setMoney({.text = footer.netWorth,
+                        .tone = footer.isNegative ? TextTone::negative : TextTone::primary});
     assets_->setText(qt(footer.assets));
     liabilities_->setText(qt(footer.liabilities));
 }

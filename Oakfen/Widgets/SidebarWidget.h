@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "Oakfen/Views/SidebarView.h"
+#include "Oakfen/Widgets/Components/LabelledFigure.h"
 #include "OakfenCore/Support/Observers.h"
 
 class QLabel;
@@ -14,8 +15,6 @@ class QTreeWidget;
 class QTreeWidgetItem;
 
 namespace oakfen {
-
-class MoneyLabel;
 
 /// Draws the left column.
 class SidebarWidget final : public QFrame {
@@ -53,8 +52,7 @@ private:
     SidebarView view_;
     QTreeWidget* list_ = nullptr;
     QMenu* addMenu_ = nullptr;
-    QLabel* netWorthLabel_ = nullptr;
-    MoneyLabel* netWorth_ = nullptr;
+    LabelledFigure netWorth_;
     QLabel* assets_ = nullptr;
     QLabel* liabilities_ = nullptr;
 

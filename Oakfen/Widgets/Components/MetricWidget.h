@@ -2,13 +2,9 @@
 
 #include <QWidget>
 
-#include "Oakfen/Views/Components.h"
-
-class QLabel;
+#include "Oakfen/Widgets/Components/LabelledFigure.h"
 
 namespace oakfen {
-
-class MoneyLabel;
 
 /// A caption in capitals with a figure in even digits beneath it.
 class MetricWidget final : public QWidget {
@@ -19,8 +15,7 @@ public:
     void setMetric(const Metric& metric);
 
 private:
-    QLabel* caption_;
-    MoneyLabel* figure_;
+    LabelledFigure figure_;
 };
 
 } // namespace oakfen
