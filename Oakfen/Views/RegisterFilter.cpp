@@ -7,26 +7,6 @@
 
 namespace oakfen {
 
-std::string_view rawValue(RegisterFilter value) noexcept {
-    switch (value) {
-    case RegisterFilter::all:
-        return "all";
-    case RegisterFilter::thisMonth:
-        return "thisMonth";
-    case RegisterFilter::last30:
-        return "last30";
-    case RegisterFilter::last90:
-        return "last90";
-    case RegisterFilter::thisYear:
-        return "thisYear";
-    case RegisterFilter::uncleared:
-        return "uncleared";
-    case RegisterFilter::uncategorized:
-        return "uncategorized";
-    }
-    return {};
-}
-
 std::string_view title(RegisterFilter value) noexcept {
     switch (value) {
     case RegisterFilter::all:

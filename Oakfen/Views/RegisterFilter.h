@@ -19,7 +19,6 @@ inline constexpr auto allCases<RegisterFilter> =
                RegisterFilter::last90,       RegisterFilter::thisYear,  RegisterFilter::uncleared,
                RegisterFilter::uncategorized};
 
-[[nodiscard]] std::string_view rawValue(RegisterFilter value) noexcept;
 [[nodiscard]] std::string_view title(RegisterFilter value) noexcept;
 
 /// Answers for many rows whether a filter keeps them, at one moment.

@@ -28,18 +28,6 @@ std::vector<TransactionEditor::SplitDraft> splitDrafts(const Transaction& entry)
 
 } // namespace
 
-std::string_view rawValue(TransactionEditor::Kind value) noexcept {
-    switch (value) {
-    case TransactionEditor::Kind::payment:
-        return "payment";
-    case TransactionEditor::Kind::deposit:
-        return "deposit";
-    case TransactionEditor::Kind::transfer:
-        return "transfer";
-    }
-    return {};
-}
-
 std::string_view title(TransactionEditor::Kind value) noexcept {
     switch (value) {
     case TransactionEditor::Kind::payment:

@@ -117,7 +117,6 @@ inline constexpr auto allCases<TransactionEditor::Kind> =
     std::array{TransactionEditor::Kind::payment, TransactionEditor::Kind::deposit,
                TransactionEditor::Kind::transfer};
 
-[[nodiscard]] std::string_view rawValue(TransactionEditor::Kind value) noexcept;
 [[nodiscard]] std::string_view title(TransactionEditor::Kind value) noexcept;
 
 } // namespace oakfen

@@ -14,12 +14,12 @@ using testing::TestEnvironment;
 using Kind = TransactionEditor::Kind;
 using TransactionEditing = testing::TransactionFixture;
 
-TEST(TransactionEditorKinds, HaveNamesForTheDocumentAndForPeople) {
+TEST(TransactionEditorKinds, HaveTitles) {
     std::string names;
     for (const Kind kind : allCases<Kind>) {
-        names += std::string(rawValue(kind)) + "=" + std::string(title(kind)) + " ";
+        names += std::string(title(kind)) + " ";
     }
-    EXPECT_EQ(names, "payment=Payment deposit=Deposit transfer=Transfer ");
+    EXPECT_EQ(names, "Payment Deposit Transfer ");
 }
 
 TEST_F(TransactionEditing, ANewEntryStartsEmptyAndToday) {
@@ -151,7 +151,7 @@ TEST_F(TransactionEditing, EveryKindNeedsAPayee) {
     editor.transferSelection = savings.id;
     for (const Kind kind : allCases<Kind>) {
         editor.setKind(kind);
-        EXPECT_EQ(editor.obstacle(), "Enter a payee.") << rawValue(kind);
+        EXPECT_EQ(editor.obstacle(), "Enter a payee.") << title(kind);
     }
     editor.draft.payee = "x";
     EXPECT_TRUE(editor.canSave());
