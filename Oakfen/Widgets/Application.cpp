@@ -20,7 +20,6 @@
 #include "Oakfen/Widgets/MainWindow.h"
 #include "Oakfen/Widgets/MessageBox.h"
 #include "Oakfen/Widgets/Theme.h"
-#include "Oakfen/Widgets/Tour.h"
 #include "Oakfen/Widgets/WindowState.h"
 #include "OakfenCore/LibraryStore/DataFileChoice.h"
 #include "OakfenCore/Platform/FileUserDefaults.h"
@@ -94,8 +93,6 @@ private:
 /// What the person asked for when starting the program.
 struct Arguments {
     std::optional<std::string> file;
-    /// Render pictures of every screen into this folder instead of opening the window.
-    std::optional<std::string> tourFolder;
     /// Open a sample household in memory instead of a file.
     bool wantsSample = false;
 };
@@ -117,13 +114,10 @@ Arguments readArguments(const QApplication& application, int argumentCount, char
         QStringLiteral("Personal finance, kept on your own computer."));
     parser.addHelpOption();
     parser.addVersionOption();
-    const QCommandLineOption tour(QStringLiteral("tour"),
-                                  QStringLiteral("Render every screen into DIR and end."),
-                                  QStringLiteral("DIR"));
     const QCommandLineOption sample(
         QStringLiteral("sample"),
         QStringLiteral("Open a sample household to look around in; nothing is saved."));
-    parser.addOptions({tour, sample});
+    parser.addOption(sample);
     parser.addPositionalArgument(QStringLiteral("FILE"),
                                  QStringLiteral("The data file to open; your own by default."),
                                  QStringLiteral("[FILE]"));
@@ -133,21 +127,8 @@ Arguments readArguments(const QApplication& application, int argumentCount, char
     if (!names.isEmpty()) {
         arguments.file = bytesOf(names.first(), argumentCount, raw);
     }
-    if (parser.isSet(tour)) {
-        arguments.tourFolder = utf8(parser.value(tour));
-    }
     arguments.wantsSample = parser.isSet(sample);
     return arguments;
-}
-
-int runTour(const std::string& folder, const std::optional<std::string>& file) {
-    try {
-        renderTour(folder, file);
-        return 0;
-    } catch (const LocalizedError& error) {
-        QTextStream(stderr) << qt(error.localizedDescription()) << Qt::endl;
-        return 1;
-    }
 }
 
 /// Says something before there is a window.
@@ -228,9 +209,6 @@ int runApplication(int& argumentCount, char** arguments) {
 
     const Arguments given = readArguments(application, argumentCount, arguments);
     Theme::apply(*qApp);
-    if (given.tourFolder) {
-        return runTour(*given.tourFolder, given.file);
-    }
     if (given.wantsSample) {
         const Program program(std::nullopt);
         return QApplication::exec();

@@ -8,9 +8,10 @@
 #include <vector>
 
 #include "Oakfen/Session.h"
-#include "OakfenCore/Platform/InMemoryAuthenticator.h"
-#include "OakfenCore/Platform/ManualScheduler.h"
-#include "OakfenCore/Support/InMemoryFileSystem.h"
+#include "OakfenCore/Testing/FixedClock.h"
+#include "OakfenCore/Testing/InMemoryAuthenticator.h"
+#include "OakfenCore/Testing/InMemoryFileSystem.h"
+#include "OakfenCore/Testing/ManualScheduler.h"
 #include "Tests/Support/TestLedger.h"
 
 namespace oakfen::testing {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "OakfenCore/Platform/ManualScheduler.h"
+#include "OakfenCore/Testing/ManualScheduler.h"
 
 namespace oakfen {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "Oakfen/FileActions.h"
 #include "OakfenCore/LibraryOperations/Accounts.h"
-#include "OakfenCore/Support/InMemoryFileSystem.h"
+#include "OakfenCore/Testing/InMemoryFileSystem.h"
 #include "Tests/Support/TestEnvironment.h"
 
 namespace oakfen {

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "OakfenCore/Platform/InMemoryAuthenticator.h"
 #include "OakfenCore/Platform/InMemoryUserDefaults.h"
+#include "OakfenCore/Testing/InMemoryAuthenticator.h"
 
 namespace oakfen {
 namespace {

@@ -1,4 +1,4 @@
-#include "Oakfen/Widgets/Tour.h"
+#include "Oakfen/Tour/Tour.h"
 
 #include <gtest/gtest.h>
 

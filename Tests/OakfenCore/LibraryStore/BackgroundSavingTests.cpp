@@ -9,7 +9,7 @@
 
 #include "OakfenCore/LibraryStore/LibraryStore.h"
 #include "OakfenCore/Models/LibraryCoding.h"
-#include "OakfenCore/Support/InMemoryFileSystem.h"
+#include "OakfenCore/Testing/InMemoryFileSystem.h"
 #include "Tests/OakfenCore/LibraryStore/StoreBench.h"
 #include "Tests/OakfenCore/Platform/SteppedScheduler.h"
 #include "Tests/OakfenCore/Support/FileSystemFilter.h"

@@ -4,7 +4,7 @@
 #include "OakfenCore/LibraryStore/DataFileChoice.h"
 #include "OakfenCore/LibraryStore/LibraryStore.h"
 #include "OakfenCore/Models/LibraryCoding.h"
-#include "OakfenCore/Support/InMemoryFileSystem.h"
+#include "OakfenCore/Testing/InMemoryFileSystem.h"
 
 namespace oakfen {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "OakfenCore/Support/InMemoryFileSystem.h"
+#include "OakfenCore/Testing/InMemoryFileSystem.h"
 #include "Tests/OakfenCore/LibraryStore/SaveOracle.h"
 #include "Tests/OakfenCore/LibraryStore/StoreBench.h"
 #include "Tests/OakfenCore/Support/FileSystemFilter.h"

@@ -11,8 +11,9 @@
 #include "OakfenCore/Platform/InMemoryLegacyKeyStore.h"
 #include "OakfenCore/Platform/InMemoryPasswordStore.h"
 #include "OakfenCore/Platform/InMemoryUserDefaults.h"
-#include "OakfenCore/Platform/ManualScheduler.h"
-#include "OakfenCore/Support/InMemoryFileSystem.h"
+#include "OakfenCore/Testing/FixedClock.h"
+#include "OakfenCore/Testing/InMemoryFileSystem.h"
+#include "OakfenCore/Testing/ManualScheduler.h"
 
 namespace oakfen {
 

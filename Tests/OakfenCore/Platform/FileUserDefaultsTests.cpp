@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "OakfenCore/Platform/FileUserDefaults.h"
-#include "OakfenCore/Platform/ManualScheduler.h"
-#include "OakfenCore/Support/InMemoryFileSystem.h"
+#include "OakfenCore/Testing/InMemoryFileSystem.h"
+#include "OakfenCore/Testing/ManualScheduler.h"
 #include "Tests/OakfenCore/Platform/SteppedScheduler.h"
 
 namespace oakfen {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "OakfenCore/Platform/Clock.h"
 #include "OakfenCore/Platform/InMemoryLegacyKeyStore.h"
 #include "OakfenCore/Platform/InMemoryPasswordStore.h"
+#include "OakfenCore/Testing/FixedClock.h"
 
 namespace oakfen {
 namespace {

@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "OakfenCore/Support/FileSystem.h"
-#include "OakfenCore/Support/InMemoryFileSystem.h"
+#include "OakfenCore/Testing/InMemoryFileSystem.h"
 #include "Tests/OakfenCore/Support/FileSystemFilter.h"
 #include "Tests/OakfenCore/Support/TemporaryFolder.h"
 

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "OakfenCore/Support/FileSystem.h"
-#include "OakfenCore/Support/InMemoryFileSystem.h"
+#include "OakfenCore/Testing/InMemoryFileSystem.h"
 
 namespace oakfen {
 namespace {

@@ -5,8 +5,8 @@
 
 #include "Oakfen/Session.h"
 #include "Oakfen/Widgets/MainWindow.h"
-#include "OakfenCore/Platform/ManualScheduler.h"
-#include "OakfenCore/Support/InMemoryFileSystem.h"
+#include "OakfenCore/Testing/InMemoryFileSystem.h"
+#include "OakfenCore/Testing/ManualScheduler.h"
 
 class QPixmap;
 

@@ -1,4 +1,4 @@
-#include "Oakfen/Widgets/Tour.h"
+#include "Oakfen/Tour/Tour.h"
 
 #include <QBuffer>
 #include <QPixmap>
@@ -6,9 +6,9 @@
 #include <QWidget>
 #include <utility>
 
+#include "Oakfen/Tour/TourStage.h"
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Theme.h"
-#include "Oakfen/Widgets/TourStage.h"
 #include "Oakfen/Widgets/WindowState.h"
 #include "OakfenCore/Models/LibraryCoding.h"
 #include "OakfenCore/SampleData/SampleData.h"

@@ -1,4 +1,4 @@
-#include "OakfenCore/Platform/ManualScheduler.h"
+#include "OakfenCore/Testing/ManualScheduler.h"
 
 #include <algorithm>
 #include <cmath>

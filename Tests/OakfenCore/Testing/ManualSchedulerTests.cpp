@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "OakfenCore/Platform/ManualScheduler.h"
+#include "OakfenCore/Testing/ManualScheduler.h"
 
 namespace oakfen {
 namespace {

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "OakfenCore/Support/InMemoryFileSystem.h"
+#include "OakfenCore/Testing/InMemoryFileSystem.h"
 
 namespace oakfen {
 

@@ -1,4 +1,4 @@
-#include "Oakfen/Widgets/TourStage.h"
+#include "Oakfen/Tour/TourStage.h"
 
 #include <QApplication>
 #include <QDialog>

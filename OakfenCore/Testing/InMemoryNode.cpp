@@ -1,4 +1,4 @@
-#include "OakfenCore/Support/InMemoryNode.h"
+#include "OakfenCore/Testing/InMemoryNode.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -1,11 +1,11 @@
-#include "OakfenCore/Support/InMemoryFileSystem.h"
+#include "OakfenCore/Testing/InMemoryFileSystem.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
 
-#include "OakfenCore/Support/InMemoryNode.h"
+#include "OakfenCore/Testing/InMemoryNode.h"
 
 namespace oakfen {
 
