@@ -14,9 +14,6 @@ int main(int argumentCount, char** arguments) {
     parser.setApplicationDescription(
         QStringLiteral("Renders every screen of Oakfen into pictures."));
     parser.addHelpOption();
-    // As the program has it, so that both can be called alike.
-    parser.addOption({QStringLiteral("sample"),
-                      QStringLiteral("Show a sample household; so it does without a FILE.")});
     parser.addPositionalArgument(QStringLiteral("DIR"), QStringLiteral("Where the pictures go."));
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The data file to show."),
                                  QStringLiteral("[FILE]"));

@@ -2,7 +2,9 @@
 
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFile>
 #include <QMessageBox>
+#include <QProcess>
 #include <QPushButton>
 #include <QSessionManager>
 #include <QTextStream>
@@ -93,6 +95,8 @@ private:
 /// What the person asked for when starting the program.
 struct Arguments {
     std::optional<std::string> file;
+    /// Render pictures of every screen into this folder instead of opening the window.
+    std::optional<QString> tourFolder;
     /// Open a sample household in memory instead of a file.
     bool wantsSample = false;
 };
@@ -114,10 +118,13 @@ Arguments readArguments(const QApplication& application, int argumentCount, char
         QStringLiteral("Personal finance, kept on your own computer."));
     parser.addHelpOption();
     parser.addVersionOption();
+    const QCommandLineOption tour(QStringLiteral("tour"),
+                                  QStringLiteral("Render every screen into DIR and end."),
+                                  QStringLiteral("DIR"));
     const QCommandLineOption sample(
         QStringLiteral("sample"),
         QStringLiteral("Open a sample household to look around in; nothing is saved."));
-    parser.addOption(sample);
+    parser.addOptions({tour, sample});
     parser.addPositionalArgument(QStringLiteral("FILE"),
                                  QStringLiteral("The data file to open; your own by default."),
                                  QStringLiteral("[FILE]"));
@@ -127,8 +134,28 @@ Arguments readArguments(const QApplication& application, int argumentCount, char
     if (!names.isEmpty()) {
         arguments.file = bytesOf(names.first(), argumentCount, raw);
     }
+    if (parser.isSet(tour)) {
+        arguments.tourFolder = parser.value(tour);
+    }
     arguments.wantsSample = parser.isSet(sample);
     return arguments;
+}
+
+/// Leaves the pictures to the program that renders them, which lies beside this one.
+int runTour(const QString& folder, const std::optional<std::string>& file) {
+    const QString pictures =
+        QCoreApplication::applicationDirPath() + QStringLiteral("/OakfenPictures");
+    QStringList arguments{QStringLiteral("--"), folder};
+    if (file) {
+        arguments << QFile::decodeName(file->c_str());
+    }
+    const int code = QProcess::execute(pictures, arguments);
+    if (code < 0) {
+        QTextStream(stderr) << "Pictures are rendered by OakfenPictures, which can't be started."
+                            << Qt::endl;
+        return 1;
+    }
+    return code;
 }
 
 /// Says something before there is a window.
@@ -208,6 +235,9 @@ int runApplication(int& argumentCount, char** arguments) {
     QGuiApplication::setQuitOnLastWindowClosed(false);
 
     const Arguments given = readArguments(application, argumentCount, arguments);
+    if (given.tourFolder) {
+        return runTour(*given.tourFolder, given.file);
+    }
     Theme::apply(*qApp);
     if (given.wantsSample) {
         const Program program(std::nullopt);
