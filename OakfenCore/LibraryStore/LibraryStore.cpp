@@ -50,7 +50,7 @@ std::string LibraryStore::defaultFilePath() {
 }
 
 const Library& LibraryStore::library() const {
-    return state_->library;
+    return state_->library();
 }
 
 const LibraryIndex& LibraryStore::index() const {
@@ -108,9 +108,9 @@ void LibraryStore::setUndoManager(std::weak_ptr<History> undoManager) {
 
 void LibraryStore::mutate(const std::string& actionName,
                           const std::function<void(Library&)>& edit) {
-    Library after = state_->library;
+    Library after = state_->library();
     edit(after);
-    if (after != state_->library) {
+    if (after != state_->library()) {
         state_->apply(std::move(after), actionName, History::Kind::edit);
     }
 }
@@ -120,7 +120,7 @@ void LibraryStore::replaceLibrary(Library library, const std::optional<std::stri
 }
 
 void LibraryStore::refreshIndex() {
-    state_->setLibrary(state_->library);
+    state_->setLibrary(state_->library());
     libraryChanged.notify();
 }
 
@@ -137,7 +137,7 @@ void LibraryStore::saveNow() {
             if (state_->edits > 0) {
                 state_->hasUnwrittenEdit = true;
                 state_->tellChangedElsewhere(
-                    state_->file->writeBeside(encodeLibrary(state_->library), changed));
+                    state_->file->writeBeside(encodeLibrary(state_->library()), changed));
             }
         }
     } catch (const std::exception& error) {

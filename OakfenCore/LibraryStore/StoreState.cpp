@@ -28,33 +28,32 @@ bool LibraryStore::State::isSaved() const {
 }
 
 void LibraryStore::State::setLibrary(Library newLibrary) {
-    index = std::make_shared<const LibraryIndex>(newLibrary, services.clock.now(),
+    index = std::make_shared<const LibraryIndex>(std::move(newLibrary), services.clock.now(),
                                                  services.clock.calendar());
-    library = std::move(newLibrary);
 }
 
 void LibraryStore::State::apply(Library newLibrary, const std::optional<std::string>& actionName,
                                 History::Kind kind) {
     // Once it were in the document, no save could succeed until it had gone.
-    if (addsNaN(library, newLibrary)) {
+    if (addsNaN(library(), newLibrary)) {
         Status told = status;
         told.lastError = (actionName ? "“" + *actionName + "”" : "The change") +
                          " couldn’t be done: an amount in it is too large to keep.";
         setStatus(std::move(told));
         return;
     }
-    const Library before = library;
+    const Library before = library();
     setLibrary(std::move(newLibrary));
     scheduleSave();
     if (const std::shared_ptr<History> history = undoManager.lock(); history && actionName) {
-        history->record(*actionName, before, library, kind);
+        history->record(*actionName, before, library(), kind);
     }
     // Last, so that an observer who edits in its turn files its undo step after this one.
     owner.libraryChanged.notify();
 }
 
 void LibraryStore::State::swapLibrary(Library& document) {
-    Library current = library;
+    Library current = library();
     setLibrary(document);
     document = std::move(current);
     scheduleSave();
@@ -68,11 +67,7 @@ void LibraryStore::State::scheduleSave() {
     hasUnwrittenEdit = true;
     ++edits;
     saveWork.cancel();
-    saveWork = services.scheduler.after(secondsBeforeSaving, [state = weak_from_this()] {
-        if (const auto self = state.lock()) {
-            self->saveInBackground();
-        }
-    });
+    saveWork = services.scheduler.after(secondsBeforeSaving, [this] { saveInBackground(); });
 }
 
 void LibraryStore::State::saveInBackground() {
@@ -83,7 +78,7 @@ void LibraryStore::State::saveInBackground() {
         mustSaveAgain = true;
         return;
     }
-    const auto makeBytes = [snapshot = library] { return encodeLibrary(snapshot); };
+    const auto makeBytes = [snapshot = library()] { return encodeLibrary(snapshot); };
     const auto done = [this, written = edits](const DataFile::Outcome& outcome) {
         if (outcome.isChangedElsewhere) {
             tellChangedElsewhere(*outcome.error);
@@ -105,7 +100,7 @@ void LibraryStore::State::saveInBackground() {
 
 void LibraryStore::State::write() {
     settleFile();
-    const DataFile::Outcome outcome = file->write(encodeLibrary(library));
+    const DataFile::Outcome outcome = file->write(encodeLibrary(library()));
     wasWritten(outcome, edits);
 }
 

@@ -6,7 +6,7 @@
 namespace oakfen {
 
 /// What the store holds, and the steps that its operations share.
-struct LibraryStore::State : std::enable_shared_from_this<LibraryStore::State> {
+struct LibraryStore::State {
     /// What `statusChanged` tells of.
     struct Status {
         std::optional<std::string> lastError = {};
@@ -32,6 +32,7 @@ struct LibraryStore::State : std::enable_shared_from_this<LibraryStore::State> {
     /// Whether the document may be written, and in which protection is settled.
     [[nodiscard]] bool isSaved() const;
 
+    [[nodiscard]] const Library& library() const { return index->library(); }
     /// Document and index in one; tells nobody.
     void setLibrary(Library newLibrary);
 
@@ -82,10 +83,11 @@ struct LibraryStore::State : std::enable_shared_from_this<LibraryStore::State> {
     std::optional<DataFile> file;
     const std::string choiceKey;
 
-    Library library;
+    /// Holds the document too, so that the two can't differ.
     std::shared_ptr<const LibraryIndex> index;
     Status status;
     std::weak_ptr<History> undoManager;
+    /// Goes with the state, and the work with it.
     ScheduledWork saveWork;
     bool mustSaveAgain = false;
     /// Counts edits of the document that was opened, so that a write can tell whether it was of the
