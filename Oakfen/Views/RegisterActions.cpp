@@ -115,18 +115,14 @@ void RegisterView::requestDelete(const UUIDSet& ids) {
     if (ids.empty()) {
         return;
     }
-    pendingDelete = ids;
-    environment_.panels.confirm(deleteConfirmation(),
-                                [this, alive = std::weak_ptr(lifetime_)](bool isConfirmed) {
-                                    if (alive.expired()) {
-                                        return;
-                                    }
-                                    isConfirmed ? confirmDelete() : cancelDelete();
-                                });
+    pendingDelete_ = ids;
+    environment_.panels.confirm(deleteConfirmation(), whileAlive([this](bool isConfirmed) {
+                                    isConfirmed ? confirmDelete() : pendingDelete_.clear();
+                                }));
 }
 
 ConfirmationRequest RegisterView::deleteConfirmation() const {
-    const std::size_t count = pendingDelete.size();
+    const std::size_t count = pendingDelete_.size();
     return {.title =
                 "Delete " + std::to_string(count) + " transaction" + (count == 1 ? "" : "s") + "?",
             .message = "Transfers are removed from both accounts. You can undo this.",
@@ -135,10 +131,12 @@ ConfirmationRequest RegisterView::deleteConfirmation() const {
 }
 
 void RegisterView::confirmDelete() {
-    const UUIDSet ids = std::exchange(pendingDelete, {});
+    const UUIDSet ids = std::exchange(pendingDelete_, {});
     environment_.store.mutate("Delete Transactions",
                               [&](Library& library) { deleteTransactions(library, ids); });
-    std::erase_if(selection, [&](const UUID& id) { return ids.contains(id); });
+    UUIDSet rest = *selection_;
+    std::erase_if(rest, [&](const UUID& id) { return ids.contains(id); });
+    select(std::move(rest));
 }
 
 void RegisterView::newTransaction() {

@@ -3,125 +3,162 @@
 #include <algorithm>
 #include <utility>
 
-#include "Oakfen/Views/RegisterCopy.h"
-#include "OakfenCore/Support/Text.h"
-
 namespace oakfen {
 
 RegisterView::RegisterView(AppEnvironment& environment, const UUID& accountID)
-    : environment_(environment), accountID_(accountID) {}
+    : Screen(environment), accountID_(accountID),
+      transactionSaved_(
+          environment.appState.transactionSaved.observe([this](const UUID& id) { reveal(id); })) {}
+
+void RegisterView::setFilter(RegisterFilter filter) {
+    if (filter != filter_) {
+        filter_ = filter;
+        hidden_.clear();
+        stateChanged();
+    }
+}
+
+void RegisterView::setSearchText(std::string text) {
+    if (text != searchText_) {
+        searchText_ = std::move(text);
+        hidden_.clear();
+        stateChanged();
+    }
+}
+
+void RegisterView::setSort(const RegisterSort& sort) {
+    sort_ = sort;
+    stateChanged();
+}
+
+void RegisterView::sortBy(std::string_view column) {
+    const Column<RegisterRow>* found = columnNamed(columns(), column);
+    if (found != nullptr && found->head.isSortable) {
+        setSort(
+            {.column = found->head.id, .ascending = sort_.column != column || !sort_.ascending});
+    }
+}
+
+void RegisterView::select(UUIDSet ids) {
+    if (ids != *selection_) {
+        selection_ = std::make_shared<const UUIDSet>(std::move(ids));
+        stateChanged();
+    }
+}
+
+std::string RegisterView::copiedText() const {
+    const auto shown = content();
+    std::vector<std::size_t> selected;
+    for (std::size_t row = 0; row < shown->table->rowCount(); ++row) {
+        if (shown->selection->contains(shown->table->id(row))) {
+            selected.push_back(row);
+        }
+    }
+    return clipboardText(*shown->table, selected);
+}
+
+RegisterContent RegisterView::derive(const RegisterContent* earlier) const {
+    RegisterContent content{.filter = filter_,
+                            .searchText = searchText_,
+                            .sort = sort_,
+                            .table = tableAfter(earlier != nullptr ? earlier->table : nullptr),
+                            .hiddenNotice = hiddenNotice(),
+                            .revealed = revealed_};
+    if (const Account* shown = account()) {
+        content.title = shown->name;
+        content.subtitle = shown->institution.empty() ? std::string(oakfen::title(shown->type))
+                                                      : shown->institution;
+    }
+    content.selection = selectionIn(*content.table);
+    content.footer = footer(*content.table, *content.selection);
+    return content;
+}
 
 const Account* RegisterView::account() const {
     return environment_.store.index().account(accountID_);
 }
 
-std::string RegisterView::title() const {
+const Columns<RegisterRow>& RegisterView::columns() const {
     const Account* shown = account();
-    return shown != nullptr ? shown->name : std::string();
+    return registerColumns(shown != nullptr && isLiability(shown->type));
 }
 
-std::string RegisterView::subtitle() const {
-    const Account* shown = account();
-    if (shown == nullptr) {
-        return {};
-    }
-    return shown->institution.empty() ? std::string(oakfen::title(shown->type))
-                                      : shown->institution;
-}
-
-std::string_view RegisterView::columnTitle(RegisterColumn column) const {
-    const Account* shown = account();
-    const bool isOwed = shown != nullptr && isLiability(shown->type);
-    switch (column) {
-    case RegisterColumn::cleared:
-        return "";
-    case RegisterColumn::date:
-        return "Date";
-    case RegisterColumn::number:
-        return "Num";
-    case RegisterColumn::payee:
-        return "Payee";
-    case RegisterColumn::category:
-        return "Category";
-    case RegisterColumn::tags:
-        return "Tags";
-    case RegisterColumn::payment:
-        return isOwed ? "Charge" : "Payment";
-    case RegisterColumn::deposit:
-        return isOwed ? "Payment" : "Deposit";
-    case RegisterColumn::balance:
-        return "Balance";
-    }
-    return {};
-}
-
-std::string_view RegisterView::columnName(RegisterColumn column) const {
-    return column == RegisterColumn::cleared ? "Cleared" : columnTitle(column);
-}
-
-bool RegisterView::isSortable(RegisterColumn column) {
-    return column != RegisterColumn::tags;
-}
-
-const std::vector<RegisterRow>& RegisterView::rows() const {
+const RegisterView::Rows& RegisterView::rows() const {
     auto index = environment_.store.sharedIndex();
-    if (index == rowsIndex_) {
-        return rows_;
+    if (rows_ != nullptr && rows_->index == index) {
+        return *rows_;
     }
-    if (rowsIndex_ == nullptr) {
-        rows_ = index->registerRows(accountID_);
+    if (rows_ == nullptr) {
+        rows_ = std::make_shared<Rows>();
+        rows_->all = index->registerRows(accountID_);
     } else {
-        index->updateRegisterRows(rows_, accountID_, *rowsIndex_);
+        takeFreeRows();
+        index->updateRegisterRows(rows_->all, accountID_, *rows_->index);
     }
-    rowsIndex_ = std::move(index);
-    amounts_ = {};
-    for (const RegisterRow& row : rows_) {
-        amounts_.entries.include(row.amount);
-        amounts_.balances.include(row.balance);
-    }
-    return rows_;
+    rows_->index = std::move(index);
+    rows_->ranges = rangesOf<RegisterRow>(columns(), rows_->all);
+    return *rows_;
 }
 
-const RegisterAmounts& RegisterView::amounts() const {
-    static_cast<void>(rows());
-    return amounts_;
+void RegisterView::takeFreeRows() const {
+    // Rows that nobody shows can be changed where they are.
+    if (rows_.use_count() == 1) {
+        return;
+    }
+    if (spareRows_ == nullptr || spareRows_.use_count() > 1) {
+        spareRows_ = std::make_shared<Rows>(*rows_);
+    }
+    std::swap(rows_, spareRows_);
 }
 
-std::vector<const RegisterRow*> RegisterView::filteredRows() const {
+RegisterView::SharedTable RegisterView::tableAfter(const SharedTable& earlier) const {
+    Choice choice{environment_.store.sharedIndex(), filter_, searchText_, sort_};
+    if (earlier != nullptr && choice == shownChoice_) {
+        return earlier;
+    }
+    shownChoice_ = std::move(choice);
     RegisterRowTest test = rowTest();
     std::vector<const RegisterRow*> shown;
-    shown.reserve(rows().size());
-    for (const RegisterRow& row : rows()) {
+    shown.reserve(rows().all.size());
+    for (const RegisterRow& row : rows().all) {
         if (test.shows(row)) {
             shown.push_back(&row);
         }
     }
-    sorter_.sort(shown, sort);
-    return shown;
+    sorter_.sort(shown, *columnNamed(columns(), sort_.column), sort_.ascending);
+    return keepingEqual(
+        earlier, std::make_shared<const Table<RegisterRow>>(columns(), std::move(shown), rows_,
+                                                            rows().ranges, cellContext()));
 }
 
 RegisterRowTest RegisterView::rowTest() const {
-    return {RegisterFilterTest(filter, environment_.clock.now(), environment_.clock.calendar()),
-            searchText};
+    return {RegisterFilterTest(filter_, environment_.clock.now(), environment_.clock.calendar()),
+            searchText_};
 }
 
-bool RegisterView::isNarrowed() const {
-    return !searchText.empty() || filter != RegisterFilter::all;
-}
-
-EmptyState RegisterView::emptyState() const {
-    if (!isNarrowed()) {
-        return {.title = "No Transactions",
-                .symbolName = "list.bullet.rectangle",
-                .text = "Add a transaction or import a statement from your bank."};
+RegisterView::SharedIDs RegisterView::selectionIn(const Table<RegisterRow>& table) const {
+    if (selection_->empty()) {
+        return selection_;
     }
-    const std::string_view term = trimmingWhitespaces(searchText);
-    return {.title = term.empty() ? "No Results" : "No Results for “" + std::string(term) + "”",
-            .symbolName = "magnifyingglass",
-            .text = "Check the spelling, or try another search or filter."};
+    const auto isSelected = [this](const RegisterRow* row) {
+        return selection_->contains(row->id);
+    };
+    // Mostly all of it is; a set of thousands isn't made again for nothing.
+    if (static_cast<std::size_t>(std::ranges::count_if(table.rows(), isSelected)) ==
+        selection_->size()) {
+        return selection_;
+    }
+    auto shown = std::make_shared<UUIDSet>();
+    for (const RegisterRow* row : table.rows()) {
+        if (isSelected(row)) {
+            shown->insert(row->id);
+        }
+    }
+    return shown->size() == selection_->size() ? selection_ : shown;
 }
 
-RegisterFooter RegisterView::footer() const {
+RegisterFooter RegisterView::footer(const Table<RegisterRow>& table,
+                                    const UUIDSet& selection) const {
     const LibraryIndex& index = environment_.store.index();
     const Decimal balance = index.balance(accountID_);
     RegisterFooter footer{.figures = {{"Cleared", index.clearedBalance(accountID_)},
@@ -132,48 +169,12 @@ RegisterFooter RegisterView::footer() const {
         footer.figures.push_back({"Available Credit", *shown->creditLimit + balance});
     }
     if (!selection.empty()) {
-        const Decimal total = sum(rows(), [this](const RegisterRow& row) {
-            return selection.contains(row.id) ? row.amount : Decimal();
+        const Decimal total = sum(table.rows(), [&](const RegisterRow* row) {
+            return selection.contains(row->id) ? row->amount : Decimal();
         });
         footer.selection = {std::to_string(selection.size()) + " selected", total};
     }
     return footer;
-}
-
-void RegisterView::sortBy(RegisterColumn column) {
-    if (!isSortable(column)) {
-        return;
-    }
-    sort = {.column = column, .ascending = sort.column != column || !sort.ascending};
-}
-
-void RegisterView::keepSelectionVisible(const std::vector<const RegisterRow*>& shown) {
-    if (selection.empty()) {
-        return;
-    }
-    const auto isSelected = [this](const RegisterRow* row) { return selection.contains(row->id); };
-    // Mostly all of it is; a set of thousands isn't made again for nothing.
-    if (static_cast<std::size_t>(std::ranges::count_if(shown, isSelected)) == selection.size()) {
-        return;
-    }
-    UUIDSet visible;
-    for (const RegisterRow* row : shown) {
-        if (isSelected(row)) {
-            visible.insert(row->id);
-        }
-    }
-    selection = std::move(visible);
-}
-
-std::string RegisterView::copiedText(const std::vector<const RegisterRow*>& shown) const {
-    const Calendar calendar = environment_.clock.calendar();
-    std::vector<std::string> lines;
-    for (const RegisterRow* row : shown) {
-        if (selection.contains(row->id)) {
-            lines.push_back(copiedLine(*row, calendar));
-        }
-    }
-    return joined(lines, "\n");
 }
 
 } // namespace oakfen

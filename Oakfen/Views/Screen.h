@@ -44,6 +44,9 @@ protected:
     /// again.
     [[nodiscard]] virtual Content derive(const Content* earlier) const = 0;
 
+    /// Takes over what a content that was just made has cut down of the screen's own state.
+    virtual void adopt(const Content& /*content*/) {}
+
     /// Ends each function that changes what the content depends on.
     void stateChanged() {
         isOutdated_ = true;
@@ -51,6 +54,7 @@ protected:
         if (content_ != nullptr) {
             const std::shared_ptr<const Content> earlier = content_;
             if (content() != earlier) {
+                adopt(*content_);
                 changed.notify();
             }
         }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <memory>
 #include <span>
 #include <type_traits>
@@ -50,6 +51,14 @@ struct Column {
 /// The columns of one kind of table; they live as long as the program.
 template <typename Row>
 using Columns = std::vector<Column<Row>>;
+
+/// The column with that id, or null.
+template <typename Row>
+[[nodiscard]] const Column<Row>* columnNamed(const Columns<Row>& columns, std::string_view id) {
+    const auto found =
+        std::ranges::find(columns, id, [](const Column<Row>& each) { return each.head.id; });
+    return found == columns.end() ? nullptr : &*found;
+}
 
 /// Calls the one of these functions that takes the value.
 template <typename... Functions>

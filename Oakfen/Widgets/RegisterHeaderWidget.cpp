@@ -51,20 +51,19 @@ RegisterHeaderWidget::RegisterHeaderWidget(RegisterView& view, QWidget* parent)
     toolRow->addWidget(filter_);
     toolRow->addWidget(search_, 1);
     toolRow->addStretch(0);
-    sort_->chosen = [this] { chosen(); };
     toolRow->addWidget(sort_);
 }
 
-void RegisterHeaderWidget::refresh() {
-    title_->showText(qt(singleLine(view_.title())));
-    subtitle_->showText(qt(singleLine(view_.subtitle())));
-    const auto filter = std::ranges::find(allCases<RegisterFilter>, view_.filter);
+void RegisterHeaderWidget::showContent(const RegisterContent& content) {
+    title_->showText(qt(singleLine(content.title)));
+    subtitle_->showText(qt(singleLine(content.subtitle)));
+    const auto filter = std::ranges::find(allCases<RegisterFilter>, content.filter);
     filter_->setCurrentIndex(static_cast<int>(filter - allCases<RegisterFilter>.begin()));
     // What the person types there is the view's already, but for the place of the cursor.
-    if (search_->text() != qt(view_.searchText)) {
-        search_->setText(qt(view_.searchText));
+    if (search_->text() != qt(content.searchText)) {
+        search_->setText(qt(content.searchText));
     }
-    sort_->refresh();
+    sort_->showOrder(content);
 }
 
 void RegisterHeaderWidget::setUpFilter() {
@@ -74,8 +73,7 @@ void RegisterHeaderWidget::setUpFilter() {
     filter_->setAccessibleName(tr("Show"));
     filter_->setToolTip(tr("Filter transactions"));
     connect(filter_, &QComboBox::activated, this, [this](int index) {
-        view_.filter = allCases<RegisterFilter>[static_cast<std::size_t>(index)];
-        chosen();
+        view_.setFilter(allCases<RegisterFilter>[static_cast<std::size_t>(index)]);
     });
 }
 
@@ -93,12 +91,8 @@ void RegisterHeaderWidget::setUpSearch() {
     if (auto* clear = search_->findChild<QAction*>(QStringLiteral("_q_qlineeditclearaction"))) {
         clear->setText(tr("Clear Search"));
     }
-    connect(search_, &QLineEdit::textChanged, this, [this](const QString& text) {
-        if (std::string term = utf8(text); term != view_.searchText) {
-            view_.searchText = std::move(term);
-            chosen();
-        }
-    });
+    connect(search_, &QLineEdit::textChanged, this,
+            [this](const QString& text) { view_.setSearchText(utf8(text)); });
     connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, search_,
             [this] { search_->setFocus(Qt::ShortcutFocusReason); });
 }

@@ -21,11 +21,8 @@ class RegisterHeaderWidget final : public QWidget {
 public:
     explicit RegisterHeaderWidget(RegisterView& view, QWidget* parent = nullptr);
 
-    /// Shows the view's names and choices as they are now.
-    void refresh();
-
-    /// Called after the person chose a filter, a search or an order.
-    std::function<void()> chosen = [] {};
+    /// Shows the account's names and what the person has chosen.
+    void showContent(const RegisterContent& content);
 
     [[nodiscard]] QLineEdit* searchField() const { return search_; }
     [[nodiscard]] RegisterSortButton* sortButton() const { return sort_; }

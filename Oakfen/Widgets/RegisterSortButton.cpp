@@ -1,7 +1,6 @@
 #include "Oakfen/Widgets/RegisterSortButton.h"
 
 #include <QMenu>
-#include <utility>
 
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/MenuBuilder.h"
@@ -19,33 +18,33 @@ RegisterSortButton::RegisterSortButton(RegisterView& view, QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     setMenu(new QMenu(this));
     connect(menu(), &QMenu::aboutToShow, this, [this] { fillMenu(); });
-    refresh();
 }
 
-void RegisterSortButton::refresh() {
-    setText(tr("Sort: %1").arg(qt(view_.columnName(view_.sort.column))));
+void RegisterSortButton::showOrder(const RegisterContent& content) {
+    const auto column = columnNamed(*content.table, content.sort.column).value_or(0);
+    setText(tr("Sort: %1").arg(qt(content.table->head(column).name())));
     setAccessibleName(text());
 }
 
 void RegisterSortButton::fillMenu() {
+    const auto content = view_.content();
+    const TableContent& table = *content->table;
+    const RegisterSort& present = content->sort;
     std::vector<MenuEntry> entries;
     const auto add = [&](std::string_view title, const RegisterSort& sort, bool startsGroup) {
         entries.push_back({.title = std::string(title),
-                           .perform =
-                               [this, sort] {
-                                   view_.sort = sort;
-                                   chosen();
-                               },
-                           .isChecked = view_.sort == sort,
+                           .perform = [this, sort] { view_.setSort(sort); },
+                           .isChecked = present == sort,
                            .startsGroup = startsGroup});
     };
-    for (const RegisterColumn column : allCases<RegisterColumn>) {
-        if (RegisterView::isSortable(column)) {
-            add(view_.columnName(column), {column, view_.sort.ascending}, false);
+    for (std::size_t column = 0; column < table.columnCount(); ++column) {
+        const ColumnHead& head = table.head(column);
+        if (head.isSortable) {
+            add(head.name(), {head.id, present.ascending}, false);
         }
     }
-    add("Ascending", {view_.sort.column, true}, true);
-    add("Descending", {view_.sort.column, false}, false);
+    add("Ascending", {present.column, true}, true);
+    add("Descending", {present.column, false}, false);
     oakfen::fillMenu(*menu(), entries);
 }
 

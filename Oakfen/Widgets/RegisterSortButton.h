@@ -12,11 +12,8 @@ class RegisterSortButton final : public QToolButton {
 public:
     explicit RegisterSortButton(RegisterView& view, QWidget* parent = nullptr);
 
-    /// Names the view's present order.
-    void refresh();
-
-    /// Called after the person chose an order.
-    std::function<void()> chosen = [] {};
+    /// Names the present order.
+    void showOrder(const RegisterContent& content);
 
 private:
     void fillMenu();

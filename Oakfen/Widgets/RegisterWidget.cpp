@@ -6,41 +6,29 @@
 #include <QItemSelection>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStackedLayout>
+#include <algorithm>
+#include <numeric>
+#include <utility>
 
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
+#include "Oakfen/Widgets/Components/TableModel.h"
 #include "Oakfen/Widgets/EmptyStateWidget.h"
 #include "Oakfen/Widgets/MenuBuilder.h"
 #include "Oakfen/Widgets/RegisterFooterWidget.h"
 #include "Oakfen/Widgets/RegisterHeaderWidget.h"
-#include "Oakfen/Widgets/RegisterModel.h"
 #include "Oakfen/Widgets/RegisterNoticeWidget.h"
 
 namespace oakfen {
 
-namespace {
-
-const QList<int> usualColumnWidths{34, 92, 56, 140, 210, 80, 112, 112, 122};
-
-/// Words can be cut short where figures can't; these give away their spare room only.
-const QList<LedgerTable::YieldingColumn> yieldingColumns{
-    {static_cast<int>(RegisterColumn::number), 44},
-    {static_cast<int>(RegisterColumn::payee), 90},
-    {static_cast<int>(RegisterColumn::category), 84},
-    {static_cast<int>(RegisterColumn::tags), 46},
-    {static_cast<int>(RegisterColumn::payment), 78},
-    {static_cast<int>(RegisterColumn::deposit), 78},
-    {static_cast<int>(RegisterColumn::balance), 78}};
-
-} // namespace
-
 RegisterWidget::RegisterWidget(AppEnvironment& environment, const UUID& accountID, QWidget* parent)
     : QWidget(parent), environment_(environment), view_(environment, accountID),
-      model_(new RegisterModel(environment, view_, this)), header_(new RegisterHeaderWidget(view_)),
-      notice_(new RegisterNoticeWidget), table_(new LedgerTable), stack_(new QStackedLayout),
-      footer_(new RegisterFooterWidget) {
+      model_(new TableModel(view_.content()->table, this)),
+      header_(new RegisterHeaderWidget(view_)), notice_(new RegisterNoticeWidget),
+      table_(new LedgerTable), stack_(new QStackedLayout), footer_(new RegisterFooterWidget) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -51,17 +39,14 @@ RegisterWidget::RegisterWidget(AppEnvironment& environment, const UUID& accountI
     entries->setLayout(stack_);
     layout->addWidget(entries, 1);
     layout->addWidget(footer_);
-    header_->chosen = [this] {
-        view_.forgetHiddenIfChanged();
-        refresh();
+    notice_->wanted = [this] {
+        view_.showHidden();
+        table_->setFocus(Qt::OtherFocusReason);
     };
-    notice_->wanted = [this] { showHidden(); };
     setUpTable();
     stack_->addWidget(table_);
-    libraryChanged_ = environment.store.libraryChanged.observe([this] { refresh(); });
-    transactionSaved_ =
-        environment.appState.transactionSaved.observe([this](const UUID& id) { reveal(id); });
-    refresh();
+    changed_ = view_.changed.observe([this] { showContent(); });
+    showContent();
     setFocusProxy(table_);
 }
 
@@ -72,41 +57,42 @@ RegisterWidget::~RegisterWidget() {
 
 void RegisterWidget::setUpTable() {
     table_->setAccessibleName(tr("Transactions"));
-    table_->setModel(model_);
-    table_->setColumnWidths(QStringLiteral("Register/Columns"), usualColumnWidths,
-                            static_cast<int>(RegisterColumn::payee), yieldingColumns);
-    table_->setSearchColumn(static_cast<int>(RegisterColumn::payee));
+    table_->setTable(*model_, QStringLiteral("Register/Columns"));
     table_->setContextMenuPolicy(Qt::CustomContextMenu);
     table_->installEventFilter(this);
     QHeaderView* header = table_->horizontalHeader();
     header->setSectionsClickable(true);
     header->setSortIndicatorShown(true);
     connect(header, &QHeaderView::sectionClicked, this, [this](int column) {
-        view_.sortBy(allCases<RegisterColumn>[static_cast<std::size_t>(column)]);
-        refresh();
+        view_.sortBy(model_->content().head(static_cast<std::size_t>(column)).id);
+        // The header has moved its arrow by itself, also to a column that can't be sorted by.
+        showSortIndicator();
     });
     connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { takeSelection(); });
     connect(table_, &QTableView::clicked, this, [this](const QModelIndex& index) {
-        const bool isPlain = QGuiApplication::keyboardModifiers() == Qt::NoModifier;
-        if (isPlain && index.column() == static_cast<int>(RegisterColumn::cleared)) {
-            view_.toggleCleared(UUID(model_->idAt(index.row())));
+        if (QGuiApplication::keyboardModifiers() == Qt::NoModifier && isMark(index)) {
+            view_.toggleCleared(model_->id(index.row()));
         }
     });
     connect(table_, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
-        if (index.column() != static_cast<int>(RegisterColumn::cleared)) {
+        if (!isMark(index)) {
             openSelection();
         }
     });
     connect(table_, &QTableView::customContextMenuRequested, this, [this](const QPoint& point) {
-        if (view_.selection.empty()) {
+        if (content_->selection->empty()) {
             return;
         }
         // It ends by itself, since its action may lead to another screen, which ends this one.
-        QMenu* menu = makeContextMenu(view_.selection).release();
+        QMenu* menu = makeContextMenu(*content_->selection).release();
         menu->setAttribute(Qt::WA_DeleteOnClose);
         menu->popup(table_->viewport()->mapToGlobal(point));
     });
+}
+
+bool RegisterWidget::isMark(const QModelIndex& index) const {
+    return index.column() == static_cast<int>(columnNamed(model_->content(), "cleared").value());
 }
 
 QLineEdit* RegisterWidget::searchField() const {
@@ -123,86 +109,78 @@ std::unique_ptr<QMenu> RegisterWidget::makeContextMenu(const UUIDSet& ids) {
     return menu;
 }
 
-void RegisterWidget::refresh() {
-    isRefreshing_ = true;
+void RegisterWidget::showContent() {
+    const auto earlier = std::exchange(content_, view_.content());
+    const QScopedValueRollback showing(isShowing_, true);
+    header_->showContent(*content_);
+    showTable();
+    showSelection();
+    showSortIndicator();
+    notice_->showNotice(content_->hiddenNotice);
+    if (earlier == nullptr || content_->emptyState() != earlier->emptyState()) {
+        showEmptyState();
+    }
+    footer_->show(content_->footer, environment_.currencyCode());
+    if (content_->revealed && (earlier == nullptr || content_->revealed != earlier->revealed)) {
+        reveal(content_->revealed->id);
+    }
+}
+
+void RegisterWidget::showSortIndicator() {
+    const auto column = columnNamed(*content_->table, content_->sort.column).value();
+    table_->horizontalHeader()->setSortIndicator(static_cast<int>(column),
+                                                 content_->sort.ascending ? Qt::AscendingOrder
+                                                                          : Qt::DescendingOrder);
+}
+
+void RegisterWidget::showTable() {
     const QModelIndex current = table_->currentIndex();
-    const auto currentID =
-        current.isValid() ? std::optional(model_->idAt(current.row())) : std::nullopt;
+    const int row = current.row();
+    const int column = current.column();
+    const auto currentID = current.isValid() ? std::optional(model_->id(row)) : std::nullopt;
     const int scrolled = table_->verticalScrollBar()->value();
     const int scrolledAcross = table_->horizontalScrollBar()->value();
-    header_->refresh();
-    model_->reload();
-    view_.keepSelectionVisible(model_->shown());
-    restoreSelection(currentID, std::max(current.column(), 0));
-    if (current.isValid() && !table_->currentIndex().isValid() && model_->rowCount() > 0) {
-        // The entry has left the list; whoever goes on by keyboard does so from its place.
-        const int row = std::min(current.row(), model_->rowCount() - 1);
-        table_->selectionModel()->setCurrentIndex(model_->index(row, current.column()),
-                                                  QItemSelectionModel::NoUpdate);
+    model_->show(content_->table);
+    if (currentID) {
+        keepCurrent(*currentID, row, column);
     }
     table_->verticalScrollBar()->setValue(scrolled);
     table_->horizontalScrollBar()->setValue(scrolledAcross);
-    table_->horizontalHeader()->setSortIndicator(static_cast<int>(view_.sort.column),
-                                                 view_.sort.ascending ? Qt::AscendingOrder
-                                                                      : Qt::DescendingOrder);
-    isRefreshing_ = false;
-    notice_->showNotice(view_.hiddenNotice());
-    showEmptyState();
-    showFooter();
 }
 
-void RegisterWidget::showEmptyState() {
-    if (emptyState_ != nullptr) {
-        stack_->removeWidget(emptyState_);
-        emptyState_->deleteLater();
-        emptyState_ = nullptr;
-    }
-    if (!model_->shown().empty()) {
-        stack_->setCurrentWidget(table_);
+void RegisterWidget::keepCurrent(const UUID& id, int row, int column) {
+    const QModelIndex current = table_->currentIndex();
+    if ((current.isValid() && model_->id(current.row()) == id) || model_->rowCount() == 0) {
         return;
     }
-    emptyState_ = new EmptyStateWidget(view_.emptyState());
-    if (!view_.isNarrowed()) {
-        emptyState_->addButton(tr("New Transaction"), true, [this] { view_.newTransaction(); });
-        emptyState_->addButton(tr("Import…"), false, [this] { view_.importTransactions(); });
-    }
-    stack_->addWidget(emptyState_);
-    stack_->setCurrentWidget(emptyState_);
+    // Once the entry has left the list, whoever goes on by keyboard does so from its place.
+    const int present = model_->rowOf(id);
+    const int next = present >= 0 ? present : std::min(row, model_->rowCount() - 1);
+    table_->selectionModel()->setCurrentIndex(model_->index(next, column),
+                                              QItemSelectionModel::NoUpdate);
 }
 
-void RegisterWidget::reveal(const UUID& id) {
-    if (const auto shown = view_.reveal(id)) {
-        scrollTo(*shown);
+bool RegisterWidget::isSelectionShown() const {
+    std::size_t count = 0;
+    for (const QItemSelectionRange& range : table_->selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            if (!content_->selection->contains(model_->id(row))) {
+                return false;
+            }
+            ++count;
+        }
     }
-    notice_->showNotice(view_.hiddenNotice());
+    return count == content_->selection->size();
 }
 
-void RegisterWidget::showHidden() {
-    const auto last = view_.showHidden();
-    refresh();
-    if (last) {
-        scrollTo(*last);
-    }
-    table_->setFocus(Qt::OtherFocusReason);
-}
-
-void RegisterWidget::scrollTo(const UUID& id) {
-    restoreSelection(id, std::max(table_->currentIndex().column(), 0));
-    table_->scrollTo(table_->currentIndex());
-}
-
-void RegisterWidget::restoreSelection(const std::optional<UUID>& current, int column) {
-    const int currentRow = current ? model_->rowOf(*current) : -1;
-    if (currentRow >= 0) {
-        table_->selectionModel()->setCurrentIndex(model_->index(currentRow, column),
-                                                  QItemSelectionModel::NoUpdate);
-    }
-    if (view_.selection.empty()) {
+void RegisterWidget::showSelection() {
+    // Mostly the table has kept it with its rows.
+    if (isSelectionShown()) {
         return;
     }
     QItemSelection selection;
     const auto isSelected = [this](int row) {
-        return row < model_->rowCount() && view_.selection.contains(model_->idAt(row));
+        return row < model_->rowCount() && content_->selection->contains(model_->id(row));
     };
     // One range for neighbours: thousands of single rows would make the table slow.
     for (int row = 0; row < model_->rowCount(); ++row) {
@@ -218,27 +196,50 @@ void RegisterWidget::restoreSelection(const std::optional<UUID>& current, int co
     table_->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
+void RegisterWidget::showEmptyState() {
+    if (emptyState_ != nullptr) {
+        stack_->removeWidget(emptyState_);
+        emptyState_->deleteLater();
+        emptyState_ = nullptr;
+    }
+    const std::optional<EmptyState> state = content_->emptyState();
+    if (!state) {
+        stack_->setCurrentWidget(table_);
+        return;
+    }
+    emptyState_ = new EmptyStateWidget(*state);
+    if (!content_->isNarrowed()) {
+        emptyState_->addButton(tr("New Transaction"), true, [this] { view_.newTransaction(); });
+        emptyState_->addButton(tr("Import…"), false, [this] { view_.importTransactions(); });
+    }
+    stack_->addWidget(emptyState_);
+    stack_->setCurrentWidget(emptyState_);
+}
+
+void RegisterWidget::reveal(const UUID& id) {
+    const int row = model_->rowOf(id);
+    const int column = std::max(table_->currentIndex().column(), 0);
+    table_->selectionModel()->setCurrentIndex(model_->index(row, column),
+                                              QItemSelectionModel::NoUpdate);
+    table_->scrollTo(table_->currentIndex());
+}
+
 void RegisterWidget::takeSelection() {
-    if (isRefreshing_) {
+    if (isShowing_) {
         return;
     }
     const QItemSelection ranges = table_->selectionModel()->selection();
-    std::size_t count = 0;
-    for (const QItemSelectionRange& range : ranges) {
-        count += static_cast<std::size_t>(range.height());
-    }
-    view_.selection.clear();
-    view_.selection.reserve(count);
+    const int count = std::accumulate(
+        ranges.begin(), ranges.end(), 0,
+        [](int sum, const QItemSelectionRange& range) { return sum + range.height(); });
+    UUIDSet ids;
+    ids.reserve(static_cast<std::size_t>(count));
     for (const QItemSelectionRange& range : ranges) {
         for (int row = range.top(); row <= range.bottom(); ++row) {
-            view_.selection.insert(model_->idAt(row));
+            ids.insert(model_->id(row));
         }
     }
-    showFooter();
-}
-
-void RegisterWidget::showFooter() {
-    footer_->show(view_.footer(), environment_.currencyCode());
+    view_.select(std::move(ids));
 }
 
 bool RegisterWidget::eventFilter(QObject* watched, QEvent* event) {
@@ -256,8 +257,8 @@ bool RegisterWidget::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void RegisterWidget::copySelection() {
-    if (!view_.selection.empty()) {
-        QGuiApplication::clipboard()->setText(qt(view_.copiedText(model_->shown())));
+    if (!content_->selection->empty()) {
+        QGuiApplication::clipboard()->setText(qt(view_.copiedText()));
     }
 }
 
@@ -272,7 +273,7 @@ bool RegisterWidget::handleTableKey(int key, Qt::KeyboardModifiers modifiers) {
         return true;
     case Qt::Key_Delete:
     case Qt::Key_Backspace:
-        view_.requestDelete(view_.selection);
+        view_.requestDelete(*content_->selection);
         return true;
     case Qt::Key_Space:
         if (table_->isSearching()) {
@@ -280,7 +281,7 @@ bool RegisterWidget::handleTableKey(int key, Qt::KeyboardModifiers modifiers) {
             return false;
         }
         if (table_->currentIndex().isValid()) {
-            view_.toggleCleared(UUID(model_->idAt(table_->currentIndex().row())));
+            view_.toggleCleared(model_->id(table_->currentIndex().row()));
         }
         return true;
     default:
@@ -289,8 +290,8 @@ bool RegisterWidget::handleTableKey(int key, Qt::KeyboardModifiers modifiers) {
 }
 
 void RegisterWidget::openSelection() {
-    if (!view_.selection.empty()) {
-        view_.editTransaction(*view_.selection.begin());
+    if (!content_->selection->empty()) {
+        view_.editTransaction(*content_->selection->begin());
     }
 }
 

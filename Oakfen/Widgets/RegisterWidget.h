@@ -14,9 +14,9 @@ class EmptyStateWidget;
 class LedgerTable;
 class RegisterFooterWidget;
 class RegisterHeaderWidget;
-class RegisterModel;
 class RegisterNoticeWidget;
 class RegisterSortButton;
+class TableModel;
 
 /// Draws the register of one account and hands its input to the view.
 class RegisterWidget final : public QWidget {
@@ -39,35 +39,38 @@ protected:
 
 private:
     void setUpTable();
-    /// Shows the view afresh; the selection and the place in the table stay.
-    void refresh();
+    void showContent();
+    /// Shows the table in its order; the current cell stays with its entry, and the place in the
+    /// table where it is.
+    void showTable();
+    /// Makes the entry's row the current one; without it, the row that is now at its place.
+    void keepCurrent(const UUID& id, int row, int column);
+    [[nodiscard]] bool isSelectionShown() const;
+    void showSelection();
+    void showSortIndicator();
     void showEmptyState();
-    /// Selects an entry that was saved just now and scrolls to it, if it is shown here.
+    /// Makes the entry's row the current one and scrolls to it.
     void reveal(const UUID& id);
-    /// Ends filter and search for the saved entries that they hide.
-    void showHidden();
-    /// Selects what the view has selected, and scrolls to that entry.
-    void scrollTo(const UUID& id);
-    void restoreSelection(const std::optional<UUID>& current, int column);
+    /// Tells the view what the person has selected.
     void takeSelection();
-    void showFooter();
     /// Puts the selected rows into the clipboard.
     void copySelection();
     bool handleTableKey(int key, Qt::KeyboardModifiers modifiers);
     void openSelection();
+    [[nodiscard]] bool isMark(const QModelIndex& index) const;
 
     AppEnvironment& environment_;
     RegisterView view_;
-    RegisterModel* model_;
+    std::shared_ptr<const RegisterContent> content_;
+    TableModel* model_;
     RegisterHeaderWidget* header_;
     RegisterNoticeWidget* notice_;
     LedgerTable* table_;
     QStackedLayout* stack_;
     EmptyStateWidget* emptyState_ = nullptr;
     RegisterFooterWidget* footer_;
-    bool isRefreshing_ = false;
-    Subscription libraryChanged_;
-    Subscription transactionSaved_;
+    bool isShowing_ = false;
+    Subscription changed_;
 };
 
 } // namespace oakfen

@@ -100,18 +100,21 @@ private:
         Decimal today = ending;
         Decimal cleared = ending;
         Decimal selected;
-        for (const RegisterRow& row : view.rows()) {
-            const Decimal change = shown(row.deposit()) - shown(row.payment());
+        view.setSort({"date", true});
+        UUIDSet selection;
+        for (const RegisterRow* row : view.content()->table->rows()) {
+            const Decimal change = shown(row->deposit()) - shown(row->payment());
             ending += change;
-            ASSERT_EQ(shown(row.balance), ending);
-            today += row.date <= endOfToday ? change : Decimal();
-            cleared += row.cleared != ClearedState::uncleared ? change : Decimal();
+            ASSERT_EQ(shown(row->balance), ending);
+            today += row->date <= endOfToday ? change : Decimal();
+            cleared += row->cleared != ClearedState::uncleared ? change : Decimal();
             if (source_.chance(2)) {
-                view.selection.insert(row.id);
+                selection.insert(row->id);
                 selected += change;
             }
         }
-        const RegisterFooter footer = view.footer();
+        view.select(selection);
+        const RegisterFooter footer = view.content()->footer;
         if (footer.selection) {
             EXPECT_EQ(shown(footer.selection->amount), selected);
         }

@@ -74,7 +74,7 @@ TEST_F(RegisterActions, DuplicatingMakesAFreshEntryOfToday) {
     EXPECT_EQ(copy.splits[0].categoryID, food.id);
     EXPECT_EQ(copy.splits[0].memo, "m");
     EXPECT_EQ(copy.amount, amount("-40"));
-    EXPECT_TRUE(view.selection.empty());
+    EXPECT_TRUE(selection().empty());
     EXPECT_FALSE(test.appState->sheet());
 }
 
@@ -152,31 +152,31 @@ TEST_F(RegisterActions, DeletingAsksInThePluralForTwo) {
 }
 
 TEST_F(RegisterActions, DeletingRemovesTransfersFromBothAccounts) {
-    view.selection = {cardPayment.id, shop.id};
+    view.select({cardPayment.id, shop.id});
     view.requestDelete({cardPayment.id});
     EXPECT_EQ(shownPayees(), "Rent|Pay|Shop");
     EXPECT_TRUE(test.index().transactions(card.id).empty());
     EXPECT_EQ(undoName(), "Delete Transactions");
-    EXPECT_EQ(view.selection, UUIDSet{shop.id});
-    EXPECT_TRUE(view.pendingDelete.empty());
+    EXPECT_EQ(selection(), UUIDSet{shop.id});
+    EXPECT_TRUE(view.pendingDelete().empty());
     test.undoManager->undo();
-    EXPECT_EQ(view.filteredRows().size(), 4U);
+    EXPECT_EQ(shownRows().size(), 4U);
 }
 
 TEST_F(RegisterActions, DismissingTheQuestionDeletesNothing) {
     test.panels.confirms = false;
     view.requestDelete({shop.id});
-    EXPECT_EQ(view.filteredRows().size(), 4U);
-    EXPECT_TRUE(view.pendingDelete.empty());
+    EXPECT_EQ(shownRows().size(), 4U);
+    EXPECT_TRUE(view.pendingDelete().empty());
 }
 
 TEST_F(RegisterActions, WaitsForTheAnswerWithTheEntriesPending) {
     test.panels.holdsAnswers = true;
     view.requestDelete({shop.id});
-    EXPECT_EQ(view.pendingDelete, UUIDSet{shop.id});
-    EXPECT_EQ(view.filteredRows().size(), 4U);
+    EXPECT_EQ(view.pendingDelete(), UUIDSet{shop.id});
+    EXPECT_EQ(shownRows().size(), 4U);
     test.panels.pending.at(0)();
-    EXPECT_EQ(view.filteredRows().size(), 3U);
+    EXPECT_EQ(shownRows().size(), 3U);
 }
 
 TEST_F(RegisterActions, AnAnswerAfterTheScreenIsGoneDoesNothing) {
@@ -186,7 +186,7 @@ TEST_F(RegisterActions, AnAnswerAfterTheScreenIsGoneDoesNothing) {
         brief.requestDelete({shop.id});
     }
     test.panels.pending.at(0)();
-    EXPECT_EQ(view.filteredRows().size(), 4U);
+    EXPECT_EQ(shownRows().size(), 4U);
 }
 
 TEST_F(RegisterActions, DeletingNothingAsksNothing) {

@@ -23,9 +23,15 @@ protected:
             [this](const Transaction& each) { return each.id == cardPayment.id; });
     }
 
+    [[nodiscard]] std::vector<const RegisterRow*> shownRows() const {
+        return view.content()->table->rows();
+    }
+
+    [[nodiscard]] UUIDSet selection() const { return *view.content()->selection; }
+
     [[nodiscard]] std::string shownPayees() const {
         std::string payees;
-        for (const RegisterRow* row : view.filteredRows()) {
+        for (const RegisterRow* row : shownRows()) {
             payees += (payees.empty() ? "" : "|") + row->payee;
         }
         return payees;

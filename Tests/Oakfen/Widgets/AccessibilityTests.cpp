@@ -180,7 +180,8 @@ TEST_F(Accessibility, ReadsARowOfTheRegisterCellByCell) {
     QAccessibleInterface* table =
         QAccessible::queryAccessibleInterface(window.findChild<LedgerTable*>());
     ASSERT_NE(table->tableInterface(), nullptr);
-    const auto& rows = window.findChild<RegisterWidget*>()->view().filteredRows();
+    const auto content = window.findChild<RegisterWidget*>()->view().content();
+    const auto& rows = content->table->rows();
     const auto cell = [&](int column) {
         return utf8(table->tableInterface()->cellAt(0, column)->text(QAccessible::Name));
     };

@@ -11,10 +11,14 @@
 
 #include "Oakfen/Widgets/Components/Figures.h"
 #include "Oakfen/Widgets/Components/LedgerDelegate.h"
-#include "Oakfen/Widgets/Components/LedgerModel.h"
+#include "Oakfen/Widgets/Components/TableModel.h"
+#include "Tests/Oakfen/Views/SavingsTable.h"
+#include "Tests/Support/LocaleForTest.h"
 
 namespace oakfen {
 namespace {
+
+using namespace oakfen::testing;
 
 /// Date 100, payee 200 (takes what is left, gives down to 80), category 150 (down to 50),
 /// amount 90.
@@ -69,46 +73,30 @@ TEST_F(LedgerTableWindow, ScrollsOnlyWhenNothingCanYieldAnyMore) {
     EXPECT_TRUE(table.horizontalScrollBar()->isVisible());
 }
 
-/// One column whose figures grow.
-class GrowingModel final : public LedgerModel {
-public:
-    QString widest = QStringLiteral("$1.00");
-
-    void grow(const QString& text) {
-        beginResetModel();
-        widest = text;
-        endResetModel();
-    }
-    [[nodiscard]] int rowCount(const QModelIndex& /*parent*/) const override { return 1; }
-    [[nodiscard]] int columnCount(const QModelIndex& /*parent*/) const override { return 2; }
-    [[nodiscard]] QVariant data(const QModelIndex& /*index*/, int role) const override {
-        return role == Qt::DisplayRole ? QVariant(widest) : QVariant();
-    }
-
-protected:
-    [[nodiscard]] Heading heading(int /*column*/) const override { return {}; }
-    [[nodiscard]] QStringList wholeTexts(int column) const override {
-        return column == 1 ? QStringList{widest} : QStringList();
-    }
-};
-
 TEST(LedgerTable, GivesFiguresTheRoomThatTheyNeedInANarrowWindowToo) {
-    GrowingModel model;
+    const LocaleForTest locale("en_CA");
+    Columns<SavingsRow> columns{nameColumn(), amountColumn()};
+    columns[0].head.least = 80;
+    columns[1].head.width = 90;
+    columns[1].head.least = 60;
+    const auto figures = [&](std::string_view value) {
+        return savingsTable(columns, {{.amount = amount(value)}});
+    };
+    TableModel model(figures("1"));
     LedgerTable table;
-    table.setModel(&model);
-    table.setColumnWidths(QStringLiteral("GrowingFigures"), {200, 90}, 0, {{0, 80}, {1, 60}});
+    table.setTable(model, QStringLiteral("GrowingFigures"));
     table.resize(160, 200);
     table.show();
     QApplication::processEvents();
     EXPECT_LT(table.columnWidth(1), 90);
 
-    model.grow(QStringLiteral("-$1,234,567,890,123.45"));
+    model.show(figures("-1234567890123.45"));
     const int room = table.columnWidth(1) - (2 * LedgerDelegate::margin);
-    EXPECT_GE(room, figureWidth(table.font(), model.widest));
+    EXPECT_GE(room, figureWidth(table.font(), QStringLiteral("-$1,234,567,890,123.45")));
     table.horizontalHeader()->resizeSection(1, 40);
     EXPECT_EQ(table.columnWidth(1), room + (2 * LedgerDelegate::margin));
 
-    model.grow(QStringLiteral("$2.00"));
+    model.show(figures("2"));
     EXPECT_LT(table.columnWidth(1), 90);
 }
 

@@ -27,7 +27,7 @@ TEST_F(RegisterMenuWindow, HasAMenuForSeveralEntries) {
 }
 
 TEST_F(RegisterMenuWindow, OpensAMenuThatEndsByItself) {
-    click(2, RegisterColumn::payee);
+    click(2, "payee");
     Q_EMIT widget->table()->customContextMenuRequested(QPoint(5, 5));
     const QPointer<QMenu> menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_TRUE(menu);

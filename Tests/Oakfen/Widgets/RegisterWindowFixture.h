@@ -36,20 +36,24 @@ protected:
         const auto* model = widget->table()->model();
         std::string result;
         for (int row = 0; row < model->rowCount(); ++row) {
-            result += (row == 0 ? "" : "|") + cell(row, RegisterColumn::payee);
+            result += (row == 0 ? "" : "|") + cell(row, "payee");
         }
         return result;
     }
 
-    [[nodiscard]] std::string cell(int row, RegisterColumn column) const {
+    [[nodiscard]] int column(std::string_view name) const {
+        return static_cast<int>(columnNamed(*widget->view().content()->table, name).value());
+    }
+
+    [[nodiscard]] std::string cell(int row, std::string_view column) const {
         return utf8(index(row, column).data().toString());
     }
 
-    [[nodiscard]] QModelIndex index(int row, RegisterColumn column) const {
-        return widget->table()->model()->index(row, static_cast<int>(column));
+    [[nodiscard]] QModelIndex index(int row, std::string_view name) const {
+        return widget->table()->model()->index(row, column(name));
     }
 
-    void click(int row, RegisterColumn column, Qt::KeyboardModifiers modifiers = {}) const {
+    void click(int row, std::string_view column, Qt::KeyboardModifiers modifiers = {}) const {
         QTest::mouseClick(widget->table()->viewport(), Qt::LeftButton, modifiers,
                           widget->table()->visualRect(index(row, column)).center());
     }
@@ -58,7 +62,7 @@ protected:
         QTest::keyClick(widget->table(), key, modifiers);
     }
 
-    [[nodiscard]] UUIDSet selection() const { return widget->view().selection; }
+    [[nodiscard]] UUIDSet selection() const { return *widget->view().content()->selection; }
 
     [[nodiscard]] QAbstractButton* button(const char* text) const {
         for (QAbstractButton* each : widget->findChildren<QAbstractButton*>()) {

@@ -327,10 +327,11 @@ void SoakDriver::useRegisterMenu() {
     if (registers.empty()) {
         return;
     }
-    if (registers.front()->view().selection.empty()) {
+    if (registers.front()->view().content()->selection->empty()) {
         registers.front()->table()->selectRow(0);
     }
-    const auto menu = registers.front()->makeContextMenu(registers.front()->view().selection);
+    const auto menu =
+        registers.front()->makeContextMenu(*registers.front()->view().content()->selection);
     std::vector<QAction*> items;
     collectItems(menu->actions(), items);
     if (!items.empty()) {

@@ -1,7 +1,6 @@
 #include "Oakfen/Widgets/TransactionEditorDialog.h"
 
 #include "Oakfen/Widgets/Components/LedgerTable.h"
-#include "Oakfen/Widgets/RegisterModel.h"
 #include "Oakfen/Widgets/RegisterWidget.h"
 #include "Tests/Oakfen/Widgets/TransactionSheetFixture.h"
 
@@ -242,7 +241,7 @@ TEST_F(TransactionSheet, ASavedEntryIsShownAndSelectedInTheRegister) {
     type("Bakery");
     press(Qt::Key_Return);
     const UUID id = dialog->editor().draft.id;
-    EXPECT_EQ(screen.view().selection, UUIDSet{id});
+    EXPECT_EQ(*screen.view().content()->selection, UUIDSet{id});
     const QModelIndex current = screen.table()->currentIndex();
     EXPECT_EQ(current.row(), screen.table()->model()->rowCount() - 1);
     EXPECT_TRUE(screen.table()->viewport()->rect().intersects(screen.table()->visualRect(current)));
