@@ -16,11 +16,7 @@ void LockView::unlock() {
     setErrorText(std::nullopt);
     authenticator_.authenticate(
         "unlock your financial data",
-        [weak = std::weak_ptr<LockView*>(self_)](const AuthenticationResult& result) {
-            if (const auto self = weak.lock()) {
-                (*self)->finish(result);
-            }
-        });
+        lifetime_.whileAlive([this](const AuthenticationResult& result) { finish(result); }));
 }
 
 void LockView::finish(const AuthenticationResult& result) {

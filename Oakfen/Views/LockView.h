@@ -1,10 +1,10 @@
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <string>
 
 #include "Oakfen/AppState.h"
+#include "Oakfen/Views/Lifetime.h"
 #include "Oakfen/Views/PasswordViews.h"
 #include "OakfenCore/Platform/Authenticator.h"
 #include "OakfenCore/Support/Observers.h"
@@ -38,8 +38,7 @@ private:
     Authenticator& authenticator_;
     std::optional<std::string> errorText_;
     bool isAsking_ = false;
-    /// An answer that comes after this object is gone finds it expired.
-    std::shared_ptr<LockView*> self_ = std::make_shared<LockView*>(this);
+    Lifetime lifetime_;
 };
 
 } // namespace oakfen

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "Oakfen/AppEnvironment.h"
+#include "Oakfen/Views/Lifetime.h"
 #include "Oakfen/Views/Table.h"
 
 namespace oakfen {
@@ -67,12 +68,7 @@ protected:
     /// dropped.
     template <typename Function>
     [[nodiscard]] auto whileAlive(Function function) const {
-        return [alive = std::weak_ptr<const int>(lifetime_),
-                function = std::move(function)](auto&&... arguments) {
-            if (!alive.expired()) {
-                function(std::forward<decltype(arguments)>(arguments)...);
-            }
-        };
+        return lifetime_.whileAlive(std::move(function));
     }
 
     /// How its tables write money and days.
@@ -85,7 +81,7 @@ protected:
 private:
     mutable std::shared_ptr<const Content> content_;
     mutable bool isOutdated_ = true;
-    std::shared_ptr<const int> lifetime_ = std::make_shared<int>();
+    Lifetime lifetime_;
     Subscription libraryChanged_;
 };
 

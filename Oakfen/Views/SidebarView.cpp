@@ -40,6 +40,16 @@ std::optional<std::string> creditUseText(const Account& account, const Decimal& 
     return percent ? std::optional(std::to_string(*percent) + "% of limit used") : std::nullopt;
 }
 
+SidebarView::SidebarView(AppEnvironment& environment)
+    : Screen(environment),
+      statusChanged_(environment.store.statusChanged.observe([this] { stateChanged(); })),
+      closedAccountsChanged_(
+          environment.defaults.observe(settings::showClosedAccounts, [this] { stateChanged(); })) {}
+
+SidebarContent SidebarView::derive(const SidebarContent* /*earlier*/) const {
+    return {.overview = overview(), .sections = sections(), .footer = footer()};
+}
+
 bool SidebarView::showsClosedAccounts() const {
     return environment_.defaults.get(settings::showClosedAccounts);
 }
@@ -52,8 +62,8 @@ int SidebarView::badge(const SidebarItem& item) const {
     return item.kind == SidebarItem::Kind::bills ? dueReminderCount(environment_) : 0;
 }
 
-std::vector<SidebarView::OverviewRow> SidebarView::overview() const {
-    std::vector<OverviewRow> rows;
+std::vector<SidebarContent::OverviewRow> SidebarView::overview() const {
+    std::vector<SidebarContent::OverviewRow> rows;
     for (const SidebarItem& item : overviewItems()) {
         rows.push_back(
             {item, std::string(title(item.kind)), std::string(symbolName(item.kind)), badge(item)});
@@ -61,7 +71,7 @@ std::vector<SidebarView::OverviewRow> SidebarView::overview() const {
     return rows;
 }
 
-SidebarView::AccountRow SidebarView::row(const Account& account) const {
+SidebarContent::AccountRow SidebarView::row(const Account& account) const {
     const Decimal balance = environment_.store.index().balance(account.id);
     return {.id = account.id,
             .name = account.name,
@@ -72,10 +82,10 @@ SidebarView::AccountRow SidebarView::row(const Account& account) const {
             .detail = creditUseText(account, balance)};
 }
 
-std::vector<SidebarView::Section> SidebarView::sections() const {
-    std::vector<Section> result;
+std::vector<SidebarContent::Section> SidebarView::sections() const {
+    std::vector<SidebarContent::Section> result;
     for (const AccountGroup group : allCases<AccountGroup>) {
-        Section section{std::string(title(group)), {}};
+        SidebarContent::Section section{std::string(title(group)), {}};
         for (const Account* account :
              environment_.store.index().accounts(group, showsClosedAccounts())) {
             section.rows.push_back(row(*account));
@@ -87,7 +97,7 @@ std::vector<SidebarView::Section> SidebarView::sections() const {
     return result;
 }
 
-SidebarView::Footer SidebarView::footer() const {
+SidebarContent::Footer SidebarView::footer() const {
     const LibraryIndex& index = environment_.store.index();
     const auto text = [this](const Decimal& amount) {
         return currencyText(amount, environment_.currencyCode());

@@ -4,14 +4,13 @@
 #include <string>
 #include <vector>
 
-#include "Oakfen/AppEnvironment.h"
 #include "Oakfen/Views/MenuEntry.h"
+#include "Oakfen/Views/Screen.h"
 
 namespace oakfen {
 
-/// The left column: the overview, the accounts by group, net worth and the add menu.
-class SidebarView {
-public:
+/// What the left column shows.
+struct SidebarContent {
     struct OverviewRow {
         SidebarItem item;
         std::string title;
@@ -48,15 +47,21 @@ public:
         friend bool operator==(const Footer&, const Footer&) = default;
     };
 
-    explicit SidebarView(AppEnvironment& environment) : environment_(environment) {}
+    std::vector<OverviewRow> overview;
+    /// The groups that have an account to show, in order.
+    std::vector<Section> sections;
+    Footer footer;
+
+    friend bool operator==(const SidebarContent&, const SidebarContent&) = default;
+};
+
+/// The left column: the overview, the accounts by group, net worth and the add menu.
+class SidebarView final : public Screen<SidebarContent> {
+public:
+    explicit SidebarView(AppEnvironment& environment);
 
     [[nodiscard]] bool showsClosedAccounts() const;
     void toggleClosedAccounts();
-
-    [[nodiscard]] std::vector<OverviewRow> overview() const;
-    /// The groups that have an account to show, in order.
-    [[nodiscard]] std::vector<Section> sections() const;
-    [[nodiscard]] Footer footer() const;
 
     /// The lines of an account's context menu; none for an account that is gone.
     [[nodiscard]] std::vector<MenuEntry> contextMenu(const UUID& accountID);
@@ -64,12 +69,19 @@ public:
     /// Asks whether to delete the account, and does so if confirmed.
     void requestDeletion(const UUID& accountID);
 
+protected:
+    [[nodiscard]] SidebarContent derive(const SidebarContent* earlier) const override;
+
 private:
     [[nodiscard]] int badge(const SidebarItem& item) const;
-    [[nodiscard]] AccountRow row(const Account& account) const;
+    [[nodiscard]] std::vector<SidebarContent::OverviewRow> overview() const;
+    [[nodiscard]] std::vector<SidebarContent::Section> sections() const;
+    [[nodiscard]] SidebarContent::AccountRow row(const Account& account) const;
+    [[nodiscard]] SidebarContent::Footer footer() const;
     [[nodiscard]] MenuEntry closeOrReopen(const Account& account);
 
-    AppEnvironment& environment_;
+    Subscription statusChanged_;
+    Subscription closedAccountsChanged_;
 };
 
 /// "42% of limit used" for what owes part of its limit; nothing for an account without one.

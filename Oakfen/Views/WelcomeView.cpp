@@ -9,7 +9,7 @@
 namespace oakfen {
 
 WelcomeView::WelcomeView(AppEnvironment& environment)
-    : environment_(environment), currency_(defaultCurrencyCode()) {}
+    : Screen(environment), currency_(defaultCurrencyCode()) {}
 
 GatePanelText WelcomeView::welcomeText() {
     return {"chart.line.uptrend.xyaxis.circle.fill", "Welcome to Oakfen",
@@ -42,29 +42,24 @@ void WelcomeView::exploreSampleData() {
 
 void WelcomeView::begin(Library library) {
     environment_.store.replaceLibrary(std::move(library), std::nullopt);
-    hasChosen_ = true;
-    changed.notify();
+    state_.hasChosen = true;
+    stateChanged();
 }
 
 void WelcomeView::goBack() {
-    hasChosen_ = false;
-    errorText_.reset();
-    changed.notify();
+    state_ = {};
+    stateChanged();
 }
 
 void WelcomeView::useNoPassword() {
     setErrorText(std::nullopt);
     chooseNoPassword(environment_,
-                     [weak = std::weak_ptr<WelcomeView*>(self_)](const std::string& text) {
-                         if (const auto self = weak.lock()) {
-                             (*self)->setErrorText(text);
-                         }
-                     });
+                     whileAlive([this](const std::string& text) { setErrorText(text); }));
 }
 
 void WelcomeView::setErrorText(std::optional<std::string> text) {
-    errorText_ = std::move(text);
-    changed.notify();
+    state_.errorText = std::move(text);
+    stateChanged();
 }
 
 } // namespace oakfen

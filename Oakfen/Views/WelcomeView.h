@@ -1,18 +1,25 @@
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "Oakfen/AppEnvironment.h"
 #include "Oakfen/Views/PasswordViews.h"
-#include "OakfenCore/Support/Observers.h"
+#include "Oakfen/Views/Screen.h"
 
 namespace oakfen {
 
+/// What the first start shows.
+struct WelcomeContent {
+    /// Whether the first step is done and the password step shows.
+    bool hasChosen = false;
+    std::optional<std::string> errorText = {};
+
+    friend bool operator==(const WelcomeContent&, const WelcomeContent&) = default;
+};
+
 /// The first start: choose a currency and what to begin with, then choose about a password.
-class WelcomeView {
+class WelcomeView final : public Screen<WelcomeContent> {
 public:
     struct Currency {
         std::string code;
@@ -31,10 +38,6 @@ public:
     [[nodiscard]] const std::string& currency() const { return currency_; }
     void setCurrency(std::string code) { currency_ = std::move(code); }
 
-    /// Whether the first step is done and the password step shows.
-    [[nodiscard]] bool hasChosen() const { return hasChosen_; }
-    [[nodiscard]] const std::optional<std::string>& errorText() const { return errorText_; }
-
     /// Begins with the default categories and nothing else.
     void startFresh();
     /// Begins with a household to look around in.
@@ -44,19 +47,18 @@ public:
     void useNoPassword();
 
     NewPasswordForm passwordForm;
-    /// Told after the step or the error text changed.
-    Observers<> changed;
+
+protected:
+    [[nodiscard]] WelcomeContent derive(const WelcomeContent* /*earlier*/) const override {
+        return state_;
+    }
 
 private:
     void begin(Library library);
     void setErrorText(std::optional<std::string> text);
 
-    AppEnvironment& environment_;
     std::string currency_;
-    bool hasChosen_ = false;
-    std::optional<std::string> errorText_;
-    /// An answer that comes after this object is gone finds it expired.
-    std::shared_ptr<WelcomeView*> self_ = std::make_shared<WelcomeView*>(this);
+    WelcomeContent state_;
 };
 
 } // namespace oakfen

@@ -7,6 +7,7 @@
 #include <QScrollBar>
 #include <QToolButton>
 #include <QTreeWidget>
+#include <utility>
 
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/MenuBuilder.h"
@@ -36,7 +37,7 @@ QTreeWidgetItem* makeLine(SidebarLine kind, const std::string& title) {
     return line;
 }
 
-QTreeWidgetItem* makeAccountLine(const SidebarView::AccountRow& row) {
+QTreeWidgetItem* makeAccountLine(const SidebarContent::AccountRow& row) {
     QTreeWidgetItem* line = makeLine(SidebarLine::item, row.name);
     line->setData(0, itemRole, QVariant::fromValue(SidebarItem::account(row.id)));
     line->setData(0, symbolRole, qt(row.symbolName));
@@ -70,8 +71,12 @@ SidebarWidget::SidebarWidget(AppEnvironment& environment, QWidget* parent)
     for (const QString& title : windowState::value(foldedGroupsKey).toStringList()) {
         collapsed_.insert(utf8(title));
     }
-    watch();
-    refresh();
+    changed_ = view_.changed.observe([this] { showContent(); });
+    selectionChanged_ = environment.appState.selectionChanged.observe([this] {
+        unfoldSelection();
+        showSelection();
+    });
+    showContent();
 }
 
 void SidebarWidget::buildHeader() {
@@ -151,29 +156,15 @@ void SidebarWidget::buildFooter() {
     layout()->addWidget(footer);
 }
 
-void SidebarWidget::watch() {
-    const auto refreshed = [this] { refresh(); };
-    subscriptions_.push_back(environment_.store.libraryChanged.observe(refreshed));
-    subscriptions_.push_back(environment_.store.statusChanged.observe(refreshed));
-    subscriptions_.push_back(environment_.appState.selectionChanged.observe([this] {
-        unfoldSelection();
-        showSelection();
-    }));
-    subscriptions_.push_back(
-        environment_.defaults.observe(settings::showClosedAccounts, refreshed));
-}
-
-void SidebarWidget::refresh() {
+void SidebarWidget::showContent() {
+    const auto earlier = std::exchange(content_, view_.content());
     showFooter();
-    auto overview = view_.overview();
-    auto sections = view_.sections();
-    if (overview == overview_ && sections == sections_) {
-        return;
+    // The list loses its place when it is built again.
+    if (earlier == nullptr || content_->overview != earlier->overview ||
+        content_->sections != earlier->sections) {
+        rebuildList();
+        showSelection();
     }
-    overview_ = std::move(overview);
-    sections_ = std::move(sections);
-    rebuildList();
-    showSelection();
 }
 
 void SidebarWidget::rebuildList() {
@@ -181,14 +172,14 @@ void SidebarWidget::rebuildList() {
     const int scroll = list_->verticalScrollBar()->value();
     list_->clear();
     addOverview();
-    for (const SidebarView::Section& section : sections_) {
+    for (const SidebarContent::Section& section : content_->sections) {
         addSection(section);
     }
     list_->verticalScrollBar()->setValue(scroll);
 }
 
 void SidebarWidget::addOverview() {
-    for (const SidebarView::OverviewRow& row : overview_) {
+    for (const SidebarContent::OverviewRow& row : content_->overview) {
         QTreeWidgetItem* line = makeLine(SidebarLine::item, row.title);
         line->setData(0, itemRole, QVariant::fromValue(row.item));
         line->setData(0, symbolRole, qt(row.symbolName));
@@ -201,11 +192,11 @@ void SidebarWidget::addOverview() {
     }
 }
 
-void SidebarWidget::addSection(const SidebarView::Section& section) {
+void SidebarWidget::addSection(const SidebarContent::Section& section) {
     QTreeWidgetItem* group = makeLine(SidebarLine::group, section.title);
     group->setFlags(Qt::ItemIsEnabled);
     list_->addTopLevelItem(group);
-    for (const SidebarView::AccountRow& row : section.rows) {
+    for (const SidebarContent::AccountRow& row : section.rows) {
         group->addChild(makeAccountLine(row));
     }
     group->setExpanded(!collapsed_.contains(section.title));
@@ -239,7 +230,7 @@ void SidebarWidget::showSelection() {
 }
 
 void SidebarWidget::showFooter() {
-    const SidebarView::Footer footer = view_.footer();
+    const SidebarContent::Footer& footer = content_->footer;
     netWorth_.setMoney({.text = footer.netWorth,
                         .tone = footer.isNegative ? TextTone::negative : TextTone::primary});
     assets_->setText(qt(footer.assets));

@@ -30,9 +30,8 @@ private:
     void buildHeader();
     void buildList();
     void buildFooter();
-    void watch();
 
-    void refresh();
+    void showContent();
     void rebuildList();
     /// The line of what the main screen shows; null for none.
     [[nodiscard]] QTreeWidgetItem* selectedLine() const;
@@ -41,7 +40,7 @@ private:
     void showFooter();
 
     void addOverview();
-    void addSection(const SidebarView::Section& section);
+    void addSection(const SidebarContent::Section& section);
     void selectCurrent();
     void rememberFolding(const QTreeWidgetItem* group);
     bool handleKey(int key);
@@ -56,14 +55,13 @@ private:
     QLabel* assets_ = nullptr;
     QLabel* liabilities_ = nullptr;
 
-    /// What the list shows; it is built again only when that changes.
-    std::vector<SidebarView::OverviewRow> overview_;
-    std::vector<SidebarView::Section> sections_;
+    std::shared_ptr<const SidebarContent> content_;
     /// Titles of the groups that are folded, those without an account at present included.
     std::set<std::string> collapsed_;
     /// While the list is being built its notices mean nothing.
     bool isBuilding_ = false;
-    std::vector<Subscription> subscriptions_;
+    Subscription changed_;
+    Subscription selectionChanged_;
 };
 
 } // namespace oakfen

@@ -18,18 +18,19 @@ WelcomeWidget::WelcomeWidget(AppEnvironment& environment, QWidget* parent)
 }
 
 void WelcomeWidget::refresh() {
-    if (panel_ == nullptr || view_.hasChosen() != showsSecondStep_) {
+    const auto content = view_.content();
+    if (panel_ == nullptr || content->hasChosen != showsSecondStep_) {
         if (panel_ != nullptr) {
             // Later: the click that led here came from the panel.
             panel_->hide();
             panel_->deleteLater();
         }
-        showsSecondStep_ = view_.hasChosen();
+        showsSecondStep_ = content->hasChosen;
         panel_ = showsSecondStep_ ? makeSecondStep() : makeFirstStep();
         layout()->addWidget(panel_);
         panel_->show();
     }
-    panel_->setErrorText(view_.errorText());
+    panel_->setErrorText(content->errorText);
 }
 
 GatePanelWidget* WelcomeWidget::makeFirstStep() {

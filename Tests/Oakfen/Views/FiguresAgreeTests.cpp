@@ -78,16 +78,16 @@ protected:
 
 private:
     void expectSidebarAgrees() {
-        SidebarView sidebar(*test_);
+        const auto sidebar = SidebarView(*test_).content();
         Decimal assets;
         Decimal liabilities;
-        for (const SidebarView::Section& section : sidebar.sections()) {
-            for (const SidebarView::AccountRow& row : section.rows) {
+        for (const SidebarContent::Section& section : sidebar->sections) {
+            for (const SidebarContent::AccountRow& row : section.rows) {
                 const Decimal balance = figure(row.balance);
                 (balance.isNegative() ? liabilities : assets) += balance;
             }
         }
-        const SidebarView::Footer footer = sidebar.footer();
+        const SidebarContent::Footer& footer = sidebar->footer;
         EXPECT_EQ(figure(footer.assets.substr(footer.assets.find(' '))), assets);
         EXPECT_EQ(figure(footer.liabilities.substr(footer.liabilities.find(' '))), liabilities);
         EXPECT_EQ(figure(footer.netWorth), assets + liabilities);

@@ -31,7 +31,7 @@ protected:
         });
     }
     [[nodiscard]] int badge(SidebarItem::Kind kind) const {
-        const auto rows = view.overview();
+        const auto rows = view.content()->overview;
         return std::find_if(rows.begin(), rows.end(),
                             [kind](const auto& row) { return row.item.kind == kind; })
             ->badge;
@@ -58,7 +58,7 @@ protected:
 };
 
 TEST_F(SidebarViewTest, ListsTheOverviewWithIcons) {
-    const auto rows = view.overview();
+    const auto rows = view.content()->overview;
     ASSERT_EQ(rows.size(), 7U);
     EXPECT_EQ(rows[1].title, "Bills & Income");
     EXPECT_EQ(rows[1].symbolName, "calendar.badge.clock");
@@ -79,7 +79,7 @@ TEST_F(SidebarViewTest, GroupsAccountsInTheOrderOfTheGroups) {
     add(makeAccount("Visa", AccountType::creditCard));
     add(makeAccount("zebra"));
     add(makeAccount("Apple"));
-    const auto sections = view.sections();
+    const auto sections = view.content()->sections;
     ASSERT_EQ(sections.size(), 3U);
     EXPECT_EQ(sections[0].title, "Banking");
     ASSERT_EQ(sections[0].rows.size(), 2U);
@@ -92,11 +92,11 @@ TEST_F(SidebarViewTest, HasNoSectionForAGroupOfOnlyClosedAccounts) {
     Account account = makeAccount("Old Card", AccountType::creditCard);
     account.isClosed = true;
     add(account);
-    EXPECT_TRUE(view.sections().empty());
+    EXPECT_TRUE(view.content()->sections.empty());
     view.toggleClosedAccounts();
     EXPECT_TRUE(view.showsClosedAccounts());
-    ASSERT_EQ(view.sections().size(), 1U);
-    EXPECT_TRUE(view.sections()[0].rows[0].isClosed);
+    ASSERT_EQ(view.content()->sections.size(), 1U);
+    EXPECT_TRUE(view.content()->sections[0].rows[0].isClosed);
     EXPECT_TRUE(test.defaults.get(settings::showClosedAccounts));
 }
 
@@ -107,14 +107,14 @@ TEST_F(SidebarViewTest, ShowsTheBalanceOfAClosedAccountToo) {
     account.openingBalance = amount("12.5");
     add(account);
     view.toggleClosedAccounts();
-    EXPECT_NE(view.sections()[0].rows[0].balance.find("12.50"), std::string::npos);
+    EXPECT_NE(view.content()->sections[0].rows[0].balance.find("12.50"), std::string::npos);
 }
 
 TEST_F(SidebarViewTest, TellsANegativeBalance) {
     Account account = makeAccount("Visa", AccountType::creditCard);
     account.openingBalance = amount("-50");
     add(account);
-    EXPECT_TRUE(view.sections()[0].rows[0].isNegative);
+    EXPECT_TRUE(view.content()->sections[0].rows[0].isNegative);
 }
 
 TEST_F(SidebarViewTest, TellsHowMuchOfTheLimitIsUsed) {
@@ -174,7 +174,7 @@ TEST_F(SidebarViewTest, SumsUpInTheFooter) {
     Account card = makeAccount("Visa", AccountType::creditCard);
     card.openingBalance = amount("-1250");
     add(card);
-    const SidebarView::Footer footer = view.footer();
+    const SidebarContent::Footer footer = view.content()->footer;
     EXPECT_TRUE(footer.isNegative);
     EXPECT_NE(footer.netWorth.find("250.00"), std::string::npos);
     EXPECT_EQ(footer.assets.rfind("Assets ", 0), 0U);

@@ -20,7 +20,7 @@ protected:
 
 TEST_F(WelcomeViewTest, BeginsWithTheCurrencyOfTheLocale) {
     EXPECT_EQ(view.currency(), defaultCurrencyCode());
-    EXPECT_FALSE(view.hasChosen());
+    EXPECT_FALSE(view.content()->hasChosen);
 }
 
 TEST_F(WelcomeViewTest, OffersEveryCurrencyByCodeAndName) {
@@ -38,7 +38,7 @@ TEST_F(WelcomeViewTest, StartsFreshInTheChosenCurrency) {
     EXPECT_EQ(test.library().currencyCode, "EUR");
     EXPECT_FALSE(test.library().categories.empty());
     EXPECT_TRUE(test.library().accounts.empty());
-    EXPECT_TRUE(view.hasChosen());
+    EXPECT_TRUE(view.content()->hasChosen);
     EXPECT_FALSE(test.undoManager->canUndo());
 }
 
@@ -48,7 +48,7 @@ TEST_F(WelcomeViewTest, BeginsWithASampleHouseholdInTheChosenCurrency) {
     EXPECT_EQ(test.library().currencyCode, "EUR");
     EXPECT_FALSE(test.library().accounts.empty());
     EXPECT_FALSE(test.library().transactions.empty());
-    EXPECT_TRUE(view.hasChosen());
+    EXPECT_TRUE(view.content()->hasChosen);
     EXPECT_FALSE(test.undoManager->canUndo());
     EXPECT_FALSE(fileExists(test.files, TestEnvironment::dataFile));
 }
@@ -65,7 +65,7 @@ TEST_F(WelcomeViewTest, KeepsNothingOfAFirstChoiceThatWasTakenBack) {
     view.setCurrency("EUR");
     view.startFresh();
     view.goBack();
-    EXPECT_FALSE(view.hasChosen());
+    EXPECT_FALSE(view.content()->hasChosen);
     view.setCurrency("JPY");
     view.startFresh();
     EXPECT_EQ(test.library().currencyCode, "JPY");
@@ -79,7 +79,7 @@ TEST_F(WelcomeViewTest, OpensTheLibraryWithoutAPassword) {
     EXPECT_EQ(test.panels.confirmations[0].title, "Keep your data unencrypted?");
     EXPECT_TRUE(test.store->accessState().isOpen());
     EXPECT_TRUE(fileExists(test.files, TestEnvironment::dataFile));
-    EXPECT_FALSE(view.errorText());
+    EXPECT_FALSE(view.content()->errorText);
 }
 
 TEST_F(WelcomeViewTest, StaysWhenTheQuestionIsDismissed) {
@@ -87,7 +87,7 @@ TEST_F(WelcomeViewTest, StaysWhenTheQuestionIsDismissed) {
     view.startFresh();
     view.useNoPassword();
     EXPECT_FALSE(test.store->accessState().isOpen());
-    EXPECT_TRUE(view.hasChosen());
+    EXPECT_TRUE(view.content()->hasChosen);
 }
 
 TEST_F(WelcomeViewTest, TellsWhyTheFileCouldNotBeWritten) {
@@ -95,8 +95,8 @@ TEST_F(WelcomeViewTest, TellsWhyTheFileCouldNotBeWritten) {
     test.files.failAll(InMemoryFileSystem::Call::open, ENOSPC);
     view.useNoPassword();
     EXPECT_FALSE(test.store->accessState().isOpen());
-    ASSERT_TRUE(view.errorText());
-    EXPECT_FALSE(view.errorText()->empty());
+    ASSERT_TRUE(view.content()->errorText);
+    EXPECT_FALSE(view.content()->errorText->empty());
 }
 
 TEST_F(WelcomeViewTest, SurvivesAnAnswerThatComesAfterItIsGone) {
@@ -112,6 +112,7 @@ TEST_F(WelcomeViewTest, SurvivesAnAnswerThatComesAfterItIsGone) {
 }
 
 TEST_F(WelcomeViewTest, TellsOfEachStep) {
+    ASSERT_FALSE(view.content()->hasChosen);
     int notices = 0;
     const Subscription watching = view.changed.observe([&] { ++notices; });
     view.startFresh();
