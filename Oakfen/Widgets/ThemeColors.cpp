@@ -115,6 +115,7 @@ QPushButton:default:focus, QPushButton[prominent="true"]:focus { border: 2px sol
 QPushButton:default:disabled, QPushButton[prominent="true"]:disabled {
     background: @surfaceRaised; color: @disabledText; border-color: @border; }
 QPushButton[destructive="true"] { color: @negative; }
+QPushButton[destructive="true"]:disabled { color: @disabledText; }
 QPushButton[destructive="true"]:default { background: @negative; color: @surface;
     border-color: @negative; }
 QPushButton[link="true"] { background: transparent; border: 1px solid transparent; color: @accent;

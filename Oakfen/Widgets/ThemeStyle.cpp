@@ -16,10 +16,10 @@ constexpr qreal buttonRadius = 5;
 constexpr int comboPadding = 4;
 
 /// As high as a text field, so that the fields of a form are all of one height.
-int fieldHeight(const QStyleOption& option) {
+int fieldHeight(const QFontMetrics& metrics) {
     constexpr int leastTextHeight = 20;
     constexpr int paddingAndFrame = 8;
-    return std::max(leastTextHeight, option.fontMetrics.height()) + paddingAndFrame;
+    return std::max(leastTextHeight, metrics.height()) + paddingAndFrame;
 }
 
 void drawPanel(QPainter* painter, const QRect& rect, const QColor& fill, const QColor& border) {
@@ -54,6 +54,14 @@ QColor buttonColor(const QStyleOption& option) {
     }
     return Theme::color(option.state.testFlag(QStyle::State_MouseOver) ? ThemeColor::surfaceRaised
                                                                        : ThemeColor::surface);
+}
+
+/// A sign of that size in the middle of its place.
+void drawSign(QPainter* painter, const QRect& place, int size, const char* symbol, bool enabled) {
+    const QRect box(place.center().x() - (size / 2) + 1, place.center().y() - (size / 2) + 1, size,
+                    size);
+    symbolIcon(symbol, ThemeColor::secondaryText)
+        .paint(painter, box, Qt::AlignCenter, enabled ? QIcon::Normal : QIcon::Disabled);
 }
 
 void drawCheckBox(const QStyleOption& option, QPainter* painter) {
@@ -129,6 +137,11 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
 
 void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                     QPainter* painter, const QWidget* widget) const {
+    const auto* stepper = qstyleoption_cast<const QStyleOptionSpinBox*>(option);
+    if (control == CC_SpinBox && stepper != nullptr && stepper->frame) {
+        drawStepper(*stepper, painter, widget);
+        return;
+    }
     const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
     if (control != CC_ComboBox || combo == nullptr || !combo->frame) {
         QProxyStyle::drawComplexControl(control, option, painter, widget);
@@ -139,12 +152,24 @@ void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
               isField ? Theme::color(ThemeColor::surface) : buttonColor(*combo),
               borderColor(*combo));
     constexpr int arrowSize = 10;
-    const QRect arrow = proxy()->subControlRect(CC_ComboBox, combo, SC_ComboBoxArrow, widget);
-    const QRect box(arrow.center().x() - (arrowSize / 2) + 1,
-                    arrow.center().y() - (arrowSize / 2) + 1, arrowSize, arrowSize);
-    symbolIcon("chevron.down", ThemeColor::secondaryText)
-        .paint(painter, box, Qt::AlignCenter,
-               combo->state.testFlag(State_Enabled) ? QIcon::Normal : QIcon::Disabled);
+    drawSign(painter, proxy()->subControlRect(CC_ComboBox, combo, SC_ComboBoxArrow, widget),
+             arrowSize, "chevron.down", combo->state.testFlag(State_Enabled));
+}
+
+void ThemeStyle::drawStepper(const QStyleOptionSpinBox& option, QPainter* painter,
+                             const QWidget* widget) const {
+    const bool enabled = option.state.testFlag(State_Enabled);
+    drawPanel(painter, option.rect,
+              Theme::color(enabled ? ThemeColor::surface : ThemeColor::window),
+              borderColor(option));
+    constexpr int arrowSize = 8;
+    const auto drawArrow = [&](SubControl part, QAbstractSpinBox::StepEnabledFlag step,
+                               const char* symbol) {
+        drawSign(painter, proxy()->subControlRect(CC_SpinBox, &option, part, widget), arrowSize,
+                 symbol, enabled && option.stepEnabled.testFlag(step));
+    };
+    drawArrow(SC_SpinBoxUp, QAbstractSpinBox::StepUpEnabled, "chevron.up");
+    drawArrow(SC_SpinBoxDown, QAbstractSpinBox::StepDownEnabled, "chevron.down");
 }
 
 void ThemeStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
@@ -185,9 +210,7 @@ QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption* option
     const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
     switch (type) {
     case CT_ComboBox:
-        return {size.width() + (2 * comboPadding), fieldHeight(*option)};
-    case CT_SpinBox:
-        return {size.width(), fieldHeight(*option)};
+        return {size.width() + (2 * comboPadding), fieldHeight(option->fontMetrics)};
     default:
         return size;
     }
@@ -196,8 +219,9 @@ QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption* option
 QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                                  SubControl subControl, const QWidget* widget) const {
     const QRect rect = QProxyStyle::subControlRect(control, option, subControl, widget);
-    const bool isComboText = control == CC_ComboBox && subControl == SC_ComboBoxEditField;
-    return isComboText ? rect.adjusted(comboPadding, 0, 0, 0) : rect;
+    const bool isText = (control == CC_ComboBox && subControl == SC_ComboBoxEditField) ||
+                        (control == CC_SpinBox && subControl == SC_SpinBoxEditField);
+    return isText ? rect.adjusted(comboPadding, 0, 0, 0) : rect;
 }
 
 void ThemeStyle::polish(QWidget* widget) {
@@ -205,6 +229,11 @@ void ThemeStyle::polish(QWidget* widget) {
     if (auto* combo = qobject_cast<QComboBox*>(widget)) {
         // Wider than high: the picture stands in the middle.
         combo->setIconSize({22, 16});
+    }
+    if (const auto* stepper = qobject_cast<QAbstractSpinBox*>(widget);
+        stepper != nullptr && stepper->hasFrame()) {
+        // Beneath a style sheet the toolkit doesn't ask for the size of these.
+        widget->setMinimumHeight(fieldHeight(widget->fontMetrics()));
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include <QProxyStyle>
 
+class QStyleOptionSpinBox;
+
 namespace oakfen {
 
 /// Fusion with flat buttons, quiet frames and thin focus rings in the theme's colours.
@@ -27,11 +29,16 @@ public:
     /// Our own icons in the toolkit's dialogs.
     QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
                        const QWidget* widget) const override;
-    /// Sets the picture of a choice a little apart from its words.
+    /// Sets the picture of a choice a little apart from its words, and makes a stepper as high as
+    /// other fields.
     void polish(QWidget* widget) override;
     using QProxyStyle::polish;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* returnData) const override;
+
+private:
+    void drawStepper(const QStyleOptionSpinBox& option, QPainter* painter,
+                     const QWidget* widget) const;
 };
 
 } // namespace oakfen

@@ -315,6 +315,18 @@ TEST_F(Forms, AreWalkedThroughWithTabInTheOrderOfDeclaration) {
     EXPECT_THAT(testing::stepsAgainstReadingOrder(form), IsEmpty());
 }
 
+TEST_F(Forms, HaveFieldsOfOneHeight) {
+    rented().click();
+    QApplication::processEvents();
+    const int height = field<QLineEdit>("Slip").height();
+    EXPECT_EQ(field<QLineEdit>("Password").height(), height);
+    EXPECT_EQ(field<AmountField>("Price").height(), height);
+    EXPECT_EQ(field<DateField>("Due").height(), height);
+    EXPECT_EQ(field<AccountPicker>("Pay From").height(), height);
+    EXPECT_EQ(field<QComboBox>("Repeats").height(), height);
+    EXPECT_EQ(field<StepField>("Every").height(), height);
+}
+
 TEST_F(Forms, BeginWithTheFirstFieldThatTakesTheKeyboard) {
     form.focusFirst();
     EXPECT_TRUE(field<QLineEdit>("Name").hasFocus());
