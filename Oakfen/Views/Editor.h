@@ -21,8 +21,8 @@ struct SecondAction {
 };
 
 /// What all sheets that edit one thing have in common: they work on a draft, and the document
-/// changes only with `save` and `performDelete`. What the sheet is called, whether it can be saved
-/// and what stands in the way is said here, once; a widget shows it.
+/// changes only with `save`, the second action and `performDelete`. What the sheet is called,
+/// whether it can be saved and what stands in the way is said here, once; a widget shows it.
 class Editor {
 public:
     Editor& operator=(const Editor&) = delete;
