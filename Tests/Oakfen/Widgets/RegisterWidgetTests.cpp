@@ -153,6 +153,29 @@ TEST_F(LongRegisterWindow, ScrollsToAnEntryThatWasSavedJustNow) {
     EXPECT_EQ(cell(widget->table()->currentIndex().row(), "payee"), "Old");
 }
 
+TEST_F(LongRegisterWindow, KeepsSelectedWhatIsStillShownOfAWholeTable) {
+    const auto drawnAsSelected = [this] {
+        UUIDSet ids;
+        for (const QModelIndex& each : widget->table()->selectionModel()->selectedRows()) {
+            ids.insert(widget->view().content()->table->id(static_cast<std::size_t>(each.row())));
+        }
+        return ids;
+    };
+    press(Qt::Key_A, Qt::ControlModifier);
+    ASSERT_EQ(selection().size(), 204U);
+    widget->view().sortBy("payee");
+    EXPECT_EQ(selection().size(), 204U);
+    EXPECT_EQ(drawnAsSelected(), selection());
+    QTest::keyClicks(widget->searchField(), QStringLiteral("entry"));
+    EXPECT_EQ(selection().size(), 200U);
+    EXPECT_EQ(drawnAsSelected(), selection());
+    widget->searchField()->clear();
+    EXPECT_EQ(selection().size(), 200U);
+    EXPECT_EQ(drawnAsSelected(), selection());
+    widget->view().sortBy("date");
+    EXPECT_EQ(drawnAsSelected(), selection());
+}
+
 TEST_F(RegisterWindow, AsksWithTheDeleteKeyAndDeletes) {
     click(2, "payee");
     press(Qt::Key_Delete);
