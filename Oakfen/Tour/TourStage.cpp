@@ -1,8 +1,6 @@
 #include "Oakfen/Tour/TourStage.h"
 
 #include <QApplication>
-#include <QDialog>
-#include <QPainter>
 #include <QPixmap>
 #include <utility>
 
@@ -56,23 +54,7 @@ QPixmap TourStage::picture() {
     settle();
     // The picture is of the end of whatever fades.
     qDeleteAll(window_.findChildren<CrossFade*>());
-    QPixmap picture = window_.grab();
-    for (QDialog* dialog : window_.findChildren<QDialog*>()) {
-        if (!dialog->isVisible()) {
-            continue;
-        }
-        const QPixmap sheet = dialog->grab();
-        const QSize size = sheet.deviceIndependentSize().toSize();
-        const QRect place(
-            QPoint((window_.width() - size.width()) / 2, (window_.height() - size.height()) / 2),
-            size);
-        QPainter painter(&picture);
-        painter.fillRect(QRect(QPoint(), window_.size()), QColor(0, 0, 0, 80));
-        painter.drawPixmap(place.topLeft(), sheet);
-        painter.setPen(QColor(0, 0, 0, 120));
-        painter.drawRect(place.adjusted(-1, -1, 0, 0));
-    }
-    return picture;
+    return window_.grab();
 }
 
 } // namespace oakfen

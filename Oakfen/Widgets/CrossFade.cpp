@@ -5,13 +5,7 @@
 
 namespace oakfen {
 
-namespace {
-
-constexpr int durationInMilliseconds = 250;
-
-} // namespace
-
-CrossFade::CrossFade(QWidget& over)
+CrossFade::CrossFade(QWidget& over, std::chrono::milliseconds duration)
     : QWidget(&over), before_(over.grab()), fade_(new QVariantAnimation(this)) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setGeometry(over.rect());
@@ -19,7 +13,7 @@ CrossFade::CrossFade(QWidget& over)
     raise();
     fade_->setStartValue(1.0);
     fade_->setEndValue(0.0);
-    fade_->setDuration(durationInMilliseconds);
+    fade_->setDuration(static_cast<int>(duration.count()));
     fade_->setEasingCurve(QEasingCurve::InOutQuad);
     connect(fade_, &QVariantAnimation::valueChanged, this, qOverload<>(&QWidget::update));
     connect(fade_, &QVariantAnimation::finished, this, &QObject::deleteLater);

@@ -2,6 +2,7 @@
 
 #include <QPixmap>
 #include <QWidget>
+#include <chrono>
 
 class QVariantAnimation;
 
@@ -15,7 +16,8 @@ class CrossFade final : public QWidget {
 
 public:
     /// Begins at once. Must be on the heap.
-    explicit CrossFade(QWidget& over);
+    explicit CrossFade(QWidget& over,
+                       std::chrono::milliseconds duration = std::chrono::milliseconds(250));
 
 protected:
     void paintEvent(QPaintEvent* event) override;

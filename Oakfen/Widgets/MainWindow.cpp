@@ -23,6 +23,7 @@
 #include "Oakfen/Widgets/MenuBar.h"
 #include "Oakfen/Widgets/MessageBox.h"
 #include "Oakfen/Widgets/NoticeWidget.h"
+#include "Oakfen/Widgets/SheetHost.h"
 #include "Oakfen/Widgets/SheetPresenter.h"
 #include "Oakfen/Widgets/SidebarWidget.h"
 #include "Oakfen/Widgets/Theme.h"
@@ -51,7 +52,8 @@ MainWindow::MainWindow(AppEnvironment& environment, std::function<void()> reques
     setAcceptDrops(true);
     buildContent();
     buildMenuBar();
-    new SheetPresenter(environment_, this);
+    sheets_ = new SheetHost(*this, *centralWidget());
+    new SheetPresenter(environment_, *sheets_);
     alerts_ = new AlertPresenter(environment_, this);
     new ContextMenuKey(this);
     restoreState();
@@ -63,6 +65,11 @@ MainWindow::MainWindow(AppEnvironment& environment, std::function<void()> reques
         environment_.defaults.observe(settings::requireAuthentication, [this] { refreshCover(); }));
     subscriptions_.push_back(state.busyChanged.observe(
         [this] { pill_->setMessage(environment_.appState.busyMessage()); }));
+    const auto lookChanged = [this] { sheets_->refreshLater(); };
+    for (Observers<>* observers : {&environment_.store.libraryChanged, &state.selectionChanged,
+                                   &state.noticeChanged, &state.busyChanged}) {
+        subscriptions_.push_back(observers->observe(lookChanged));
+    }
     refreshCover();
     if (splitter_->isEnabled()) {
         sidebar_->setFocus();
@@ -145,12 +152,21 @@ void MainWindow::refreshCover() {
     const bool isObscured = cover != Cover::none;
     const bool isRevealed = !isObscured && !splitter_->isEnabled();
     if (isVisible() && cover != cover_) {
-        new CrossFade(*centralWidget());
+        // A sheet lies over the menus too.
+        new CrossFade(environment_.appState.sheet() ? static_cast<QWidget&>(*this)
+                                                    : *centralWidget());
     }
     cover_ = cover;
     splitter_->setEnabled(!isObscured);
+    if (isObscured) {
+        sheets_->setObscured(true);
+    }
     gate_->refresh();
-    if (isRevealed) {
+    if (!isObscured) {
+        // Once the cover is gone, of which the sheet would else show a picture.
+        sheets_->setObscured(false);
+    }
+    if (isRevealed && !environment_.appState.sheet()) {
         sidebar_->setFocus();
     }
 }
@@ -178,7 +194,9 @@ void MainWindow::changeEvent(QEvent* event) {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
-    requestQuit_();
+    if (canClose(environment_)) {
+        requestQuit_();
+    }
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {

@@ -17,6 +17,7 @@ class BusyPill;
 class GateWidget;
 class MenuBar;
 class NoticeWidget;
+class SheetHost;
 class SidebarWidget;
 
 /// The one window: sidebar beside detail area, what covers them, the menu bar, alerts and sheets.
@@ -56,6 +57,7 @@ private:
     BusyPill* pill_ = nullptr;
     NoticeWidget* notice_ = nullptr;
     MenuBar* menu_ = nullptr;
+    SheetHost* sheets_ = nullptr;
     AlertPresenter* alerts_ = nullptr;
     std::vector<Subscription> subscriptions_;
 };

@@ -57,7 +57,7 @@ void PayeeField::handleReturn(QKeyEvent* event) {
     list->hide();
     if ((event->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) {
         // The list had the keyboard, so the key would not reach the sheet by itself.
-        event->setAccepted(wasOffering && QApplication::sendEvent(window(), event));
+        event->setAccepted(wasOffering && QApplication::sendEvent(parentWidget(), event));
     } else if (offered.isValid()) {
         takeSuggestion(offered.data().toString());
     } else if (!returned() && !wasOffering) {

@@ -1,11 +1,13 @@
 #include "Oakfen/Widgets/SheetPresenter.h"
 
+#include "Oakfen/Widgets/Components/SheetScaffold.h"
+#include "Oakfen/Widgets/SheetHost.h"
 #include "Oakfen/Widgets/SheetRouter.h"
 
 namespace oakfen {
 
-SheetPresenter::SheetPresenter(AppEnvironment& environment, QWidget* window)
-    : QObject(window), environment_(environment), window_(window) {
+SheetPresenter::SheetPresenter(AppEnvironment& environment, SheetHost& host)
+    : QObject(&host), environment_(environment), host_(host) {
     subscription_ = environment_.appState.sheetChanged.observe([this] { refresh(); });
 }
 
@@ -15,26 +17,29 @@ void SheetPresenter::refresh() {
         return;
     }
     shown_ = wanted;
-    if (dialog_ != nullptr) {
-        dialog_->disconnect(this);
-        dialog_->close();
-        dialog_ = nullptr;
-    }
+    putAway();
     if (!wanted) {
         return;
     }
-    dialog_ = makeSheet(environment_, *wanted, window_);
-    if (dialog_ == nullptr) {
+    sheet_ = makeSheet(environment_, *wanted, host_.window());
+    if (sheet_ == nullptr) {
         environment_.appState.setSheet(std::nullopt);
         return;
     }
-    dialog_->setWindowModality(Qt::WindowModal);
-    dialog_->setAttribute(Qt::WA_DeleteOnClose);
-    connect(dialog_, &QDialog::finished, this, [this] {
-        dialog_ = nullptr;
-        environment_.appState.setSheet(std::nullopt);
-    });
-    dialog_->open();
+    connect(sheet_, &QDialog::finished, this,
+            [this] { environment_.appState.setSheet(std::nullopt); });
+    host_.open(*sheet_);
+}
+
+void SheetPresenter::putAway() {
+    if (sheet_ == nullptr) {
+        return;
+    }
+    sheet_->disconnect(this);
+    host_.closeSheet();
+    // It may be in the middle of telling that it has finished.
+    sheet_->deleteLater();
+    sheet_ = nullptr;
 }
 
 } // namespace oakfen

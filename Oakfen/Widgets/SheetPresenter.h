@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include <QObject>
 #include <QPointer>
 #include <optional>
 
@@ -8,21 +8,24 @@
 
 namespace oakfen {
 
-/// Opens the dialog of the sheet that the application's state names, and tells the state when the
-/// dialog is closed.
+class SheetHost;
+class SheetScaffold;
+
+/// Opens the sheet that the application's state names, and tells the state when it is closed.
 class SheetPresenter final : public QObject {
     Q_OBJECT
 
 public:
-    SheetPresenter(AppEnvironment& environment, QWidget* window);
+    SheetPresenter(AppEnvironment& environment, SheetHost& host);
 
 private:
     void refresh();
+    void putAway();
 
     AppEnvironment& environment_;
-    QWidget* window_;
+    SheetHost& host_;
     std::optional<ActiveSheet> shown_;
-    QPointer<QDialog> dialog_;
+    QPointer<SheetScaffold> sheet_;
     Subscription subscription_;
 };
 

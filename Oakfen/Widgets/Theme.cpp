@@ -101,6 +101,10 @@ void Theme::setTrait(QWidget& widget, const char* trait, const QVariant& value) 
     widget.style()->polish(&widget);
 }
 
+bool Theme::animates() {
+    return QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) > 0;
+}
+
 QColor Theme::chartColor(std::size_t series) {
     // Blue, teal, orange, pink, purple, green, indigo, yellow, mint, brown, cyan, red.
     static constexpr std::array<QRgb, 12> light = {0xFF2F6FD0, 0xFF0F8A8A, 0xFFD9730D, 0xFFD1437F,

@@ -18,6 +18,7 @@ enum class ThemeColor {
     window,        ///< behind everything
     surface,       ///< tables, cards, fields
     surfaceRaised, ///< headers, footers, the sidebar
+    sheet,         ///< beneath the fields of a sheet
     border,
     text,
     secondaryText, ///< still readable: at least 4.5:1 on every surface
@@ -29,6 +30,8 @@ enum class ThemeColor {
     positive,    ///< green
     warning,     ///< orange
     information, ///< blue
+    scrim,       ///< over what a sheet covers
+    shadow,      ///< of a sheet, where it is deepest
 };
 
 enum class TextStyle { body, bodyStrong, caption, captionStrong, headline, title, largeFigure };
@@ -39,6 +42,7 @@ public:
     /// Distances are multiples of this, in device-independent pixels.
     static constexpr int grid = 8;
     static constexpr int cornerRadius = 6;
+    static constexpr int sheetRadius = 10;
     static constexpr int tableRowHeight = 28;
 
     /// Gives the application its style, palette, font and the one style sheet, and follows the
@@ -53,6 +57,8 @@ public:
     static void setText(QLabel& label, TextStyle style, ThemeColor role = ThemeColor::text);
     /// Sets a property that the style sheet looks at ("prominent", "destructive", "link").
     static void setTrait(QWidget& widget, const char* trait, const QVariant& value = true);
+    /// Whether things may move on this desktop.
+    [[nodiscard]] static bool animates();
     /// The twelve colours of chart series, in order; the list starts again after the last.
     [[nodiscard]] static QColor chartColor(std::size_t series);
 };

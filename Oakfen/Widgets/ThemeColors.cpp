@@ -17,6 +17,8 @@ Pair colors(ThemeColor role) {
         return {0xFFFFFFFF, 0xFF1E2125};
     case ThemeColor::surfaceRaised:
         return {0xFFEDEFF1, 0xFF24282D};
+    case ThemeColor::sheet:
+        return {0xFFF6F7F8, 0xFF24282D};
     case ThemeColor::border:
         return {0xFFD9DCE0, 0xFF383D44};
     case ThemeColor::text:
@@ -39,6 +41,10 @@ Pair colors(ThemeColor role) {
         return {0xFF8F5200, 0xFFF0B55F};
     case ThemeColor::information:
         return {0xFF1B5BB8, 0xFF86B6F7};
+    case ThemeColor::scrim:
+        return {0x66101418, 0x8C000000};
+    case ThemeColor::shadow:
+        return {0x47101418, 0x66000000};
     }
     return {0xFF000000, 0xFFFFFFFF};
 }
@@ -47,7 +53,7 @@ Pair colors(ThemeColor role) {
 
 QColor themeColor(ThemeColor role, bool dark) {
     const Pair pair = colors(role);
-    return QColor::fromRgb(dark ? pair.dark : pair.light);
+    return QColor::fromRgba(dark ? pair.dark : pair.light);
 }
 
 QPalette themePalette(bool dark) {

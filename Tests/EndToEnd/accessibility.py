@@ -43,16 +43,22 @@ def is_usable(node):
 
 
 def find(role, name, within=None):
-    """The last control of that role and name that can be used now: a sheet or a question comes after
-    the window that it covers. `within` names the window to look in."""
+    """The last control of that role and name that can be used now: a question comes after the window
+    that it covers. `within` names the window or the sheet to look in."""
     def look():
-        root = application()
-        if within is not None:
-            root = [window for window in root if window.name == within][-1]
+        root = application() if within is None else place(within)
         found = [node for node in everything(root)
                  if node.getRoleName() == role and node.name == name and is_usable(node)]
         return found[-1] if found else None
     return eventually(f"the {role} “{name}”", look)
+
+
+def place(name):
+    """The last window or sheet of that name."""
+    windows = [window for window in application() if window.name == name]
+    sheets = [node for node in everything(application())
+              if node.getRoleName() == "dialog" and node.name == name and is_usable(node)]
+    return (windows + sheets)[-1]
 
 
 def exists(role, name):

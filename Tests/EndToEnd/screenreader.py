@@ -101,6 +101,21 @@ def follow_the_focus(desktop):
     eventually("the next row", lambda: screen.focused_below(table).getIndexInParent() > place)
 
 
+def work_in_a_sheet(desktop):
+    """A sheet is a dialog with a name, has the focus, and hides what lies beneath."""
+    desktop.key("ctrl+shift+n")
+    sheet = screen.find("dialog", "New Account")
+    eventually("the focus in the sheet", lambda: screen.focused_below(sheet).name == "Name")
+    for role, name in (("table", "Transactions"), ("tree", "Screens and accounts")):
+        assert not screen.exists(role, name), screen.describe()
+    for _ in range(20):
+        desktop.key("Tab")
+    eventually("the focus still in the sheet", lambda: screen.focused_below(sheet))
+    desktop.key("Escape")
+    screen.find("table", "Transactions")
+    assert not screen.exists("dialog", "New Account")
+
+
 def main():
     with Desktop() as desktop:
         program = desktop.start(sys.argv[1], "--sample")
@@ -113,6 +128,7 @@ def main():
         check_names()
         check_reading_order()
         follow_the_focus(desktop)
+        work_in_a_sheet(desktop)
         assert stop(program) == 0, "the program did not end well"
     print(f"Heard: {', '.join(text for text in row.values() if text)}; today {balance}.")
 

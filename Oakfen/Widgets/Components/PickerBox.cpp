@@ -111,7 +111,7 @@ bool PickerBox::leaveListByKey(QKeyEvent& event) {
         }
         // The list has the keyboard, so the key would not reach the sheet by itself.
         takeMatch();
-        QApplication::sendEvent(window(), &event);
+        QApplication::sendEvent(parentWidget(), &event);
         return true;
     default:
         return false;

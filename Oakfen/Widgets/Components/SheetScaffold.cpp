@@ -8,6 +8,7 @@
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/EntryField.h"
 #include "Oakfen/Widgets/Components/PickerBox.h"
+#include "Oakfen/Widgets/Components/SheetBody.h"
 #include "Oakfen/Widgets/Theme.h"
 
 namespace oakfen {
@@ -29,28 +30,27 @@ QLabel* makeLabel(TextStyle style, ThemeColor color) {
 SheetScaffold::SheetScaffold(Panels& panels, const QString& title, const QString& primaryTitle,
                              QWidget* parent)
     : QDialog(parent), panels_(panels), title_(makeLabel(TextStyle::headline, ThemeColor::text)),
-      subtitle_(makeLabel(TextStyle::body, ThemeColor::secondaryText)), content_(new QVBoxLayout),
+      subtitle_(makeLabel(TextStyle::body, ThemeColor::secondaryText)), body_(new SheetBody),
       buttons_(new QHBoxLayout), problem_(makeLabel(TextStyle::caption, ThemeColor::negative)),
       cancel_(new QPushButton(tr("Cancel"))), primary_(new QPushButton(primaryTitle)) {
-    setWindowModality(Qt::WindowModal);
     setWindowTitle(title);
+    // Within a window the title of a window isn't read.
+    setAccessibleName(title);
     title_->setText(title);
     subtitle_->hide();
     problem_->hide();
     problem_->setContentsMargins(0, 0, 0, Theme::grid);
 
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(3 * Theme::grid, 5 * Theme::grid / 2, 3 * Theme::grid,
-                               5 * Theme::grid / 2);
+    layout->setContentsMargins(3 * Theme::grid, 3 * Theme::grid, 3 * Theme::grid, 3 * Theme::grid);
     layout->setSpacing(Theme::grid / 2);
     layout->addWidget(title_);
     layout->addWidget(subtitle_);
-    layout->addSpacing(Theme::grid);
-    layout->addLayout(content_, 1);
-    layout->addSpacing(Theme::grid);
+    layout->addSpacing(3 * Theme::grid / 2);
+    layout->addWidget(body_, 1);
+    layout->addSpacing(3 * Theme::grid / 2);
     layout->addWidget(problem_);
     layout->addLayout(buttons_);
-    content_->setSpacing(Theme::grid);
 
     buttons_->setSpacing(Theme::grid);
     buttons_->addStretch(1);
@@ -61,6 +61,15 @@ SheetScaffold::SheetScaffold(Panels& panels, const QString& title, const QString
     primary_->setDefault(true);
     connect(cancel_, &QPushButton::clicked, this, &QDialog::reject);
     connect(primary_, &QPushButton::clicked, this, [this] { savePressed(); });
+}
+
+void SheetScaffold::done(int result) {
+    Q_EMIT closing();
+    QDialog::done(result);
+}
+
+QVBoxLayout* SheetScaffold::content() const {
+    return body_->content();
 }
 
 void SheetScaffold::setSubtitle(const QString& subtitle) {
@@ -97,7 +106,7 @@ QFormLayout* SheetScaffold::addForm() {
     form->setVerticalSpacing(Theme::grid);
     form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    content_->addLayout(form);
+    content()->addLayout(form);
     return form;
 }
 

@@ -14,9 +14,11 @@ class QVBoxLayout;
 namespace oakfen {
 
 class EntryField;
+class SheetBody;
 
 /// The frame of every editor sheet: a title, what the sheet edits, and a row of buttons with one
-/// default; Escape cancels. A window-modal dialog that closes by accepting or rejecting.
+/// default; Escape cancels. Head and buttons stay in sight where what is edited has to scroll. A
+/// dialog that is shown inside its window and closes by accepting or rejecting.
 class SheetScaffold : public QDialog {
     Q_OBJECT
 
@@ -30,6 +32,12 @@ public:
     [[nodiscard]] QPushButton* secondButton() const { return second_; }
     /// Null for a sheet without a destructive action.
     [[nodiscard]] QPushButton* destructiveButton() const { return destructive_; }
+
+    void done(int result) override;
+
+Q_SIGNALS:
+    /// About to go, and still as the person sees it.
+    void closing();
 
 protected:
     /// What the primary button does before the sheet closes.
@@ -52,7 +60,7 @@ protected:
     /// Adds a button beside the primary one.
     QPushButton* addSecondButton(const QString& title);
     /// Where the sheet's own widgets go.
-    [[nodiscard]] QVBoxLayout* content() const { return content_; }
+    [[nodiscard]] QVBoxLayout* content() const;
     /// A form in the usual distances, added to the content.
     QFormLayout* addForm();
 
@@ -74,7 +82,7 @@ private:
     Panels& panels_;
     QLabel* title_;
     QLabel* subtitle_;
-    QVBoxLayout* content_;
+    SheetBody* body_;
     QHBoxLayout* buttons_;
     QLabel* problem_;
     QPushButton* cancel_;

@@ -13,6 +13,7 @@
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/AmountField.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
+#include "Oakfen/Widgets/Components/SheetScaffold.h"
 #include "Oakfen/Widgets/MainWindow.h"
 #include "Oakfen/Widgets/RegisterWidget.h"
 #include "Oakfen/Widgets/SheetRouter.h"

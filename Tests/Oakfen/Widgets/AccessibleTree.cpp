@@ -35,7 +35,8 @@ void collect(const QAccessibleInterface& parent, int depth, std::vector<Accessib
     const int count = std::min(parent.childCount(), mostChildren);
     for (int index = 0; index < count; ++index) {
         const QAccessibleInterface* child = parent.child(index);
-        const bool isWindow = child != nullptr && child->role() == QAccessible::Dialog;
+        const auto* widget = child != nullptr ? qobject_cast<QWidget*>(child->object()) : nullptr;
+        const bool isWindow = widget != nullptr && widget->isWindow();
         if (child == nullptr || child->state().invisible != 0 || isWindow) {
             continue;
         }

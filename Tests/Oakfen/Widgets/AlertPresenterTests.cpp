@@ -50,7 +50,7 @@ TEST_F(AlertPresenterTest, TellsOfASaveThatFailedUntilItIsDismissed) {
     EXPECT_EQ(shown<QMessageBox>(), nullptr);
 }
 
-TEST_F(AlertPresenterTest, ShowsAnAlertAgainThatWentAwayWithItsSheet) {
+TEST_F(AlertPresenterTest, KeepsAnAlertThatCameOverASheetWhenTheSheetGoes) {
     test->appState->setSheet(ActiveSheet{ActiveSheet::NewAccount{}});
     settle();
     test->appState->setAlertMessage("Something to know");

@@ -146,16 +146,25 @@ void SoakDriver::prepareAnswers() {
                                            std::to_string(10 + (cents % 90)) + "\n");
 }
 
+QWidget* SoakDriver::frontDialog() {
+    if (QWidget* modal = QApplication::activeModalWidget()) {
+        return modal;
+    }
+    const auto sheets = window_.findChildren<SheetScaffold*>();
+    const auto shown = std::ranges::find_if(sheets, &QWidget::isVisible);
+    return shown == sheets.end() ? nullptr : *shown;
+}
+
 QWidget& SoakDriver::front() {
-    QWidget* modal = QApplication::activeModalWidget();
-    return modal != nullptr ? *modal : window_;
+    QWidget* dialog = frontDialog();
+    return dialog != nullptr ? *dialog : window_;
 }
 
 template <typename Widget>
 std::vector<Widget*> SoakDriver::usable() {
     std::vector<Widget*> found;
     for (Widget* each : front().findChildren<Widget*>()) {
-        if (each->isVisible() && each->isEnabled() && each->window() == &front()) {
+        if (each->isVisible() && each->isEnabled() && each->window() == front().window()) {
             found.push_back(each);
         }
     }
@@ -422,7 +431,9 @@ void SoakDriver::requireHealthy() {
     require(index.library() == library(), "the index is of another document");
     requireEqualFigures(index, LibraryIndex(library(), index.now(), test_.clock.calendar()));
     const auto sheets = window_.findChildren<SheetScaffold*>();
-    const auto shown = std::ranges::count_if(sheets, &QWidget::isVisible);
+    // Beneath a lock the sheet is still there.
+    const auto shown =
+        std::ranges::count_if(sheets, [](const QWidget* each) { return !each->isHidden(); });
     require(shown == (test_.appState->sheet() ? 1 : 0), "the sheet and its dialog are out of step");
     require(front().isVisible() && front().isEnabled(), "what has the word can’t be used");
 }
@@ -434,14 +445,14 @@ void SoakDriver::closeEverything() {
         test_.scheduler.advance(1);
         settle();
         QWidget* popup = QApplication::activePopupWidget();
-        QWidget* modal = QApplication::activeModalWidget();
-        if (popup == nullptr && modal == nullptr) {
+        QWidget* dialog = frontDialog();
+        if (popup == nullptr && dialog == nullptr) {
             return;
         }
-        QTest::keyClick(popup != nullptr ? popup : modal, Qt::Key_Escape);
+        QTest::keyClick(popup != nullptr ? popup : dialog, Qt::Key_Escape);
     }
     throw std::runtime_error(std::string("a dialog stays: ") +
-                             QApplication::activeModalWidget()->metaObject()->className());
+                             frontDialog()->metaObject()->className());
 }
 
 int SoakDriver::undoEverything() {

@@ -59,7 +59,9 @@ private:
     [[nodiscard]] const auto& oneOf(const Values& values) {
         return values[below(values.size())];
     }
-    /// The dialog that has the word now, else the window.
+    /// The question or the sheet that has the word now, if any.
+    [[nodiscard]] QWidget* frontDialog();
+    /// That one, else the window.
     [[nodiscard]] QWidget& front();
     template <typename Widget>
     [[nodiscard]] std::vector<Widget*> usable();
