@@ -1,5 +1,6 @@
 #include "Oakfen/Widgets/BusyPill.h"
 
+#include <QBasicTimer>
 #include <QTimer>
 #include <chrono>
 
@@ -20,11 +21,12 @@ public:
 protected:
     void showEvent(QShowEvent* event) override {
         QWidget::showEvent(event);
-        timer_ = startTimer(std::chrono::milliseconds(90));
+        constexpr int millisecondsBetweenSteps = 90;
+        timer_.start(millisecondsBetweenSteps, this);
     }
     void hideEvent(QHideEvent* event) override {
         QWidget::hideEvent(event);
-        killTimer(timer_);
+        timer_.stop();
     }
     void timerEvent(QTimerEvent* /*event*/) override {
         step_ = (step_ + 1) % strokes;
@@ -49,7 +51,8 @@ protected:
 private:
     static constexpr int strokes = 8;
 
-    int timer_ = 0;
+    /// Told of hiding more often than of showing, beneath something that is hidden.
+    QBasicTimer timer_;
     int step_ = 0;
 };
 

@@ -44,6 +44,26 @@ TEST_F(BusyPillTest, ShowsTheMessageWhileTheWorkGoesOn) {
     EXPECT_FALSE(pill()->isVisible());
 }
 
+TEST_F(BusyPillTest, StopsTurningOnceHoweverOftenItIsHidden) {
+    static int warnings;
+    warnings = 0;
+    const auto before =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) {
+            warnings += text.contains(QStringLiteral("timer")) ? 1 : 0;
+        });
+    for (const bool isBeneathASheet : {false, true}) {
+        if (isBeneathASheet) {
+            test->appState->setSheet(ActiveSheet{ActiveSheet::NewAccount{}});
+        }
+        test->appState->setBusyMessage("Reading March.csv…");
+        waitOutTheDelay();
+        test->appState->setBusyMessage(std::nullopt);
+        settle();
+    }
+    qInstallMessageHandler(before);
+    EXPECT_EQ(warnings, 0);
+}
+
 TEST_F(BusyPillTest, LetsClicksThrough) {
     EXPECT_TRUE(pill()->testAttribute(Qt::WA_TransparentForMouseEvents));
     test->appState->setBusyMessage("Reading March.csv…");
