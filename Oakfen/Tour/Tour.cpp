@@ -3,6 +3,7 @@
 #include <QBuffer>
 #include <QPixmap>
 #include <QScopeGuard>
+#include <QSize>
 #include <QWidget>
 #include <utility>
 
@@ -17,6 +18,9 @@
 namespace oakfen {
 
 namespace {
+
+/// About the smallest that the window can be made on a usual screen.
+constexpr QSize smallSize(980, 650);
 
 /// Numbers the pictures in the order of the walk and writes them.
 class Album {
@@ -128,7 +132,7 @@ void walkTheScreens(Album& album, const Library& document) {
         walkTheSheets(album, stage, document.accounts.front());
         stage.appState().setSelection(SidebarItem::account(document.accounts.front().id));
         const QSize usualSize = stage.window().size();
-        stage.window().resize(stage.window().minimumSizeHint());
+        stage.window().resize(smallSize);
         album.add(stage, "screen-small");
         // The next windows take the size that the last one had.
         stage.window().resize(usualSize);

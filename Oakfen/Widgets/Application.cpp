@@ -47,6 +47,7 @@ public:
                              environment().store.saveNow();
                              environment().defaults.settle();
                          });
+        window_.resize(window_.size().boundedTo(window_.roomOnScreen()));
         window_.show();
     }
 

@@ -7,8 +7,11 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QScreen>
 #include <QSplitter>
+#include <QStyle>
 #include <QUrl>
+#include <QWindow>
 #include <utility>
 
 #include "Oakfen/FileActions.h"
@@ -56,6 +59,7 @@ MainWindow::MainWindow(AppEnvironment& environment, std::function<void()> reques
     new SheetPresenter(environment_, *sheets_);
     alerts_ = new AlertPresenter(environment_, this);
     new ContextMenuKey(this);
+    fitScreen();
     restoreState();
 
     AppState& state = environment_.appState;
@@ -85,7 +89,6 @@ MainWindow::~MainWindow() {
 
 void MainWindow::buildContent() {
     auto* root = new QWidget(this);
-    root->setMinimumSize(minimumContentSize);
     splitter_ = new QSplitter(root);
     splitter_->setHandleWidth(1);
     splitter_->setChildrenCollapsible(false);
@@ -126,6 +129,16 @@ void MainWindow::buildMenuBar() {
                          .toggleSidebar = [this] { setSidebarShown(sidebar_->isHidden()); }},
                         *menuBar());
     menuBar()->lower();
+}
+
+QSize MainWindow::roomOnScreen() const {
+    return screen()->availableSize() - QSize(0, style()->pixelMetric(QStyle::PM_TitleBarHeight));
+}
+
+void MainWindow::fitScreen() {
+    // What reaches below a small screen, such as the buttons of a sheet, nobody could press.
+    const QSize room = roomOnScreen() - QSize(0, menuBar()->sizeHint().height());
+    centralWidget()->setMinimumSize(minimumContentSize.boundedTo(room));
 }
 
 void MainWindow::restoreState() {
@@ -180,6 +193,8 @@ void MainWindow::present() {
 
 void MainWindow::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
+    connect(windowHandle(), &QWindow::screenChanged, this, &MainWindow::fitScreen,
+            Qt::UniqueConnection);
     // Not before the window is there: the alert belongs in front of it.
     QMetaObject::invokeMethod(alerts_, &AlertPresenter::start, Qt::QueuedConnection);
 }

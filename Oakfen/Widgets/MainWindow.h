@@ -31,6 +31,8 @@ public:
 
     /// Brings the window to the front.
     void present();
+    /// How large the window can be and still be seen whole, without its frame.
+    [[nodiscard]] QSize roomOnScreen() const;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -42,6 +44,8 @@ protected:
 private:
     void buildContent();
     void buildMenuBar();
+    /// Asks for no more room than the screen has.
+    void fitScreen();
     void restoreState();
     void saveState() const;
     void refreshCover();
