@@ -235,6 +235,8 @@ void Form::refresh() {
     for (FieldRow& row : rows_) {
         row.refresh();
     }
+    // At once, or the sheet would take the new height in a step of its own.
+    layout()->activate();
 }
 
 void Form::focusFirst() {
