@@ -90,7 +90,9 @@ TEST_F(FirstStartTest, LeavesAFileAsItWasWhenItsProtectionIsPutOff) {
     test->files.addFile(TestEnvironment::dataFile, bytes);
     test->store->retryLoading();
     settle();
-    QTest::mouseClick(button(QStringLiteral("Cancel")), Qt::LeftButton);
+    QPushButton* cancel = button(QStringLiteral("Cancel"));
+    ASSERT_NE(cancel, nullptr);
+    QTest::mouseClick(cancel, Qt::LeftButton);
     EXPECT_EQ(quitRequests, 1);
     // As at quitting.
     test->scheduler.advance(1);
