@@ -59,7 +59,7 @@ bool RegisterFilterTest::keeps(const RegisterRow& row) const {
     case RegisterFilter::uncleared:
         return row.cleared == ClearedState::uncleared;
     case RegisterFilter::uncategorized:
-        return row.categoryName == "Uncategorized";
+        return row.categoryName == uncategorizedName;
     case RegisterFilter::last30:
     case RegisterFilter::last90:
         return row.date >= start_;

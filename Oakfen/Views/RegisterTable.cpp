@@ -25,7 +25,7 @@ void dressPayee(Cell& cell, const Row& row, const CellContext& /*context*/) {
 void dressCategory(Cell& cell, const Row& row, const CellContext& /*context*/) {
     if (row.isTransfer) {
         cell.tone = TextTone::information;
-    } else if (row.categoryName == "Uncategorized") {
+    } else if (row.categoryName == uncategorizedName) {
         cell.tone = TextTone::warning;
     }
 }
