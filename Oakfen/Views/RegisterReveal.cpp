@@ -14,9 +14,8 @@ void RegisterView::reveal(const UUID& id) {
         return;
     }
     const UUID leg = entry->accountID == accountID_ ? id : entry->transferID.value_or(id);
-    const std::vector<RegisterRow>& all = rows().all;
-    const auto saved = std::ranges::find(all, leg, &RegisterRow::id);
-    if (saved == all.end()) {
+    const RegisterRow* saved = rows()->first([&](const RegisterRow& row) { return row.id == leg; });
+    if (saved == nullptr) {
         return;
     }
     if (rowTest().shows(*saved)) {
@@ -65,7 +64,7 @@ std::vector<UUID> RegisterView::stillHidden() const {
     const UUIDSet saved(hidden_.begin(), hidden_.end());
     UUIDSet hidden;
     RegisterRowTest test = rowTest();
-    for (const RegisterRow& row : rows().all) {
+    for (const RegisterRow& row : *rows()) {
         if (saved.contains(row.id) && !test.shows(row)) {
             hidden.insert(row.id);
         }

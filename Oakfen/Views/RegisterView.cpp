@@ -6,7 +6,7 @@
 namespace oakfen {
 
 RegisterView::RegisterView(AppEnvironment& environment, const UUID& accountID)
-    : Screen(environment), accountID_(accountID),
+    : Screen(environment), accountID_(accountID), rows_(accountID),
       transactionSaved_(
           environment.appState.transactionSaved.observe([this](const UUID& id) { reveal(id); })) {}
 
@@ -83,32 +83,8 @@ const Columns<RegisterRow>& RegisterView::columns() const {
     return registerColumns(shown != nullptr && isLiability(shown->type));
 }
 
-const RegisterView::Rows& RegisterView::rows() const {
-    auto index = environment_.store.sharedIndex();
-    if (rows_ != nullptr && rows_->index == index) {
-        return *rows_;
-    }
-    if (rows_ == nullptr) {
-        rows_ = std::make_shared<Rows>();
-        rows_->all = index->registerRows(accountID_);
-    } else {
-        takeFreeRows();
-        index->updateRegisterRows(rows_->all, accountID_, *rows_->index);
-    }
-    rows_->index = std::move(index);
-    rows_->ranges = rangesOf<RegisterRow>(columns(), rows_->all);
-    return *rows_;
-}
-
-void RegisterView::takeFreeRows() const {
-    // Rows that nobody shows can be changed where they are.
-    if (rows_.use_count() == 1) {
-        return;
-    }
-    if (spareRows_ == nullptr || spareRows_.use_count() > 1) {
-        spareRows_ = std::make_shared<Rows>(*rows_);
-    }
-    std::swap(rows_, spareRows_);
+const RegisterRows::State& RegisterView::rows() const {
+    return rows_.at(environment_.store.sharedIndex());
 }
 
 RegisterView::SharedTable RegisterView::tableAfter(const SharedTable& earlier) const {
@@ -116,19 +92,22 @@ RegisterView::SharedTable RegisterView::tableAfter(const SharedTable& earlier) c
     if (earlier != nullptr && choice == shownChoice_) {
         return earlier;
     }
+    const RegisterRows::State all = rows();
+    if (choice.index != shownChoice_.index) {
+        ranges_ = rangesOf<RegisterRow>(columns(), *all);
+    }
     shownChoice_ = std::move(choice);
     RegisterRowTest test = rowTest();
     std::vector<const RegisterRow*> shown;
-    shown.reserve(rows().all.size());
-    for (const RegisterRow& row : rows().all) {
+    shown.reserve(all->size());
+    for (const RegisterRow& row : *all) {
         if (test.shows(row)) {
             shown.push_back(&row);
         }
     }
     sorter_.sort(shown, *columnNamed(columns(), sort_.column), sort_.ascending);
-    return keepingEqual(
-        earlier, std::make_shared<const Table<RegisterRow>>(columns(), std::move(shown), rows_,
-                                                            rows().ranges, cellContext()));
+    return keepingEqual(earlier, std::make_shared<const Table<RegisterRow>>(
+                                     columns(), std::move(shown), all, ranges_, cellContext()));
 }
 
 RegisterRowTest RegisterView::rowTest() const {

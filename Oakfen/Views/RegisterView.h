@@ -8,6 +8,7 @@
 
 #include "Oakfen/Views/MenuEntry.h"
 #include "Oakfen/Views/RegisterContent.h"
+#include "Oakfen/Views/RegisterRows.h"
 #include "Oakfen/Views/Screen.h"
 #include "Oakfen/Views/TableSort.h"
 
@@ -67,12 +68,6 @@ protected:
     void adopt(const RegisterContent& content) override { selection_ = content.selection; }
 
 private:
-    /// The account's rows in ledger order, as of one index.
-    struct Rows {
-        std::shared_ptr<const LibraryIndex> index;
-        std::vector<RegisterRow> all;
-        std::vector<AmountRange> ranges;
-    };
     /// What a table was made of.
     struct Choice {
         std::shared_ptr<const LibraryIndex> index;
@@ -90,9 +85,8 @@ private:
     /// The account as it is now; null once it was deleted.
     [[nodiscard]] const Account* account() const;
     [[nodiscard]] const Columns<RegisterRow>& columns() const;
-    [[nodiscard]] const Rows& rows() const;
-    /// Makes those that may be changed now the present rows.
-    void takeFreeRows() const;
+    /// All of the account's rows in ledger order.
+    [[nodiscard]] const RegisterRows::State& rows() const;
     [[nodiscard]] SharedTable tableAfter(const SharedTable& earlier) const;
     /// Those of the selected entries that the table shows.
     [[nodiscard]] SharedIDs selectionIn(const Table<RegisterRow>& table) const;
@@ -120,11 +114,10 @@ private:
     // Entries that were saved while this filter and search hid them.
     std::vector<UUID> hidden_;
     std::optional<RevealedEntry> revealed_;
-    // The table shows the rows of one index while those of the next are made of the ones before
-    // it, which takes much less than to make them all.
-    mutable std::shared_ptr<Rows> rows_;
-    mutable std::shared_ptr<Rows> spareRows_;
+    mutable RegisterRows rows_;
+    // What the present table was made of, and how far the figures of all rows reach.
     mutable Choice shownChoice_;
+    mutable std::vector<AmountRange> ranges_;
     mutable TableSorter<RegisterRow> sorter_;
     Subscription transactionSaved_;
 };

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <span>
 #include <type_traits>
 #include <utility>
 #include <variant>
@@ -69,8 +68,8 @@ template <typename... Functions>
 Overloaded(Functions...) -> Overloaded<Functions...>;
 
 /// How far the column's figures reach in these rows.
-template <typename Row>
-[[nodiscard]] AmountRange rangeOf(const Column<Row>& column, std::span<const Row> rows) {
+template <typename Row, typename Rows>
+[[nodiscard]] AmountRange rangeOf(const Column<Row>& column, const Rows& rows) {
     AmountRange range;
     const auto include = [&](auto of) {
         for (const Row& row : rows) {
@@ -86,9 +85,8 @@ template <typename Row>
 }
 
 /// How far the figures of each column reach.
-template <typename Row>
-[[nodiscard]] std::vector<AmountRange> rangesOf(const Columns<Row>& columns,
-                                                std::span<const Row> rows) {
+template <typename Row, typename Rows>
+[[nodiscard]] std::vector<AmountRange> rangesOf(const Columns<Row>& columns, const Rows& rows) {
     std::vector<AmountRange> ranges;
     for (const Column<Row>& column : columns) {
         ranges.push_back(rangeOf(column, rows));
@@ -148,7 +146,8 @@ public:
     }
     [[nodiscard]] bool isSameRow(std::size_t row, const TableContent& other,
                                  std::size_t otherRow) const override {
-        return *rows_[row] == *static_cast<const Table&>(other).rows_[otherRow];
+        const Row* theirs = static_cast<const Table&>(other).rows_[otherRow];
+        return rows_[row] == theirs || *rows_[row] == *theirs;
     }
 
 private:
