@@ -1,3 +1,4 @@
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -7,6 +8,7 @@
 #include "Benchmarks/Benchmarks.h"
 #include "Benchmarks/BigLibrary.h"
 #include "Oakfen/Views/RegisterFilter.h"
+#include "Oakfen/Views/RegisterRows.h"
 #include "Oakfen/Views/RegisterTable.h"
 #include "Oakfen/Views/TableChanges.h"
 #include "Oakfen/Views/TableSort.h"
@@ -79,6 +81,56 @@ void timeShown(benchmark::State& state, std::size_t count, std::string_view term
     }
 }
 
+using RegisterTable = std::shared_ptr<const Table<RegisterRow>>;
+
+/// All rows in the order in which a register opens.
+RegisterTable tableOf(const RegisterRows::State& rows) {
+    const Columns<RegisterRow>& columns = registerColumns(false);
+    std::vector<const RegisterRow*> shown;
+    shown.reserve(rows->size());
+    for (const RegisterRow& row : *rows) {
+        shown.push_back(&row);
+    }
+    TableSorter<RegisterRow>().sort(shown, *columnNamed(columns, "date"), false);
+    return std::make_shared<const Table<RegisterRow>>(columns, std::move(shown), rows,
+                                                      rangesOf<RegisterRow>(columns, *rows),
+                                                      CellContext{"CAD", Calendar::utc()});
+}
+
+/// From the index to what the window is told of: `change` edits the entry in the middle, and what
+/// follows is the way there and back in turn.
+void timeShownEdit(benchmark::State& state, std::size_t count, void (*change)(Transaction&)) {
+    const Library before = oneAccountLibrary(count);
+    Library after = before;
+    change(after.transactions.edit(count / 2));
+    const auto index = [](const Library& library) {
+        return std::make_shared<const LibraryIndex>(library, bigLibraryNow(), Calendar::utc());
+    };
+    const auto first = index(before);
+    const auto second = index(after);
+    RegisterRows rows(before.accounts.front().id);
+    static_cast<void>(rows.at(first));
+    RegisterTable earlier = tableOf(rows.at(second));
+    bool isEdited = true;
+    for ([[maybe_unused]] const auto _ : state) {
+        isEdited = !isEdited;
+        RegisterTable shown = keepingEqual(earlier, tableOf(rows.at(isEdited ? second : first)));
+        benchmark::DoNotOptimize(changesBetween(*earlier, *shown));
+        earlier = std::move(shown);
+    }
+}
+
+void timeShownMark(benchmark::State& state, std::size_t count) {
+    timeShownEdit(state, count, [](Transaction& entry) {
+        const bool isCleared = entry.cleared != ClearedState::uncleared;
+        entry.cleared = isCleared ? ClearedState::uncleared : ClearedState::cleared;
+    });
+}
+
+void timeShownAmount(benchmark::State& state, std::size_t count) {
+    timeShownEdit(state, count, [](Transaction& entry) { entry.amount += Decimal::cents(1); });
+}
+
 } // namespace
 
 void registerRegisterBenchmarks(std::size_t count) {
@@ -94,6 +146,9 @@ void registerRegisterBenchmarks(std::size_t count) {
     add("register opens", [count](benchmark::State& state) { timeRows(state, count); });
     add("register after an edit",
         [count](benchmark::State& state) { timeRowsAfterAnEdit(state, count); });
+    add("register shows a mark", [count](benchmark::State& state) { timeShownMark(state, count); });
+    add("register shows an amount",
+        [count](benchmark::State& state) { timeShownAmount(state, count); });
     add("register, search a word", shown("café", "date"));
     add("register, search an amount", shown("12.5", "date"));
     add("register, sort by date", shown("", "date"));
