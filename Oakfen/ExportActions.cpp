@@ -9,6 +9,7 @@
 #include "OakfenCore/Support/LocalizedError.h"
 #include "OakfenCore/Support/Quotation.h"
 #include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/WriteOwnerOnly.h"
 
 namespace oakfen::FileActions {
 

@@ -13,6 +13,7 @@
 
 #include "OakfenCore/Support/FileCalls.h"
 #include "OakfenCore/Support/FileSystem.h"
+#include "OakfenCore/Support/SystemFileSystem.h"
 
 namespace oakfen {
 

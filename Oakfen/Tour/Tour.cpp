@@ -13,7 +13,9 @@
 #include "Oakfen/Widgets/WindowState.h"
 #include "OakfenCore/Models/LibraryCoding.h"
 #include "OakfenCore/SampleData/SampleData.h"
+#include "OakfenCore/Support/SystemFileSystem.h"
 #include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/WriteOwnerOnly.h"
 
 namespace oakfen {
 

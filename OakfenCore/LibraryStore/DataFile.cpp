@@ -8,6 +8,7 @@
 
 #include "OakfenCore/Support/FileCalls.h"
 #include "OakfenCore/Support/Quotation.h"
+#include "OakfenCore/Support/WriteOwnerOnly.h"
 
 namespace oakfen {
 

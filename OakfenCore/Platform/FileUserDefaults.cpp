@@ -6,6 +6,7 @@
 #include "OakfenCore/Platform/UserFolders.h"
 #include "OakfenCore/Support/LocalizedError.h"
 #include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/WriteOwnerOnly.h"
 
 namespace oakfen {
 

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include "OakfenCore/Support/FileSystem.h"
+#include "OakfenCore/Support/SystemFileSystem.h"
 
 namespace oakfen {
 

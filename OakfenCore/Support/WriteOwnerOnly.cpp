@@ -5,6 +5,7 @@
 
 #include "OakfenCore/Support/FileCalls.h"
 #include "OakfenCore/Support/FileSystem.h"
+#include "OakfenCore/Support/WriteOwnerOnly.h"
 
 namespace oakfen {
 

@@ -3,6 +3,7 @@
 #include <cerrno>
 
 #include "Oakfen/FileActions.h"
+#include "OakfenCore/Support/WriteOwnerOnly.h"
 #include "Tests/Oakfen/Views/RegisterFixture.h"
 
 namespace oakfen {

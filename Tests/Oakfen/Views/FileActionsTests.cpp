@@ -5,6 +5,7 @@
 #include <cerrno>
 
 #include "OakfenCore/LibraryOperations/Accounts.h"
+#include "OakfenCore/Support/WriteOwnerOnly.h"
 #include "Tests/Support/TestEnvironment.h"
 
 namespace oakfen {

@@ -1,4 +1,5 @@
 #include "Oakfen/Views/PasswordViews.h"
+#include "OakfenCore/Support/WriteOwnerOnly.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,9 @@
 #include <unistd.h>
 
 #include "OakfenCore/Support/FileSystem.h"
+#include "OakfenCore/Support/SystemFileSystem.h"
 #include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/WriteOwnerOnly.h"
 #include "Tests/OakfenCore/Exporters/ExportFixture.h"
 #include "Tests/OakfenCore/Support/TemporaryFolder.h"
 

@@ -12,6 +12,8 @@
 #include <gtest/gtest.h>
 
 #include "OakfenCore/Models/LibraryCoding.h"
+#include "OakfenCore/Support/SystemFileSystem.h"
+#include "OakfenCore/Support/WriteOwnerOnly.h"
 #include "Tests/OakfenCore/LibraryStore/SaveLoop/Documents.h"
 #include "Tests/OakfenCore/LibraryStore/SaveOracle.h"
 #include "Tests/OakfenCore/Support/TemporaryFolder.h"

@@ -10,6 +10,8 @@
 #include <gtest/gtest.h>
 
 #include "OakfenCore/Models/LibraryCoding.h"
+#include "OakfenCore/Support/SystemFileSystem.h"
+#include "OakfenCore/Support/WriteOwnerOnly.h"
 #include "Tests/OakfenCore/LibraryStore/SaveOracle.h"
 #include "Tests/OakfenCore/LibraryStore/StoreBench.h"
 #include "Tests/OakfenCore/Support/Mounts.h"

@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 
 #include "OakfenCore/Support/FileSystem.h"
+#include "OakfenCore/Support/SystemFileSystem.h"
+#include "OakfenCore/Support/WriteOwnerOnly.h"
 #include "OakfenCore/Testing/InMemoryFileSystem.h"
 #include "Tests/OakfenCore/Support/FileSystemFilter.h"
 #include "Tests/OakfenCore/Support/TemporaryFolder.h"

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "OakfenCore/Support/FileSystem.h"
+#include "OakfenCore/Support/WriteOwnerOnly.h"
 #include "OakfenCore/Testing/InMemoryFileSystem.h"
 
 namespace oakfen {

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "OakfenCore/Support/FileSystem.h"
+
+namespace oakfen {
+
+/// The real files of this machine.
+[[nodiscard]] FileSystem& systemFiles();
+
+} // namespace oakfen
