@@ -8,7 +8,7 @@
 #include "Benchmarks/Benchmarks.h"
 #include "Benchmarks/BigLibrary.h"
 #include "Benchmarks/References.h"
-#include "OakfenCore/Importers/Merging.h"
+#include "OakfenCore/Importers/DuplicateFinder.h"
 #include "OakfenCore/LibraryIndex/LibraryIndex.h"
 #include "OakfenCore/LibraryOperations/ScheduledTransactions.h"
 #include "OakfenCore/LibraryStore/History.h"

@@ -4,6 +4,7 @@
 
 #include "Fuzz/NaiveCSV.h"
 #include "Fuzz/Targets.h"
+#include "OakfenCore/Importers/DuplicateFinder.h"
 #include "OakfenCore/Importers/Merging.h"
 #include "OakfenCore/Importers/StatementImporter.h"
 #include "OakfenCore/Support/Text.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "OakfenCore/Importers/DuplicateFinder.h"
 #include "OakfenCore/Importers/Merging.h"
 #include "OakfenCore/Support/Quotation.h"
 

@@ -1,4 +1,4 @@
-#include "OakfenCore/Importers/Merging.h"
+#include "OakfenCore/Importers/DuplicateFinder.h"
 
 #include <algorithm>
 #include <cmath>

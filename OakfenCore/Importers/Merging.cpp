@@ -3,6 +3,7 @@
 #include <string>
 #include <unordered_map>
 
+#include "OakfenCore/Importers/DuplicateFinder.h"
 #include "OakfenCore/LibraryIndex/LibraryIndex.h"
 #include "OakfenCore/LibraryOperations/Categories.h"
 

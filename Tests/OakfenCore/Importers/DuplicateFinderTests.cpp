@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <random>
 
-#include "OakfenCore/Importers/Merging.h"
+#include "OakfenCore/Importers/DuplicateFinder.h"
 #include "Tests/OakfenCore/Importers/StatementFixtures.h"
 
 namespace oakfen {
