@@ -2,6 +2,7 @@
 
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/GatePanelWidget.h"
+#include "Oakfen/Widgets/SymbolIcons.h"
 #include "Oakfen/Widgets/Theme.h"
 
 namespace oakfen {

@@ -7,6 +7,7 @@
 #include <chrono>
 
 #include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/SymbolIcons.h"
 #include "Oakfen/Widgets/Theme.h"
 #include "Oakfen/Widgets/WrappedLabel.h"
 

@@ -10,6 +10,7 @@
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/ElidedLabel.h"
 #include "Oakfen/Widgets/RegisterSortButton.h"
+#include "Oakfen/Widgets/SymbolIcons.h"
 #include "Oakfen/Widgets/Theme.h"
 
 namespace oakfen {

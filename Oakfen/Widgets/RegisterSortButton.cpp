@@ -4,6 +4,7 @@
 
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/MenuBuilder.h"
+#include "Oakfen/Widgets/SymbolIcons.h"
 #include "Oakfen/Widgets/Theme.h"
 
 namespace oakfen {

@@ -7,6 +7,7 @@
 
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/Figures.h"
+#include "Oakfen/Widgets/SymbolIcons.h"
 #include "Oakfen/Widgets/Theme.h"
 
 namespace oakfen {

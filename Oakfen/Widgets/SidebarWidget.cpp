@@ -12,6 +12,7 @@
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/MenuBuilder.h"
 #include "Oakfen/Widgets/SidebarDelegate.h"
+#include "Oakfen/Widgets/SymbolIcons.h"
 #include "Oakfen/Widgets/Theme.h"
 #include "Oakfen/Widgets/WindowState.h"
 

@@ -3,6 +3,7 @@
 #include <QFontMetrics>
 #include <utility>
 
+#include "Oakfen/Widgets/SymbolIcons.h"
 #include "Oakfen/Widgets/Theme.h"
 
 namespace oakfen {

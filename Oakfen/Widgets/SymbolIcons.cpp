@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/SymbolIcons.h"
 #include "Oakfen/Widgets/Theme.h"
 
 // The library is linked statically, so nothing registers its resources unless it is asked to. The

@@ -1,4 +1,5 @@
 #include "Oakfen/Widgets/SymbolLabel.h"
+#include "Oakfen/Widgets/SymbolIcons.h"
 
 namespace oakfen {
 

@@ -2,10 +2,8 @@
 
 #include <QColor>
 #include <QFont>
-#include <QIcon>
 #include <QPalette>
 #include <QVariant>
-#include <string_view>
 
 class QApplication;
 class QLabel;
@@ -62,9 +60,5 @@ public:
     /// The twelve colours of chart series, in order; the list starts again after the last.
     [[nodiscard]] static QColor chartColor(std::size_t series);
 };
-
-/// The icon that stands for the name ("building.columns"), painted in the role's colour and
-/// repainted when the theme changes.
-[[nodiscard]] QIcon symbolIcon(std::string_view symbolName, ThemeColor role = ThemeColor::text);
 
 } // namespace oakfen

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <map>
 
+#include "Oakfen/Widgets/SymbolIcons.h"
 #include "Oakfen/Widgets/Theme.h"
 
 namespace oakfen {

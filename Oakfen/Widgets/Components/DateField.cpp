@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/SymbolIcons.h"
 #include "Oakfen/Widgets/Theme.h"
 #include "OakfenCore/Support/Locale.h"
 

@@ -19,6 +19,7 @@
 #include "Oakfen/Widgets/Components/PickerBox.h"
 #include "Oakfen/Widgets/Components/SegmentedChoice.h"
 #include "Oakfen/Widgets/Components/StepField.h"
+#include "Oakfen/Widgets/SymbolIcons.h"
 #include "Oakfen/Widgets/Theme.h"
 
 namespace oakfen {

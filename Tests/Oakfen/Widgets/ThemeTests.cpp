@@ -10,6 +10,7 @@
 
 #include "Oakfen/AppState.h"
 #include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/SymbolIcons.h"
 #include "Oakfen/Widgets/ThemeColors.h"
 
 namespace oakfen {
