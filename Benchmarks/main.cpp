@@ -6,9 +6,9 @@
 #include "Benchmarks/Benchmarks.h"
 #include "Benchmarks/BigLibrary.h"
 #include "OakfenCore/Models/LibraryCoding.h"
-#include "OakfenCore/Support/FileSystem.h"
-#include "OakfenCore/Support/SystemFileSystem.h"
-#include "OakfenCore/Support/WriteOwnerOnly.h"
+#include "OakfenCore/Support/Files/FileSystem.h"
+#include "OakfenCore/Support/Files/SystemFileSystem.h"
+#include "OakfenCore/Support/Files/WriteOwnerOnly.h"
 
 /// Takes the options of the benchmark library, and `--million` for a ledger of that size too; with
 /// `--write COUNT FILE` it only writes the ledger of that size, for measuring the whole program.

@@ -3,7 +3,7 @@
 #include "Fuzz/LibraryRules.h"
 #include "Fuzz/Targets.h"
 #include "OakfenCore/Models/LibraryCoding.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen::fuzz {
 

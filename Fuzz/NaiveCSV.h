@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen::fuzz {
 

@@ -7,7 +7,7 @@
 #include "OakfenCore/Importers/DuplicateFinder.h"
 #include "OakfenCore/Importers/Merging.h"
 #include "OakfenCore/Importers/StatementImporter.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen::fuzz {
 

@@ -9,8 +9,8 @@
 #include "OakfenCore/Importers/DateParser.h"
 #include "OakfenCore/Importers/DatePattern.h"
 #include "OakfenCore/Models/DateText.h"
-#include "OakfenCore/Support/LocalizedError.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
+#include "OakfenCore/Support/Values/LocalizedError.h"
 
 namespace oakfen::fuzz {
 

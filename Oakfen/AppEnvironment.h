@@ -9,7 +9,7 @@
 #include "OakfenCore/Platform/Clock.h"
 #include "OakfenCore/Platform/Scheduler.h"
 #include "OakfenCore/Platform/UserDefaults.h"
-#include "OakfenCore/Support/FileSystem.h"
+#include "OakfenCore/Support/Files/FileSystem.h"
 
 namespace oakfen {
 

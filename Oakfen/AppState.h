@@ -11,8 +11,8 @@
 #include "OakfenCore/Importers/StatementImporter.h"
 #include "OakfenCore/Models/Enumerations.h"
 #include "OakfenCore/Platform/UserDefaults.h"
-#include "OakfenCore/Support/Observers.h"
-#include "OakfenCore/Support/UUID.h"
+#include "OakfenCore/Support/Values/Observers.h"
+#include "OakfenCore/Support/Values/UUID.h"
 
 namespace oakfen {
 

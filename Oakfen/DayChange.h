@@ -2,7 +2,7 @@
 
 #include "OakfenCore/Platform/Clock.h"
 #include "OakfenCore/Platform/Scheduler.h"
-#include "OakfenCore/Support/Observers.h"
+#include "OakfenCore/Support/Values/Observers.h"
 
 namespace oakfen {
 

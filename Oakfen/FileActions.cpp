@@ -7,8 +7,8 @@
 
 #include "Oakfen/Cover.h"
 #include "OakfenCore/Importers/StatementImporter.h"
-#include "OakfenCore/Support/FileCalls.h"
-#include "OakfenCore/Support/Quotation.h"
+#include "OakfenCore/Support/Files/FileCalls.h"
+#include "OakfenCore/Support/Text/Quotation.h"
 
 namespace oakfen::FileActions {
 

@@ -5,11 +5,11 @@
 
 #include "Oakfen/FileActions.h"
 #include "OakfenCore/Exporters/Exporter.h"
-#include "OakfenCore/Support/FileCalls.h"
-#include "OakfenCore/Support/LocalizedError.h"
-#include "OakfenCore/Support/Quotation.h"
-#include "OakfenCore/Support/Text.h"
-#include "OakfenCore/Support/WriteOwnerOnly.h"
+#include "OakfenCore/Support/Files/FileCalls.h"
+#include "OakfenCore/Support/Files/WriteOwnerOnly.h"
+#include "OakfenCore/Support/Text/Quotation.h"
+#include "OakfenCore/Support/Text/Text.h"
+#include "OakfenCore/Support/Values/LocalizedError.h"
 
 namespace oakfen::FileActions {
 

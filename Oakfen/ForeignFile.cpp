@@ -3,8 +3,8 @@
 #include <optional>
 
 #include "Oakfen/FileActions.h"
-#include "OakfenCore/Support/FileCalls.h"
-#include "OakfenCore/Support/Quotation.h"
+#include "OakfenCore/Support/Files/FileCalls.h"
+#include "OakfenCore/Support/Text/Quotation.h"
 
 namespace oakfen {
 

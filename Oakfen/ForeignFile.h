@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "OakfenCore/Support/FileSystem.h"
+#include "OakfenCore/Support/Files/FileSystem.h"
 
 namespace oakfen {
 

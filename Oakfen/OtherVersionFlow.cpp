@@ -5,7 +5,7 @@
 
 #include "Oakfen/AppEnvironment.h"
 #include "Oakfen/Cover.h"
-#include "OakfenCore/Support/Quotation.h"
+#include "OakfenCore/Support/Text/Quotation.h"
 
 namespace oakfen {
 

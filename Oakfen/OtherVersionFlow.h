@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "OakfenCore/Support/Observers.h"
+#include "OakfenCore/Support/Values/Observers.h"
 
 namespace oakfen {
 

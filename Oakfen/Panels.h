@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "OakfenCore/Support/Observers.h"
+#include "OakfenCore/Support/Values/Observers.h"
 
 namespace oakfen {
 

@@ -4,8 +4,8 @@
 #include <utility>
 #include <vector>
 
-#include "OakfenCore/Support/FileCalls.h"
-#include "OakfenCore/Support/Quotation.h"
+#include "OakfenCore/Support/Files/FileCalls.h"
+#include "OakfenCore/Support/Text/Quotation.h"
 
 namespace oakfen {
 

@@ -11,9 +11,9 @@
 #include <sstream>
 #include <string_view>
 
-#include "OakfenCore/Support/FileCalls.h"
-#include "OakfenCore/Support/FileSystem.h"
-#include "OakfenCore/Support/SystemFileSystem.h"
+#include "OakfenCore/Support/Files/FileCalls.h"
+#include "OakfenCore/Support/Files/FileSystem.h"
+#include "OakfenCore/Support/Files/SystemFileSystem.h"
 
 namespace oakfen {
 

@@ -9,8 +9,8 @@
 #include <utility>
 
 #include "Oakfen/Widgets/Bridge.h"
-#include "OakfenCore/Support/FileCalls.h"
-#include "OakfenCore/Support/Quotation.h"
+#include "OakfenCore/Support/Files/FileCalls.h"
+#include "OakfenCore/Support/Text/Quotation.h"
 
 namespace oakfen {
 

@@ -13,9 +13,9 @@
 #include "Oakfen/Widgets/WindowState.h"
 #include "OakfenCore/Models/LibraryCoding.h"
 #include "OakfenCore/SampleData/SampleData.h"
-#include "OakfenCore/Support/SystemFileSystem.h"
-#include "OakfenCore/Support/Text.h"
-#include "OakfenCore/Support/WriteOwnerOnly.h"
+#include "OakfenCore/Support/Files/SystemFileSystem.h"
+#include "OakfenCore/Support/Files/WriteOwnerOnly.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen {
 

@@ -5,7 +5,7 @@
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/EventApplication.h"
 #include "Oakfen/Widgets/Theme.h"
-#include "OakfenCore/Support/LocalizedError.h"
+#include "OakfenCore/Support/Values/LocalizedError.h"
 
 int main(int argumentCount, char** arguments) {
     oakfen::EventApplication application(argumentCount, arguments);

@@ -4,7 +4,7 @@
 
 #include "Oakfen/Views/Components.h"
 #include "OakfenCore/LibraryOperations/Accounts.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen {
 

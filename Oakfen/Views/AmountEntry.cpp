@@ -1,7 +1,7 @@
 #include "Oakfen/Views/AmountEntry.h"
 
 #include "Oakfen/Views/AmountReading.h"
-#include "OakfenCore/Support/Formatting.h"
+#include "OakfenCore/Support/Text/Formatting.h"
 
 namespace oakfen {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Oakfen/Views/TypedEntry.h"
-#include "OakfenCore/Support/Decimal.h"
+#include "OakfenCore/Support/Number/Decimal.h"
 
 namespace oakfen {
 

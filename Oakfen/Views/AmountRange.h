@@ -1,6 +1,6 @@
 #pragma once
 
-#include "OakfenCore/Support/Decimal.h"
+#include "OakfenCore/Support/Number/Decimal.h"
 
 namespace oakfen {
 

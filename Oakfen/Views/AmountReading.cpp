@@ -5,10 +5,10 @@
 #include <utility>
 
 #include "Oakfen/Views/Calculation.h"
-#include "OakfenCore/Support/ASCII.h"
-#include "OakfenCore/Support/Formatting.h"
-#include "OakfenCore/Support/Text.h"
-#include "OakfenCore/Support/TypedText.h"
+#include "OakfenCore/Support/Text/Formatting.h"
+#include "OakfenCore/Support/Text/Text.h"
+#include "OakfenCore/Support/Text/TypedText.h"
+#include "OakfenCore/Support/Values/ASCII.h"
 
 namespace oakfen {
 

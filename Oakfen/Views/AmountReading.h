@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "OakfenCore/Support/Decimal.h"
+#include "OakfenCore/Support/Number/Decimal.h"
 
 namespace oakfen {
 

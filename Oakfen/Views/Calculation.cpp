@@ -5,9 +5,9 @@
 #include <string>
 #include <utility>
 
-#include "OakfenCore/Support/ASCII.h"
-#include "OakfenCore/Support/Text.h"
-#include "OakfenCore/Support/TypedText.h"
+#include "OakfenCore/Support/Text/Text.h"
+#include "OakfenCore/Support/Text/TypedText.h"
+#include "OakfenCore/Support/Values/ASCII.h"
 
 namespace oakfen {
 

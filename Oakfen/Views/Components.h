@@ -8,7 +8,7 @@
 
 #include "Oakfen/Panels.h"
 #include "OakfenCore/LibraryIndex/LibraryIndex.h"
-#include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 
 /// What the small building blocks of all screens show, so that money, status and choices read the
 /// same everywhere.

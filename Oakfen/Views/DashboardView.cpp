@@ -1,7 +1,7 @@
 #include "Oakfen/Views/DashboardView.h"
 
 #include "Oakfen/FileActions.h"
-#include "OakfenCore/Support/Formatting.h"
+#include "OakfenCore/Support/Text/Formatting.h"
 
 namespace oakfen {
 

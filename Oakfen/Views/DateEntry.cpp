@@ -4,10 +4,10 @@
 #include <charconv>
 #include <vector>
 
-#include "OakfenCore/Support/ASCII.h"
-#include "OakfenCore/Support/Formatting.h"
-#include "OakfenCore/Support/Text.h"
-#include "OakfenCore/Support/TypedText.h"
+#include "OakfenCore/Support/Text/Formatting.h"
+#include "OakfenCore/Support/Text/Text.h"
+#include "OakfenCore/Support/Text/TypedText.h"
+#include "OakfenCore/Support/Values/ASCII.h"
 
 namespace oakfen {
 

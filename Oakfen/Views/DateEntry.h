@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "Oakfen/Views/TypedEntry.h"
-#include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 
 namespace oakfen {
 

@@ -1,7 +1,7 @@
 #include "Oakfen/Views/ImportReviewTable.h"
 
-#include "OakfenCore/Support/Formatting.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Formatting.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen {
 

@@ -5,7 +5,7 @@
 
 #include "OakfenCore/Importers/DuplicateFinder.h"
 #include "OakfenCore/Importers/Merging.h"
-#include "OakfenCore/Support/Quotation.h"
+#include "OakfenCore/Support/Text/Quotation.h"
 
 namespace oakfen {
 

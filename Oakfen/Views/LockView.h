@@ -7,7 +7,7 @@
 #include "Oakfen/Views/Lifetime.h"
 #include "Oakfen/Views/PasswordViews.h"
 #include "OakfenCore/Platform/Authenticator.h"
-#include "OakfenCore/Support/Observers.h"
+#include "OakfenCore/Support/Values/Observers.h"
 
 namespace oakfen {
 

@@ -3,8 +3,8 @@
 #include <set>
 #include <utility>
 
-#include "OakfenCore/Support/CharacterKind.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/CharacterKind.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen {
 

@@ -1,6 +1,6 @@
 #include "Oakfen/Views/RegisterContent.h"
 
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen {
 

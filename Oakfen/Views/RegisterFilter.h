@@ -5,8 +5,8 @@
 #include <unordered_map>
 
 #include "OakfenCore/LibraryIndex/RegisterRow.h"
-#include "OakfenCore/Support/Calendar.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 
 namespace oakfen {
 

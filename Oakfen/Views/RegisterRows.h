@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "OakfenCore/LibraryIndex/LibraryIndex.h"
-#include "OakfenCore/Support/SharedArray.h"
+#include "OakfenCore/Support/Values/SharedArray.h"
 
 namespace oakfen {
 

@@ -4,7 +4,7 @@
 #include <iterator>
 #include <utility>
 
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen {
 

@@ -3,8 +3,8 @@
 #include "Oakfen/Views/Components.h"
 #include "Oakfen/Views/Reminders.h"
 #include "OakfenCore/LibraryOperations/Accounts.h"
-#include "OakfenCore/Support/Formatting.h"
-#include "OakfenCore/Support/Quotation.h"
+#include "OakfenCore/Support/Text/Formatting.h"
+#include "OakfenCore/Support/Text/Quotation.h"
 
 namespace oakfen {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "OakfenCore/Exporters/Exporter.h"
-#include "OakfenCore/Support/Formatting.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Formatting.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen {
 

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "Oakfen/Views/TableColumns.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen {
 

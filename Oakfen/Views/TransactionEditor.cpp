@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "OakfenCore/LibraryOperations/Transactions.h"
-#include "OakfenCore/Support/Formatting.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Formatting.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen {
 

@@ -4,7 +4,7 @@
 
 #include "OakfenCore/SampleData/EmptyLibrary.h"
 #include "OakfenCore/SampleData/SampleData.h"
-#include "OakfenCore/Support/Formatting.h"
+#include "OakfenCore/Support/Text/Formatting.h"
 
 namespace oakfen {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "Oakfen/Views/ContentView.h"
-#include "OakfenCore/Support/Observers.h"
+#include "OakfenCore/Support/Values/Observers.h"
 
 class QMessageBox;
 

@@ -25,7 +25,7 @@
 #include "Oakfen/Widgets/WindowState.h"
 #include "OakfenCore/LibraryStore/DataFileChoice.h"
 #include "OakfenCore/Platform/FileUserDefaults.h"
-#include "OakfenCore/Support/SystemFileSystem.h"
+#include "OakfenCore/Support/Files/SystemFileSystem.h"
 
 namespace oakfen {
 

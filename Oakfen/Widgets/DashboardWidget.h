@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "Oakfen/Views/DashboardView.h"
-#include "OakfenCore/Support/Observers.h"
+#include "OakfenCore/Support/Values/Observers.h"
 
 class QLabel;
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "Oakfen/AppCommands.h"
-#include "OakfenCore/Support/Observers.h"
+#include "OakfenCore/Support/Values/Observers.h"
 
 class QMenu;
 class QMenuBar;

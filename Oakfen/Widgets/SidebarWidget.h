@@ -6,7 +6,7 @@
 
 #include "Oakfen/Views/SidebarView.h"
 #include "Oakfen/Widgets/Components/LabelledFigure.h"
-#include "OakfenCore/Support/Observers.h"
+#include "OakfenCore/Support/Values/Observers.h"
 
 class QLabel;
 class QMenu;

@@ -2,7 +2,7 @@
 
 #include "OakfenCore/Exporters/ExportOrder.h"
 #include "OakfenCore/Exporters/Exporter.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen::Exporter {
 

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "OakfenCore/Importers/Characters.h"
-#include "OakfenCore/Support/ASCII.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
+#include "OakfenCore/Support/Values/ASCII.h"
 
 namespace oakfen::AmountParser {
 

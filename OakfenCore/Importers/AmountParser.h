@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-#include "OakfenCore/Support/Decimal.h"
+#include "OakfenCore/Support/Number/Decimal.h"
 
 /// Reads the amounts of bank statements, which follow no one standard.
 namespace oakfen::AmountParser {

@@ -7,7 +7,7 @@
 
 #include "OakfenCore/Importers/CSVScanner.h"
 #include "OakfenCore/Importers/DateParser.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen {
 

@@ -1,7 +1,7 @@
 #include "OakfenCore/Importers/CSVScanner.h"
 
 #include "OakfenCore/Importers/Characters.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen {
 

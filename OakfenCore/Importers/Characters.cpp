@@ -5,8 +5,8 @@
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
-#include "OakfenCore/Support/ASCII.h"
-#include "OakfenCore/Support/ICUText.h"
+#include "OakfenCore/Support/Text/ICUText.h"
+#include "OakfenCore/Support/Values/ASCII.h"
 
 namespace oakfen {
 

@@ -6,7 +6,7 @@
 
 #include "OakfenCore/Importers/Characters.h"
 #include "OakfenCore/Importers/DatePattern.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen::DateParser {
 

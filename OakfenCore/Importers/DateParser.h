@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 
 /// Reads the dates of bank statements. All are local dates of the calendar given; only a text with
 /// a time of day is not a midnight.

@@ -6,7 +6,7 @@
 #include <cstddef>
 
 #include "OakfenCore/Importers/Characters.h"
-#include "OakfenCore/Support/ASCII.h"
+#include "OakfenCore/Support/Values/ASCII.h"
 
 namespace oakfen {
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-#include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 
 namespace oakfen {
 

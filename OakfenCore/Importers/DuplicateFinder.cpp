@@ -10,7 +10,7 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen {
 

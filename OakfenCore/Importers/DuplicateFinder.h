@@ -5,7 +5,7 @@
 
 #include "OakfenCore/Importers/StatementImporter.h"
 #include "OakfenCore/Models/Records.h"
-#include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 
 namespace oakfen {
 

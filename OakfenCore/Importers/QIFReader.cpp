@@ -3,8 +3,8 @@
 #include "OakfenCore/Importers/AmountParser.h"
 #include "OakfenCore/Importers/Characters.h"
 #include "OakfenCore/Importers/DateParser.h"
-#include "OakfenCore/Support/ASCII.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
+#include "OakfenCore/Support/Values/ASCII.h"
 
 namespace oakfen {
 

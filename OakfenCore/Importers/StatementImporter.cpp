@@ -3,7 +3,7 @@
 #include "OakfenCore/Importers/CSVReader.h"
 #include "OakfenCore/Importers/OFXReader.h"
 #include "OakfenCore/Importers/QIFReader.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen {
 

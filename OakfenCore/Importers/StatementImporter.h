@@ -6,11 +6,11 @@
 #include <string_view>
 #include <vector>
 
-#include "OakfenCore/Support/Calendar.h"
-#include "OakfenCore/Support/Date.h"
-#include "OakfenCore/Support/Decimal.h"
-#include "OakfenCore/Support/LocalizedError.h"
-#include "OakfenCore/Support/UUID.h"
+#include "OakfenCore/Support/Number/Decimal.h"
+#include "OakfenCore/Support/Time/Calendar.h"
+#include "OakfenCore/Support/Time/Date.h"
+#include "OakfenCore/Support/Values/LocalizedError.h"
+#include "OakfenCore/Support/Values/UUID.h"
 
 namespace oakfen {
 

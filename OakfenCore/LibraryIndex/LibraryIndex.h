@@ -12,7 +12,7 @@
 #include "OakfenCore/LibraryIndex/Holdings.h"
 #include "OakfenCore/LibraryIndex/RegisterRow.h"
 #include "OakfenCore/Models/Library.h"
-#include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 
 namespace oakfen {
 

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "OakfenCore/LibraryIndex/LibraryIndex.h"
-#include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 
 namespace oakfen {
 

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "OakfenCore/LibraryIndex/Sorting.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "OakfenCore/LibraryIndex/LibraryIndex.h"
-#include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 
 /// Figures over an interval, both ends included. All rest on the index's category lines, so
 /// transfers enter none of them and splits count under their own categories. A total is rounded

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen {
 

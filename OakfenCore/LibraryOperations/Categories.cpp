@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "OakfenCore/LibraryOperations/ReplaceOrAppend.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen {
 

@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "OakfenCore/Models/Library.h"
-#include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 
 namespace oakfen {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "OakfenCore/Models/Library.h"
-#include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 
 /// Bills and income that come again, and how an occurrence becomes an entry.
 namespace oakfen {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "OakfenCore/Models/Library.h"
-#include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 
 namespace oakfen {
 

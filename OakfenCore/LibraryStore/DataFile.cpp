@@ -6,9 +6,9 @@
 #include <string_view>
 #include <utility>
 
-#include "OakfenCore/Support/FileCalls.h"
-#include "OakfenCore/Support/Quotation.h"
-#include "OakfenCore/Support/WriteOwnerOnly.h"
+#include "OakfenCore/Support/Files/FileCalls.h"
+#include "OakfenCore/Support/Files/WriteOwnerOnly.h"
+#include "OakfenCore/Support/Text/Quotation.h"
 
 namespace oakfen {
 

@@ -7,8 +7,8 @@
 
 #include "OakfenCore/Platform/BackgroundWriter.h"
 #include "OakfenCore/Platform/Clock.h"
-#include "OakfenCore/Support/ContentHash.h"
-#include "OakfenCore/Support/FileSystem.h"
+#include "OakfenCore/Support/Files/FileSystem.h"
+#include "OakfenCore/Support/Values/ContentHash.h"
 
 namespace oakfen {
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "OakfenCore/Support/FileSystem.h"
+#include "OakfenCore/Support/Files/FileSystem.h"
 
 namespace oakfen {
 

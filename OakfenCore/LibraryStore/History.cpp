@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "OakfenCore/Models/RecordFields.h"
-#include "OakfenCore/Support/UnsharedChunks.h"
+#include "OakfenCore/Support/Values/UnsharedChunks.h"
 
 namespace oakfen {
 

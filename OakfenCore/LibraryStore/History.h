@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "OakfenCore/Models/Library.h"
-#include "OakfenCore/Support/Observers.h"
+#include "OakfenCore/Support/Values/Observers.h"
 
 namespace oakfen {
 

@@ -15,8 +15,8 @@
 #include "OakfenCore/Platform/PasswordStore.h"
 #include "OakfenCore/Platform/Scheduler.h"
 #include "OakfenCore/Platform/UserDefaults.h"
-#include "OakfenCore/Support/FileSystem.h"
-#include "OakfenCore/Support/Observers.h"
+#include "OakfenCore/Support/Files/FileSystem.h"
+#include "OakfenCore/Support/Values/Observers.h"
 
 namespace oakfen {
 

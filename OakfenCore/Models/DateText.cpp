@@ -3,9 +3,9 @@
 #include <cmath>
 #include <cstdint>
 
-#include "OakfenCore/Support/ASCII.h"
-#include "OakfenCore/Support/CivilDay.h"
-#include "OakfenCore/Support/LocalizedError.h"
+#include "OakfenCore/Support/Time/CivilDay.h"
+#include "OakfenCore/Support/Values/ASCII.h"
+#include "OakfenCore/Support/Values/LocalizedError.h"
 
 namespace oakfen {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "OakfenCore/Support/Date.h"
+#include "OakfenCore/Support/Time/Date.h"
 
 /// Instants as the document writes them: "2024-03-01T05:00:00Z", in UTC and whole seconds.
 namespace oakfen {

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "OakfenCore/Support/LocalizedError.h"
+#include "OakfenCore/Support/Values/LocalizedError.h"
 
 namespace oakfen {
 

@@ -6,10 +6,10 @@
 
 #include "OakfenCore/Models/Enumerations.h"
 #include "OakfenCore/Models/JSONParsing.h"
-#include "OakfenCore/Support/Date.h"
-#include "OakfenCore/Support/Decimal.h"
-#include "OakfenCore/Support/Quotation.h"
-#include "OakfenCore/Support/UUID.h"
+#include "OakfenCore/Support/Number/Decimal.h"
+#include "OakfenCore/Support/Text/Quotation.h"
+#include "OakfenCore/Support/Time/Date.h"
+#include "OakfenCore/Support/Values/UUID.h"
 
 /// How values of the document that are neither lists nor objects are read: a JSON value of the
 /// right kind is assigned, and any other refused with a `JSONError`.

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "OakfenCore/Support/Formatting.h"
+#include "OakfenCore/Support/Text/Formatting.h"
 
 namespace oakfen {
 

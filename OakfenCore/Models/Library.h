@@ -4,7 +4,7 @@
 #include <string>
 
 #include "OakfenCore/Models/Records.h"
-#include "OakfenCore/Support/SharedArray.h"
+#include "OakfenCore/Support/Values/SharedArray.h"
 
 namespace oakfen {
 

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "OakfenCore/Models/Library.h"
-#include "OakfenCore/Support/LocalizedError.h"
+#include "OakfenCore/Support/Values/LocalizedError.h"
 
 namespace oakfen {
 
@@ -23,9 +23,9 @@ public:
 /// are ignored. Throws `LibraryDecodingError`.
 [[nodiscard]] Library decodeLibrary(std::string_view json);
 
-/// Whether the bytes begin as a document does: an object whose first key is one of a document's, with
-/// a value that begins as that of a document, which tells it from other JSON. What follows may be
-/// torn or damaged.
+/// Whether the bytes begin as a document does: an object whose first key is one of a document's,
+/// with a value that begins as that of a document, which tells it from other JSON. What follows may
+/// be torn or damaged.
 [[nodiscard]] bool beginsLikeLibrary(std::string_view bytes) noexcept;
 
 } // namespace oakfen

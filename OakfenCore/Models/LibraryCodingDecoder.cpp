@@ -5,7 +5,7 @@
 #include "OakfenCore/Models/LibraryCoding.h"
 #include "OakfenCore/Models/LibraryDecoder.h"
 #include "OakfenCore/Models/RecordFields.h"
-#include "OakfenCore/Support/Quotation.h"
+#include "OakfenCore/Support/Text/Quotation.h"
 
 namespace oakfen {
 

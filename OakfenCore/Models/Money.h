@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "OakfenCore/Models/Enumerations.h"
-#include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 
 namespace oakfen {
 

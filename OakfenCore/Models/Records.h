@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "OakfenCore/Models/Enumerations.h"
-#include "OakfenCore/Support/Date.h"
-#include "OakfenCore/Support/Decimal.h"
-#include "OakfenCore/Support/UUID.h"
+#include "OakfenCore/Support/Number/Decimal.h"
+#include "OakfenCore/Support/Time/Date.h"
+#include "OakfenCore/Support/Values/UUID.h"
 
 /// The records of the document. Plain values that point at each other by id; a reference that names
 /// nothing is tolerated everywhere. Absent text is the empty string.

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "OakfenCore/Support/Calendar.h"
-#include "OakfenCore/Support/Date.h"
+#include "OakfenCore/Support/Time/Calendar.h"
+#include "OakfenCore/Support/Time/Date.h"
 
 namespace oakfen {
 

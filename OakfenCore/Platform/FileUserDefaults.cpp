@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "OakfenCore/Platform/UserFolders.h"
-#include "OakfenCore/Support/LocalizedError.h"
-#include "OakfenCore/Support/Text.h"
-#include "OakfenCore/Support/WriteOwnerOnly.h"
+#include "OakfenCore/Support/Files/WriteOwnerOnly.h"
+#include "OakfenCore/Support/Text/Text.h"
+#include "OakfenCore/Support/Values/LocalizedError.h"
 
 namespace oakfen {
 

@@ -7,7 +7,7 @@
 
 #include "OakfenCore/Platform/BackgroundWriter.h"
 #include "OakfenCore/Platform/UserDefaults.h"
-#include "OakfenCore/Support/FileSystem.h"
+#include "OakfenCore/Support/Files/FileSystem.h"
 
 namespace oakfen {
 

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "OakfenCore/Platform/LegacyKeyStore.h"
-#include "OakfenCore/Support/LocalizedError.h"
+#include "OakfenCore/Support/Values/LocalizedError.h"
 
 namespace oakfen {
 

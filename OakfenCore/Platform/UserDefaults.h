@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "OakfenCore/Platform/Settings.h"
-#include "OakfenCore/Support/Observers.h"
+#include "OakfenCore/Support/Values/Observers.h"
 
 namespace oakfen {
 

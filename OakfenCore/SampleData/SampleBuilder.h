@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "OakfenCore/Models/Library.h"
-#include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 
 namespace oakfen {
 

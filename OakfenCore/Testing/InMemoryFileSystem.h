@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "OakfenCore/Support/FileSystem.h"
+#include "OakfenCore/Support/Files/FileSystem.h"
 
 namespace oakfen {
 

@@ -5,7 +5,7 @@
 #include <deque>
 #include <set>
 
-#include "OakfenCore/Support/FileCalls.h"
+#include "OakfenCore/Support/Files/FileCalls.h"
 
 namespace oakfen {
 

@@ -12,7 +12,7 @@ from pathlib import Path
 CHECK = sys.argv.pop(1)
 
 SOUND = {
-    "OakfenCore/Support/Text.cpp": ['"OakfenCore/Support/Text.h"', "<unicode/uchar.h>", "<string>"],
+    "OakfenCore/Support/Text/Text.cpp": ['"OakfenCore/Support/Text/Text.h"', "<unicode/uchar.h>", "<string>"],
     "OakfenCore/Models/Library.h": ['"OakfenCore/Support/Date.h"'],
     "OakfenCore/LibraryIndex/LibraryIndex.h": ['"OakfenCore/Models/Library.h"'],
     "Oakfen/AppState.h": ['"OakfenCore/Models/Library.h"'],

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "OakfenCore/Support/Locale.h"
+#include "OakfenCore/Support/Text/Locale.h"
 
 namespace oakfen::testing {
 

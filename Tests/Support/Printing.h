@@ -2,9 +2,9 @@
 
 #include <ostream>
 
-#include "OakfenCore/Support/Date.h"
-#include "OakfenCore/Support/Decimal.h"
-#include "OakfenCore/Support/UUID.h"
+#include "OakfenCore/Support/Number/Decimal.h"
+#include "OakfenCore/Support/Time/Date.h"
+#include "OakfenCore/Support/Values/UUID.h"
 
 /// How GoogleTest prints our values in a failure; included into every test.
 namespace oakfen {

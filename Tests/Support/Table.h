@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen::testing {
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "OakfenCore/Models/Library.h"
-#include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 
 /// Short ways to make records for tests.
 namespace oakfen::testing {

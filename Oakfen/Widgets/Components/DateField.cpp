@@ -11,7 +11,7 @@
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/SymbolIcons.h"
 #include "Oakfen/Widgets/Theme.h"
-#include "OakfenCore/Support/Locale.h"
+#include "OakfenCore/Support/Text/Locale.h"
 
 namespace oakfen {
 

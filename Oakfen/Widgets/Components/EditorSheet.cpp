@@ -4,7 +4,7 @@
 
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Theme.h"
-#include "OakfenCore/Support/LocalizedError.h"
+#include "OakfenCore/Support/Values/LocalizedError.h"
 
 namespace oakfen {
 

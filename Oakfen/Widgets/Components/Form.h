@@ -11,7 +11,7 @@
 #include "Oakfen/Views/AmountEntry.h"
 #include "Oakfen/Views/Choices.h"
 #include "Oakfen/Widgets/Components/Bound.h"
-#include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 
 class QFormLayout;
 class QLabel;

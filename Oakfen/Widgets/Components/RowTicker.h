@@ -4,7 +4,7 @@
 #include <functional>
 #include <vector>
 
-#include "OakfenCore/Support/UUID.h"
+#include "OakfenCore/Support/Values/UUID.h"
 
 namespace oakfen {
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "OakfenCore/Support/Formatting.h"
+#include "OakfenCore/Support/Text/Formatting.h"
 #include "Tests/Support/LocaleForTest.h"
 
 namespace oakfen {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "OakfenCore/Support/LocalizedError.h"
+#include "OakfenCore/Support/Values/LocalizedError.h"
 #include "Tests/Support/TestEnvironment.h"
 
 namespace oakfen {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "Oakfen/Views/DetailView.h"
-#include "OakfenCore/Support/WriteOwnerOnly.h"
+#include "OakfenCore/Support/Files/WriteOwnerOnly.h"
 #include "Tests/Support/TestEnvironment.h"
 
 namespace oakfen {

@@ -3,7 +3,7 @@
 #include <cerrno>
 
 #include "Oakfen/FileActions.h"
-#include "OakfenCore/Support/WriteOwnerOnly.h"
+#include "OakfenCore/Support/Files/WriteOwnerOnly.h"
 #include "Tests/Oakfen/Views/RegisterFixture.h"
 
 namespace oakfen {

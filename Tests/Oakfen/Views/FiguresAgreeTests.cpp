@@ -12,7 +12,7 @@
 #include "Oakfen/Views/SidebarView.h"
 #include "Oakfen/Views/TransactionEditor.h"
 #include "OakfenCore/Exporters/Exporter.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 #include "Tests/Generators/RandomLibrary.h"
 #include "Tests/Support/LocaleForTest.h"
 #include "Tests/Support/TestEnvironment.h"

@@ -5,7 +5,7 @@
 #include <cerrno>
 
 #include "OakfenCore/LibraryOperations/Accounts.h"
-#include "OakfenCore/Support/WriteOwnerOnly.h"
+#include "OakfenCore/Support/Files/WriteOwnerOnly.h"
 #include "Tests/Support/TestEnvironment.h"
 
 namespace oakfen {

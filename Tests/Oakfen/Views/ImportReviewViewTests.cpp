@@ -4,7 +4,7 @@
 
 #include "Oakfen/Views/TableChanges.h"
 #include "OakfenCore/LibraryOperations/Transactions.h"
-#include "OakfenCore/Support/Formatting.h"
+#include "OakfenCore/Support/Text/Formatting.h"
 #include "Tests/Support/LocaleForTest.h"
 #include "Tests/Support/TestEnvironment.h"
 

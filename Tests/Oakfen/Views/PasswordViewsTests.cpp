@@ -1,5 +1,5 @@
 #include "Oakfen/Views/PasswordViews.h"
-#include "OakfenCore/Support/WriteOwnerOnly.h"
+#include "OakfenCore/Support/Files/WriteOwnerOnly.h"
 
 #include <gtest/gtest.h>
 

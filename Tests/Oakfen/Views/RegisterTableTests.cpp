@@ -1,6 +1,6 @@
 #include "Oakfen/Views/RegisterTable.h"
 
-#include "OakfenCore/Support/Formatting.h"
+#include "OakfenCore/Support/Text/Formatting.h"
 #include "Tests/Oakfen/Views/RegisterFixture.h"
 #include "Tests/Support/LocaleForTest.h"
 

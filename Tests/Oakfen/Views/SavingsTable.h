@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "Oakfen/Views/TableColumns.h"
-#include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 #include "Tests/Support/TestLedger.h"
 
 namespace oakfen::testing {

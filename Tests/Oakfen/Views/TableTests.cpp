@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "Oakfen/Views/TableSort.h"
-#include "OakfenCore/Support/Formatting.h"
+#include "OakfenCore/Support/Text/Formatting.h"
 #include "Tests/Oakfen/Views/SavingsTable.h"
 #include "Tests/Support/LocaleForTest.h"
 

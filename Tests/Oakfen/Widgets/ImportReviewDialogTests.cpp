@@ -10,7 +10,7 @@
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/Components/PickerBox.h"
 #include "OakfenCore/LibraryOperations/Transactions.h"
-#include "OakfenCore/Support/Formatting.h"
+#include "OakfenCore/Support/Text/Formatting.h"
 #include "Tests/Support/TestEnvironment.h"
 
 namespace oakfen {

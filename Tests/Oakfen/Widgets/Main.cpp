@@ -4,7 +4,7 @@
 
 #include "Oakfen/Widgets/EventApplication.h"
 #include "Oakfen/Widgets/Theme.h"
-#include "OakfenCore/Support/Locale.h"
+#include "OakfenCore/Support/Text/Locale.h"
 
 namespace {
 

@@ -12,7 +12,7 @@
 #include "Oakfen/Widgets/EmptyStateWidget.h"
 #include "Oakfen/Widgets/RegisterWidget.h"
 #include "Oakfen/Widgets/SidebarDelegate.h"
-#include "OakfenCore/Support/WriteOwnerOnly.h"
+#include "OakfenCore/Support/Files/WriteOwnerOnly.h"
 #include "Tests/Oakfen/Widgets/WindowFixture.h"
 #include "Tests/Support/LocaleForTest.h"
 

@@ -9,8 +9,8 @@
 
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Theme.h"
-#include "OakfenCore/Support/FileSystem.h"
-#include "OakfenCore/Support/LocalizedError.h"
+#include "OakfenCore/Support/Files/FileSystem.h"
+#include "OakfenCore/Support/Values/LocalizedError.h"
 
 namespace oakfen {
 namespace {

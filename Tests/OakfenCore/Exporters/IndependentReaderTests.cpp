@@ -3,10 +3,10 @@
 #include <random>
 #include <unistd.h>
 
-#include "OakfenCore/Support/FileSystem.h"
-#include "OakfenCore/Support/SystemFileSystem.h"
-#include "OakfenCore/Support/Text.h"
-#include "OakfenCore/Support/WriteOwnerOnly.h"
+#include "OakfenCore/Support/Files/FileSystem.h"
+#include "OakfenCore/Support/Files/SystemFileSystem.h"
+#include "OakfenCore/Support/Files/WriteOwnerOnly.h"
+#include "OakfenCore/Support/Text/Text.h"
 #include "Tests/OakfenCore/Exporters/ExportFixture.h"
 #include "Tests/OakfenCore/Support/TemporaryFolder.h"
 

@@ -1,6 +1,6 @@
 #include <random>
 
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 #include "Tests/OakfenCore/Importers/StatementFixtures.h"
 
 namespace oakfen {

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen {
 

@@ -5,7 +5,7 @@
 #include <iterator>
 #include <map>
 
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 #include "Tests/OakfenCore/Importers/StatementFixtures.h"
 
 /// Statements of many banks and programs, kept outside the source tree: in the folder that the

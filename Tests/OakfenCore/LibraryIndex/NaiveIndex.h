@@ -9,8 +9,8 @@
 
 #include "OakfenCore/Models/InvestmentAmounts.h"
 #include "OakfenCore/Models/Library.h"
-#include "OakfenCore/Support/Calendar.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 #include "Tests/OakfenCore/LibraryIndex/NaiveHoldings.h"
 
 namespace oakfen::testing {

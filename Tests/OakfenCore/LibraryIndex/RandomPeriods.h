@@ -5,7 +5,7 @@
 #include <random>
 #include <vector>
 
-#include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 #include "Tests/Generators/RandomLibrary.h"
 #include "Tests/OakfenCore/LibraryIndex/UnsoundLibrary.h"
 

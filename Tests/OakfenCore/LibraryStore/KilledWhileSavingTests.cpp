@@ -12,8 +12,8 @@
 #include <gtest/gtest.h>
 
 #include "OakfenCore/Models/LibraryCoding.h"
-#include "OakfenCore/Support/SystemFileSystem.h"
-#include "OakfenCore/Support/WriteOwnerOnly.h"
+#include "OakfenCore/Support/Files/SystemFileSystem.h"
+#include "OakfenCore/Support/Files/WriteOwnerOnly.h"
 #include "Tests/OakfenCore/LibraryStore/SaveLoop/Documents.h"
 #include "Tests/OakfenCore/LibraryStore/SaveOracle.h"
 #include "Tests/OakfenCore/Support/TemporaryFolder.h"

@@ -10,8 +10,8 @@
 #include <gtest/gtest.h>
 
 #include "OakfenCore/Models/LibraryCoding.h"
-#include "OakfenCore/Support/SystemFileSystem.h"
-#include "OakfenCore/Support/WriteOwnerOnly.h"
+#include "OakfenCore/Support/Files/SystemFileSystem.h"
+#include "OakfenCore/Support/Files/WriteOwnerOnly.h"
 #include "Tests/OakfenCore/LibraryStore/SaveOracle.h"
 #include "Tests/OakfenCore/LibraryStore/StoreBench.h"
 #include "Tests/OakfenCore/Support/Mounts.h"

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "OakfenCore/LibraryStore/Opening.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 #include "Tests/OakfenCore/LibraryStore/StoreFixture.h"
 
 namespace oakfen {

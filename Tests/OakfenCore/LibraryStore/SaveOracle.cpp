@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "OakfenCore/Support/FileCalls.h"
+#include "OakfenCore/Support/Files/FileCalls.h"
 
 namespace oakfen {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "OakfenCore/Support/FileSystem.h"
+#include "OakfenCore/Support/Files/FileSystem.h"
 
 namespace oakfen {
 

@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "OakfenCore/Models/LibraryCoding.h"
-#include "OakfenCore/Support/WriteOwnerOnly.h"
+#include "OakfenCore/Support/Files/WriteOwnerOnly.h"
 #include "Tests/OakfenCore/LibraryStore/FaultSweep.h"
 
 namespace oakfen {

@@ -6,7 +6,7 @@
 #include <limits>
 #include <random>
 
-#include "OakfenCore/Support/LocalizedError.h"
+#include "OakfenCore/Support/Values/LocalizedError.h"
 #include "Tests/Support/TestLedger.h"
 
 namespace oakfen {

@@ -1,4 +1,4 @@
-#include "OakfenCore/Support/ASCII.h"
+#include "OakfenCore/Support/Values/ASCII.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // The table comes from Tests/Generators/calendar-cases.py.
-#include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
-#include "OakfenCore/Support/Date.h"
+#include "OakfenCore/Support/Time/Date.h"
 
 #include <gtest/gtest.h>
 
-#include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 
 namespace oakfen {
 namespace {

@@ -1,5 +1,5 @@
 // The table comes from Tests/Generators/decimal-cases.py.
-#include "OakfenCore/Support/Decimal.h"
+#include "OakfenCore/Support/Number/Decimal.h"
 
 #include <gtest/gtest.h>
 

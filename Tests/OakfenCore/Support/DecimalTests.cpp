@@ -1,4 +1,4 @@
-#include "OakfenCore/Support/Decimal.h"
+#include "OakfenCore/Support/Number/Decimal.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "OakfenCore/Support/Formatting.h"
+#include "OakfenCore/Support/Text/Formatting.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
-#include "OakfenCore/Support/Locale.h"
+#include "OakfenCore/Support/Text/Locale.h"
 
 #include <gtest/gtest.h>
 
-#include "OakfenCore/Support/Formatting.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Formatting.h"
+#include "OakfenCore/Support/Text/Text.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/LocaleForTest.h"
 

@@ -1,4 +1,4 @@
-#include "OakfenCore/Support/Observers.h"
+#include "OakfenCore/Support/Values/Observers.h"
 
 #include <gtest/gtest.h>
 #include <string>

@@ -1,4 +1,4 @@
-#include "OakfenCore/Support/Quotation.h"
+#include "OakfenCore/Support/Text/Quotation.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "OakfenCore/Support/SharedArray.h"
+#include "OakfenCore/Support/Values/SharedArray.h"
 
 #include <gtest/gtest.h>
 #include <random>

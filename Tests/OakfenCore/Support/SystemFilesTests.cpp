@@ -7,9 +7,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "OakfenCore/Support/FileSystem.h"
-#include "OakfenCore/Support/SystemFileSystem.h"
-#include "OakfenCore/Support/WriteOwnerOnly.h"
+#include "OakfenCore/Support/Files/FileSystem.h"
+#include "OakfenCore/Support/Files/SystemFileSystem.h"
+#include "OakfenCore/Support/Files/WriteOwnerOnly.h"
 #include "OakfenCore/Testing/InMemoryFileSystem.h"
 #include "Tests/OakfenCore/Support/FileSystemFilter.h"
 #include "Tests/OakfenCore/Support/TemporaryFolder.h"

@@ -1,4 +1,4 @@
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

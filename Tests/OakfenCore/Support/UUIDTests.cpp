@@ -1,4 +1,4 @@
-#include "OakfenCore/Support/UUID.h"
+#include "OakfenCore/Support/Values/UUID.h"
 
 #include <gtest/gtest.h>
 

@@ -4,8 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "OakfenCore/Support/FileSystem.h"
-#include "OakfenCore/Support/WriteOwnerOnly.h"
+#include "OakfenCore/Support/Files/FileSystem.h"
+#include "OakfenCore/Support/Files/WriteOwnerOnly.h"
 #include "OakfenCore/Testing/InMemoryFileSystem.h"
 
 namespace oakfen {

@@ -1,8 +1,8 @@
-#include "OakfenCore/Support/ZoneRule.h"
+#include "OakfenCore/Support/Time/ZoneRule.h"
 
 #include <gtest/gtest.h>
 
-#include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 
 namespace oakfen {
 namespace {

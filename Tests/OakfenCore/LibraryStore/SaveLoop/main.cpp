@@ -1,6 +1,6 @@
 #include <unistd.h>
 
-#include "OakfenCore/Support/SystemFileSystem.h"
+#include "OakfenCore/Support/Files/SystemFileSystem.h"
 #include "Tests/OakfenCore/LibraryStore/SaveLoop/Documents.h"
 
 /// Saves two documents in turn into the file that it is given, until it is killed. Says one byte on

@@ -1,4 +1,4 @@
-#include "OakfenCore/Support/TypedText.h"
+#include "OakfenCore/Support/Text/TypedText.h"
 
 #include <cstdint>
 #include <unicode/uchar.h>

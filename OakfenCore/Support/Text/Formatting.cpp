@@ -1,4 +1,4 @@
-#include "OakfenCore/Support/Formatting.h"
+#include "OakfenCore/Support/Text/Formatting.h"
 
 #include <algorithm>
 #include <map>
@@ -10,8 +10,8 @@
 #include <unicode/uenum.h>
 #include <utility>
 
-#include "OakfenCore/Support/ASCII.h"
-#include "OakfenCore/Support/ICUText.h"
+#include "OakfenCore/Support/Text/ICUText.h"
+#include "OakfenCore/Support/Values/ASCII.h"
 
 namespace oakfen {
 namespace {

@@ -6,8 +6,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "OakfenCore/Support/FileSystem.h"
-#include "OakfenCore/Support/SystemFileSystem.h"
+#include "OakfenCore/Support/Files/FileSystem.h"
+#include "OakfenCore/Support/Files/SystemFileSystem.h"
 
 namespace oakfen {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "OakfenCore/Support/ZoneRule.h"
+#include "OakfenCore/Support/Time/ZoneRule.h"
 
 namespace date {
 class time_zone;

@@ -4,10 +4,10 @@
 #include <string_view>
 #include <vector>
 
-#include "OakfenCore/Support/Calendar.h"
-#include "OakfenCore/Support/Date.h"
-#include "OakfenCore/Support/Decimal.h"
-#include "OakfenCore/Support/Locale.h"
+#include "OakfenCore/Support/Number/Decimal.h"
+#include "OakfenCore/Support/Text/Locale.h"
+#include "OakfenCore/Support/Time/Calendar.h"
+#include "OakfenCore/Support/Time/Date.h"
 
 /// Numbers, money and dates as people read them, in the user's locales.
 namespace oakfen {

@@ -3,9 +3,9 @@
 #include <cmath>
 #include <limits>
 
-#include "OakfenCore/Support/ASCII.h"
-#include "OakfenCore/Support/Decimal.h"
-#include "OakfenCore/Support/DecimalDigits.h"
+#include "OakfenCore/Support/Number/Decimal.h"
+#include "OakfenCore/Support/Number/DecimalDigits.h"
+#include "OakfenCore/Support/Values/ASCII.h"
 
 namespace oakfen {
 namespace {

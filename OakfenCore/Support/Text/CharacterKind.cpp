@@ -1,4 +1,4 @@
-#include "OakfenCore/Support/CharacterKind.h"
+#include "OakfenCore/Support/Text/CharacterKind.h"
 
 #include <cstdint>
 

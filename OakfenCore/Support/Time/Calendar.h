@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "OakfenCore/Support/Date.h"
+#include "OakfenCore/Support/Time/Date.h"
 
 namespace oakfen {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "OakfenCore/Support/FileSystem.h"
+#include "OakfenCore/Support/Files/FileSystem.h"
 
 namespace oakfen {
 

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "OakfenCore/Support/SharedArray.h"
+#include "OakfenCore/Support/Values/SharedArray.h"
 
 namespace oakfen {
 

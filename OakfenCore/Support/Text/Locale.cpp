@@ -1,4 +1,4 @@
-#include "OakfenCore/Support/Locale.h"
+#include "OakfenCore/Support/Text/Locale.h"
 
 #include <atomic>
 #include <cstdlib>

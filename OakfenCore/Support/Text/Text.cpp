@@ -1,4 +1,4 @@
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
 
 #include <algorithm>
 #include <unicode/bytestream.h>
@@ -8,8 +8,8 @@
 #include <unicode/uchar.h>
 #include <unicode/utf8.h>
 
-#include "OakfenCore/Support/ASCII.h"
-#include "OakfenCore/Support/ICUText.h"
+#include "OakfenCore/Support/Text/ICUText.h"
+#include "OakfenCore/Support/Values/ASCII.h"
 
 namespace oakfen {
 namespace {

@@ -5,8 +5,8 @@
 #include <unicode/gregocal.h>
 #include <unicode/smpdtfmt.h>
 
-#include "OakfenCore/Support/Formatting.h"
-#include "OakfenCore/Support/ICUText.h"
+#include "OakfenCore/Support/Text/Formatting.h"
+#include "OakfenCore/Support/Text/ICUText.h"
 
 namespace oakfen {
 namespace {

@@ -1,11 +1,11 @@
-#include "OakfenCore/Support/Decimal.h"
+#include "OakfenCore/Support/Number/Decimal.h"
 
 #include <algorithm>
 #include <boost/multiprecision/cpp_int.hpp>
 #include <charconv>
 #include <utility>
 
-#include "OakfenCore/Support/DecimalDigits.h"
+#include "OakfenCore/Support/Number/DecimalDigits.h"
 
 namespace oakfen {
 namespace {

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "OakfenCore/Support/Decimal.h"
+#include "OakfenCore/Support/Number/Decimal.h"
 
 /// The digits of 128-bit integers: what the arithmetic and the texts of `Decimal` share.
 namespace oakfen::digits {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "OakfenCore/Support/FileSystem.h"
+#include "OakfenCore/Support/Files/FileSystem.h"
 
 namespace oakfen {
 

@@ -1,4 +1,4 @@
-#include "OakfenCore/Support/ContentHash.h"
+#include "OakfenCore/Support/Values/ContentHash.h"
 
 // Compiled in whole, so that nothing is linked for one function.
 #define XXH_INLINE_ALL

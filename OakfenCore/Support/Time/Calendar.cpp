@@ -1,12 +1,12 @@
-#include "OakfenCore/Support/Calendar.h"
+#include "OakfenCore/Support/Time/Calendar.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
 
-#include "OakfenCore/Support/CivilDay.h"
-#include "OakfenCore/Support/TimeZone.h"
+#include "OakfenCore/Support/Time/CivilDay.h"
+#include "OakfenCore/Support/Time/TimeZone.h"
 
 namespace oakfen {
 namespace {

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "OakfenCore/Support/LocalizedError.h"
+#include "OakfenCore/Support/Values/LocalizedError.h"
 
 namespace oakfen {
 

@@ -1,4 +1,4 @@
-#include "OakfenCore/Support/TimeZone.h"
+#include "OakfenCore/Support/Time/TimeZone.h"
 
 #include <chrono>
 #include <cstdlib>
@@ -10,7 +10,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "OakfenCore/Support/CivilDay.h"
+#include "OakfenCore/Support/Time/CivilDay.h"
 
 namespace oakfen {
 namespace {

@@ -3,9 +3,9 @@
 #include <fcntl.h>
 #include <optional>
 
-#include "OakfenCore/Support/FileCalls.h"
-#include "OakfenCore/Support/FileSystem.h"
-#include "OakfenCore/Support/WriteOwnerOnly.h"
+#include "OakfenCore/Support/Files/FileCalls.h"
+#include "OakfenCore/Support/Files/FileSystem.h"
+#include "OakfenCore/Support/Files/WriteOwnerOnly.h"
 
 namespace oakfen {
 

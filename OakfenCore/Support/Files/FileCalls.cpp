@@ -1,10 +1,10 @@
-#include "OakfenCore/Support/FileCalls.h"
+#include "OakfenCore/Support/Files/FileCalls.h"
 
 #include <algorithm>
 #include <cstring>
 #include <utility>
 
-#include "OakfenCore/Support/Quotation.h"
+#include "OakfenCore/Support/Text/Quotation.h"
 
 namespace oakfen::fileCalls {
 

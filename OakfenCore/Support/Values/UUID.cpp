@@ -1,9 +1,9 @@
-#include "OakfenCore/Support/UUID.h"
+#include "OakfenCore/Support/Values/UUID.h"
 
 #include <cerrno>
 #include <sys/random.h>
 
-#include "OakfenCore/Support/LocalizedError.h"
+#include "OakfenCore/Support/Values/LocalizedError.h"
 
 namespace oakfen {
 namespace {

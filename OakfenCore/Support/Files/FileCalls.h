@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "OakfenCore/Support/FileSystem.h"
+#include "OakfenCore/Support/Files/FileSystem.h"
 
 /// What the functions on files share; not for use elsewhere.
 namespace oakfen::fileCalls {

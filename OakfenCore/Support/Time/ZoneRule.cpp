@@ -1,8 +1,8 @@
-#include "OakfenCore/Support/ZoneRule.h"
+#include "OakfenCore/Support/Time/ZoneRule.h"
 
 #include <algorithm>
 
-#include "OakfenCore/Support/CivilDay.h"
+#include "OakfenCore/Support/Time/CivilDay.h"
 
 namespace oakfen {
 namespace {

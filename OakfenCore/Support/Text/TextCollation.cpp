@@ -1,10 +1,10 @@
 #include <memory>
 #include <unicode/coll.h>
 
-#include "OakfenCore/Support/ICUText.h"
-#include "OakfenCore/Support/Locale.h"
-#include "OakfenCore/Support/LocalizedError.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/ICUText.h"
+#include "OakfenCore/Support/Text/Locale.h"
+#include "OakfenCore/Support/Text/Text.h"
+#include "OakfenCore/Support/Values/LocalizedError.h"
 
 namespace oakfen {
 namespace {

@@ -2,8 +2,8 @@
 #include <unicode/uchar.h>
 #include <unicode/utf8.h>
 
-#include "OakfenCore/Support/ASCII.h"
-#include "OakfenCore/Support/Text.h"
+#include "OakfenCore/Support/Text/Text.h"
+#include "OakfenCore/Support/Values/ASCII.h"
 
 // The rules of Unicode's annex 29 for extended grapheme clusters, on the properties that ICU has.
 // ICU's own iterator gives the same boundaries (but for conjuncts of Indic scripts, which it keeps
