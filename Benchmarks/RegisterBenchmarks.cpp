@@ -7,9 +7,9 @@
 
 #include "Benchmarks/Benchmarks.h"
 #include "Benchmarks/BigLibrary.h"
-#include "Oakfen/Views/RegisterFilter.h"
-#include "Oakfen/Views/RegisterRows.h"
-#include "Oakfen/Views/RegisterTable.h"
+#include "Oakfen/Views/Register/RegisterFilter.h"
+#include "Oakfen/Views/Register/RegisterRows.h"
+#include "Oakfen/Views/Register/RegisterTable.h"
 #include "Oakfen/Views/TableChanges.h"
 #include "Oakfen/Views/TableSort.h"
 #include "OakfenCore/LibraryIndex/LibraryIndex.h"

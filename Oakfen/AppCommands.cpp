@@ -2,7 +2,7 @@
 
 #include "Oakfen/Cover.h"
 #include "Oakfen/FileActions.h"
-#include "Oakfen/Views/Reminders.h"
+#include "Oakfen/Reminders.h"
 
 namespace oakfen {
 
@@ -41,9 +41,7 @@ private:
         return isOpen() && environment_.appState.selectedAccountID().has_value();
     }
     /// Taking back what nobody can see would surprise.
-    [[nodiscard]] bool isHistoryVisible() const {
-        return isFree() && !isObscured(environment_);
-    }
+    [[nodiscard]] bool isHistoryVisible() const { return isFree() && !isObscured(environment_); }
 
     /// Opens the sheet that `make` describes at that moment.
     template <typename MakeContent>

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "Oakfen/AppEnvironment.h"
-#include "Oakfen/Views/MenuEntry.h"
+#include "Oakfen/MenuEntry.h"
 
 namespace oakfen {
 

@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "Oakfen/Views/AmountRange.h"
-#include "Oakfen/Views/Components.h"
+#include "Oakfen/Views/Components/AmountRange.h"
+#include "Oakfen/Views/Components/Components.h"
 
 /// Tables without a toolkit: what stands in their cells and above their columns.
 namespace oakfen {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Oakfen/Views/AccountEditor.h"
+#include "Oakfen/Views/Editors/AccountEditor.h"
 #include "Oakfen/Widgets/Components/EditorSheet.h"
 
 namespace oakfen {

@@ -4,7 +4,7 @@
 #include <QPointer>
 #include <vector>
 
-#include "Oakfen/Views/ContentView.h"
+#include "Oakfen/Views/Gate/ContentView.h"
 #include "OakfenCore/Support/Values/Observers.h"
 
 class QMessageBox;

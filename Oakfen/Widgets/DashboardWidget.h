@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "Oakfen/Views/DashboardView.h"
+#include "Oakfen/Views/Dashboard/DashboardView.h"
 #include "OakfenCore/Support/Values/Observers.h"
 
 class QLabel;

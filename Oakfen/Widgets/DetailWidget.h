@@ -3,7 +3,7 @@
 #include <QWidget>
 
 #include "Oakfen/AppEnvironment.h"
-#include "Oakfen/Views/DetailView.h"
+#include "Oakfen/Views/Shell/DetailView.h"
 
 namespace oakfen {
 

@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "Oakfen/Views/EmptyState.h"
+#include "Oakfen/Views/Components/EmptyState.h"
 
 class QHBoxLayout;
 class QPushButton;

@@ -2,7 +2,7 @@
 
 #include <QFrame>
 
-#include "Oakfen/Views/PasswordViews.h"
+#include "Oakfen/Views/Gate/PasswordViews.h"
 
 class QPushButton;
 class QVBoxLayout;

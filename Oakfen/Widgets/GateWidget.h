@@ -7,7 +7,7 @@
 
 #include "Oakfen/AppEnvironment.h"
 #include "Oakfen/Cover.h"
-#include "Oakfen/Views/PasswordViews.h"
+#include "Oakfen/Views/Gate/PasswordViews.h"
 
 namespace oakfen {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Oakfen/Views/ImportReviewView.h"
+#include "Oakfen/Views/Import/ImportReviewView.h"
 #include "Oakfen/Widgets/Components/SheetScaffold.h"
 
 namespace oakfen {

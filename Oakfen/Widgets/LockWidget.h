@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "Oakfen/Views/LockView.h"
+#include "Oakfen/Views/Gate/LockView.h"
 
 namespace oakfen {
 

@@ -6,7 +6,7 @@
 #include <QKeySequence>
 #include <QMenu>
 
-#include "Oakfen/Views/Components.h"
+#include "Oakfen/Views/Components/Components.h"
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/SymbolIcons.h"
 #include "Oakfen/Widgets/Theme.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "Oakfen/Views/MenuEntry.h"
+#include "Oakfen/MenuEntry.h"
 
 class QMenu;
 

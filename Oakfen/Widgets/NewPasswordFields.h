@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "Oakfen/Views/PasswordViews.h"
+#include "Oakfen/Views/Gate/PasswordViews.h"
 
 class QCheckBox;
 class QFormLayout;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Oakfen/Views/ReconcileView.h"
+#include "Oakfen/Views/Reconcile/ReconcileView.h"
 #include "Oakfen/Widgets/Components/LabelledFigure.h"
 #include "Oakfen/Widgets/Components/SheetScaffold.h"
 

@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <vector>
 
-#include "Oakfen/Views/RegisterContent.h"
+#include "Oakfen/Views/Register/RegisterContent.h"
 #include "Oakfen/Widgets/Components/LabelledFigure.h"
 
 class QHBoxLayout;

@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "Oakfen/Views/RegisterView.h"
+#include "Oakfen/Views/Register/RegisterView.h"
 
 class QComboBox;
 class QLineEdit;

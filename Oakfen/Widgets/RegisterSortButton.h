@@ -2,7 +2,7 @@
 
 #include <QToolButton>
 
-#include "Oakfen/Views/RegisterView.h"
+#include "Oakfen/Views/Register/RegisterView.h"
 
 namespace oakfen {
 

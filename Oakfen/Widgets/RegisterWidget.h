@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "Oakfen/Views/RegisterView.h"
+#include "Oakfen/Views/Register/RegisterView.h"
 
 class QLineEdit;
 class QMenu;

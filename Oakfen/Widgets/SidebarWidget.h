@@ -4,7 +4,7 @@
 #include <set>
 #include <vector>
 
-#include "Oakfen/Views/SidebarView.h"
+#include "Oakfen/Views/Shell/SidebarView.h"
 #include "Oakfen/Widgets/Components/LabelledFigure.h"
 #include "OakfenCore/Support/Values/Observers.h"
 

@@ -4,7 +4,7 @@
 #include <functional>
 #include <vector>
 
-#include "Oakfen/Views/TransactionEditor.h"
+#include "Oakfen/Views/Editors/TransactionEditor.h"
 
 class QLabel;
 class QLineEdit;

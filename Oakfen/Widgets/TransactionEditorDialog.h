@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Oakfen/Views/TransactionEditor.h"
+#include "Oakfen/Views/Editors/TransactionEditor.h"
 #include "Oakfen/Widgets/Components/EditorSheet.h"
 
 namespace oakfen {

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "Oakfen/Views/WelcomeView.h"
+#include "Oakfen/Views/Gate/WelcomeView.h"
 
 namespace oakfen {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "Oakfen/Views/AmountReading.h"
+#include "Oakfen/Views/Components/AmountReading.h"
 #include "Oakfen/Widgets/Bridge.h"
 
 namespace oakfen {

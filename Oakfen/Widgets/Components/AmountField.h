@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Oakfen/Views/AmountEntry.h"
+#include "Oakfen/Views/Components/AmountEntry.h"
 #include "Oakfen/Widgets/Components/EntryField.h"
 
 namespace oakfen {

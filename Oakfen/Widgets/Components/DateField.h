@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Oakfen/Views/DateEntry.h"
+#include "Oakfen/Views/Components/DateEntry.h"
 #include "Oakfen/Widgets/Components/EntryField.h"
 
 class QCalendarWidget;

@@ -3,7 +3,7 @@
 #include <QLineEdit>
 #include <functional>
 
-#include "Oakfen/Views/TypedEntry.h"
+#include "Oakfen/Views/Components/TypedEntry.h"
 
 namespace oakfen {
 

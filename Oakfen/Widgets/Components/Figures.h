@@ -4,7 +4,7 @@
 #include <QRectF>
 #include <QString>
 
-#include "Oakfen/Views/Components.h"
+#include "Oakfen/Views/Components/Components.h"
 #include "Oakfen/Widgets/Theme.h"
 
 class QPainter;

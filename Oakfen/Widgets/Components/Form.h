@@ -8,8 +8,8 @@
 #include <type_traits>
 #include <vector>
 
-#include "Oakfen/Views/AmountEntry.h"
-#include "Oakfen/Views/Choices.h"
+#include "Oakfen/Views/Components/AmountEntry.h"
+#include "Oakfen/Views/Components/Choices.h"
 #include "Oakfen/Widgets/Components/Bound.h"
 #include "OakfenCore/Support/Time/Calendar.h"
 

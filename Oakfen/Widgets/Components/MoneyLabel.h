@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "Oakfen/Views/Components.h"
+#include "Oakfen/Views/Components/Components.h"
 #include "Oakfen/Widgets/Theme.h"
 
 namespace oakfen {

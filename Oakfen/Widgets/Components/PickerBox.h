@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "Oakfen/Views/Components.h"
+#include "Oakfen/Views/Components/Components.h"
 
 namespace oakfen {
 

@@ -1,4 +1,4 @@
-#include "Oakfen/Views/AccountEditor.h"
+#include "Oakfen/Views/Editors/AccountEditor.h"
 
 #include <gtest/gtest.h>
 

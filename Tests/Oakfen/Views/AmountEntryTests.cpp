@@ -1,4 +1,4 @@
-#include "Oakfen/Views/AmountEntry.h"
+#include "Oakfen/Views/Components/AmountEntry.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "Oakfen/Views/AmountReading.h"
+#include "Oakfen/Views/Components/AmountReading.h"
 
 #include <gtest/gtest.h>
 

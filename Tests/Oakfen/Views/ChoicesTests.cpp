@@ -1,4 +1,4 @@
-#include "Oakfen/Views/Choices.h"
+#include "Oakfen/Views/Components/Choices.h"
 
 #include <gtest/gtest.h>
 

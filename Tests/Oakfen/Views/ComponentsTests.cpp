@@ -1,4 +1,4 @@
-#include "Oakfen/Views/Components.h"
+#include "Oakfen/Views/Components/Components.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "Oakfen/Views/ContentView.h"
+#include "Oakfen/Views/Gate/ContentView.h"
 
 #include <gtest/gtest.h>
 
-#include "Oakfen/Views/DetailView.h"
+#include "Oakfen/Views/Shell/DetailView.h"
 #include "OakfenCore/Support/Files/WriteOwnerOnly.h"
 #include "Tests/Support/TestEnvironment.h"
 

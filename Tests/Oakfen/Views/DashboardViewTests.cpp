@@ -1,4 +1,4 @@
-#include "Oakfen/Views/DashboardView.h"
+#include "Oakfen/Views/Dashboard/DashboardView.h"
 
 #include <gtest/gtest.h>
 

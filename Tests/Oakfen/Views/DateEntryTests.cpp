@@ -1,4 +1,4 @@
-#include "Oakfen/Views/DateEntry.h"
+#include "Oakfen/Views/Components/DateEntry.h"
 
 #include <gtest/gtest.h>
 

@@ -4,13 +4,13 @@
 
 #include <string>
 
-#include "Oakfen/Views/AccountEditor.h"
-#include "Oakfen/Views/AmountEntry.h"
-#include "Oakfen/Views/AmountReading.h"
-#include "Oakfen/Views/ReconcileView.h"
-#include "Oakfen/Views/RegisterView.h"
-#include "Oakfen/Views/SidebarView.h"
-#include "Oakfen/Views/TransactionEditor.h"
+#include "Oakfen/Views/Components/AmountEntry.h"
+#include "Oakfen/Views/Components/AmountReading.h"
+#include "Oakfen/Views/Editors/AccountEditor.h"
+#include "Oakfen/Views/Editors/TransactionEditor.h"
+#include "Oakfen/Views/Reconcile/ReconcileView.h"
+#include "Oakfen/Views/Register/RegisterView.h"
+#include "Oakfen/Views/Shell/SidebarView.h"
 #include "OakfenCore/Exporters/Exporter.h"
 #include "OakfenCore/Support/Text/Text.h"
 #include "Tests/Generators/RandomLibrary.h"

@@ -1,4 +1,4 @@
-#include "Oakfen/Views/ImportReviewView.h"
+#include "Oakfen/Views/Import/ImportReviewView.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "Oakfen/Views/LockView.h"
+#include "Oakfen/Views/Gate/LockView.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "Oakfen/Views/PasswordViews.h"
+#include "Oakfen/Views/Gate/PasswordViews.h"
 #include "OakfenCore/Support/Files/WriteOwnerOnly.h"
 
 #include <gtest/gtest.h>

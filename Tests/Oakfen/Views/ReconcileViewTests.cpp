@@ -1,4 +1,4 @@
-#include "Oakfen/Views/ReconcileView.h"
+#include "Oakfen/Views/Reconcile/ReconcileView.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "Oakfen/Views/RegisterFilter.h"
+#include "Oakfen/Views/Register/RegisterFilter.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include <map>
 #include <string>
 
-#include "Oakfen/Views/RegisterView.h"
+#include "Oakfen/Views/Register/RegisterView.h"
 #include "OakfenCore/LibraryOperations/Accounts.h"
 #include "OakfenCore/LibraryOperations/Transactions.h"
 #include "Tests/Support/TestEnvironment.h"

@@ -1,4 +1,4 @@
-#include "Oakfen/Views/RegisterRows.h"
+#include "Oakfen/Views/Register/RegisterRows.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "Oakfen/Views/RegisterTable.h"
+#include "Oakfen/Views/Register/RegisterTable.h"
 #include "Oakfen/Views/TableSort.h"
 #include "Tests/Support/TestLedger.h"
 

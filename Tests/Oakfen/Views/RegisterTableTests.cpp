@@ -1,4 +1,4 @@
-#include "Oakfen/Views/RegisterTable.h"
+#include "Oakfen/Views/Register/RegisterTable.h"
 
 #include "OakfenCore/Support/Text/Formatting.h"
 #include "Tests/Oakfen/Views/RegisterFixture.h"

@@ -1,4 +1,4 @@
-#include "Oakfen/Views/RegisterView.h"
+#include "Oakfen/Views/Register/RegisterView.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "Oakfen/Views/Reminders.h"
+#include "Oakfen/Reminders.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "Oakfen/Views/SidebarView.h"
+#include "Oakfen/Views/Shell/SidebarView.h"
 
 #include <gtest/gtest.h>
 

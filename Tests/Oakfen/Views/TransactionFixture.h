@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "Oakfen/Views/TransactionEditor.h"
+#include "Oakfen/Views/Editors/TransactionEditor.h"
 #include "OakfenCore/LibraryOperations/Transactions.h"
 #include "Tests/Support/TestEnvironment.h"
 

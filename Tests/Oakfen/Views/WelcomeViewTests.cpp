@@ -1,4 +1,4 @@
-#include "Oakfen/Views/WelcomeView.h"
+#include "Oakfen/Views/Gate/WelcomeView.h"
 
 #include <gtest/gtest.h>
 

@@ -9,7 +9,7 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "Oakfen/Views/Components.h"
+#include "Oakfen/Views/Components/Components.h"
 #include "Oakfen/Widgets/Bridge.h"
 #include "Tests/Oakfen/Widgets/AccessibleTree.h"
 #include "Tests/Support/TestEnvironment.h"

@@ -18,7 +18,7 @@
 #include <stdexcept>
 
 #include "Fuzz/LibraryRules.h"
-#include "Oakfen/Views/SidebarView.h"
+#include "Oakfen/Views/Shell/SidebarView.h"
 #include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/AmountField.h"
 #include "Oakfen/Widgets/Components/DateField.h"

@@ -1,0 +1,159 @@
+#include "Oakfen/Views/Register/RegisterView.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace oakfen {
+
+RegisterView::RegisterView(AppEnvironment& environment, const UUID& accountID)
+    : Screen(environment), accountID_(accountID), rows_(accountID),
+      transactionSaved_(
+          environment.appState.transactionSaved.observe([this](const UUID& id) { reveal(id); })) {}
+
+void RegisterView::setFilter(RegisterFilter filter) {
+    if (filter != filter_) {
+        filter_ = filter;
+        hidden_.clear();
+        stateChanged();
+    }
+}
+
+void RegisterView::setSearchText(std::string text) {
+    if (text != searchText_) {
+        searchText_ = std::move(text);
+        hidden_.clear();
+        stateChanged();
+    }
+}
+
+void RegisterView::setSort(const RegisterSort& sort) {
+    sort_ = sort;
+    stateChanged();
+}
+
+void RegisterView::sortBy(std::string_view column) {
+    const Column<RegisterRow>* found = columnNamed(columns(), column);
+    if (found != nullptr && found->head.isSortable) {
+        setSort(
+            {.column = found->head.id, .ascending = sort_.column != column || !sort_.ascending});
+    }
+}
+
+void RegisterView::select(UUIDSet ids) {
+    if (ids != *selection_) {
+        selection_ = std::make_shared<const UUIDSet>(std::move(ids));
+        stateChanged();
+    }
+}
+
+std::string RegisterView::copiedText() const {
+    const auto shown = content();
+    std::vector<std::size_t> selected;
+    for (std::size_t row = 0; row < shown->table->rowCount(); ++row) {
+        if (shown->selection->contains(shown->table->id(row))) {
+            selected.push_back(row);
+        }
+    }
+    return clipboardText(*shown->table, selected);
+}
+
+RegisterContent RegisterView::derive(const RegisterContent* earlier) const {
+    RegisterContent content{.filter = filter_,
+                            .searchText = searchText_,
+                            .sort = sort_,
+                            .table = tableAfter(earlier != nullptr ? earlier->table : nullptr),
+                            .hiddenNotice = hiddenNotice(),
+                            .revealed = revealed_};
+    if (const Account* shown = account()) {
+        content.title = shown->name;
+        content.subtitle = shown->institution.empty() ? std::string(oakfen::title(shown->type))
+                                                      : shown->institution;
+    }
+    content.selection = selectionIn(*content.table);
+    content.footer = footer(*content.table, *content.selection);
+    return content;
+}
+
+const Account* RegisterView::account() const {
+    return environment_.store.index().account(accountID_);
+}
+
+const Columns<RegisterRow>& RegisterView::columns() const {
+    const Account* shown = account();
+    return registerColumns(shown != nullptr && isLiability(shown->type));
+}
+
+const RegisterRows::State& RegisterView::rows() const {
+    return rows_.at(environment_.store.sharedIndex());
+}
+
+RegisterView::SharedTable RegisterView::tableAfter(const SharedTable& earlier) const {
+    Choice choice{environment_.store.sharedIndex(), filter_, searchText_, sort_};
+    if (earlier != nullptr && choice == shownChoice_) {
+        return earlier;
+    }
+    const RegisterRows::State all = rows();
+    if (choice.index != shownChoice_.index) {
+        ranges_ = rangesOf<RegisterRow>(columns(), *all);
+    }
+    shownChoice_ = std::move(choice);
+    RegisterRowTest test = rowTest();
+    std::vector<const RegisterRow*> shown;
+    shown.reserve(all->size());
+    for (const RegisterRow& row : *all) {
+        if (test.shows(row)) {
+            shown.push_back(&row);
+        }
+    }
+    sorter_.sort(shown, *columnNamed(columns(), sort_.column), sort_.ascending);
+    return keepingEqual(earlier, std::make_shared<const Table<RegisterRow>>(
+                                     columns(), std::move(shown), all, ranges_, cellContext()));
+}
+
+RegisterRowTest RegisterView::rowTest() const {
+    return {RegisterFilterTest(filter_, environment_.clock.now(), environment_.clock.calendar()),
+            searchText_};
+}
+
+RegisterView::SharedIDs RegisterView::selectionIn(const Table<RegisterRow>& table) const {
+    if (selection_->empty()) {
+        return selection_;
+    }
+    const auto isSelected = [this](const RegisterRow* row) {
+        return selection_->contains(row->id);
+    };
+    // Mostly all of it is; a set of thousands isn't made again for nothing.
+    if (static_cast<std::size_t>(std::ranges::count_if(table.rows(), isSelected)) ==
+        selection_->size()) {
+        return selection_;
+    }
+    auto shown = std::make_shared<UUIDSet>();
+    for (const RegisterRow* row : table.rows()) {
+        if (isSelected(row)) {
+            shown->insert(row->id);
+        }
+    }
+    return shown->size() == selection_->size() ? selection_ : shown;
+}
+
+RegisterFooter RegisterView::footer(const Table<RegisterRow>& table,
+                                    const UUIDSet& selection) const {
+    const LibraryIndex& index = environment_.store.index();
+    const Decimal balance = index.balance(accountID_);
+    RegisterFooter footer{.figures = {{"Cleared", index.clearedBalance(accountID_)},
+                                      {"Today", balance},
+                                      {"Ending", index.endingBalance(accountID_)}}};
+    const Account* shown = account();
+    if (shown != nullptr && shown->creditLimit && shown->creditLimit->isPositive()) {
+        footer.figures.push_back({"Available Credit", *shown->creditLimit + balance});
+    }
+    if (!selection.empty()) {
+        const Decimal total = sum(table.rows(), [&](const RegisterRow* row) {
+            return selection.contains(row->id) ? row->amount : Decimal();
+        });
+        footer.selection = {std::to_string(selection.size()) + " selected", total};
+    }
+    return footer;
+}
+
+} // namespace oakfen

@@ -1,0 +1,125 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Oakfen/MenuEntry.h"
+#include "Oakfen/Views/Register/RegisterContent.h"
+#include "Oakfen/Views/Register/RegisterRows.h"
+#include "Oakfen/Views/Screen.h"
+#include "Oakfen/Views/TableSort.h"
+
+namespace oakfen {
+
+/// The everyday screen of an account: its entries with their running balance, and what can be done
+/// with many of them at once. Lives as long as the person stays in the account. An entry that is
+/// saved meanwhile is selected and brought into sight.
+class RegisterView final : public Screen<RegisterContent> {
+public:
+    RegisterView(AppEnvironment& environment, const UUID& accountID);
+
+    // What the person chooses on the screen.
+    void setFilter(RegisterFilter filter);
+    void setSearchText(std::string text);
+    void setSort(const RegisterSort& sort);
+    /// A click on a column's header: sorts by it, or turns the direction round.
+    void sortBy(std::string_view column);
+    /// Selects these of the rows that are shown.
+    void select(UUIDSet ids);
+
+    /// Selects the row of an entry that was saved just now, or of its leg in this account, and
+    /// reveals it. One that the filter or the search hides is noted.
+    void reveal(const UUID& id);
+    /// Ends filter and search, selects what the notice is about and reveals what came last.
+    void showHidden();
+
+    /// The selected rows as lines of tab-separated text for a spreadsheet, in all columns.
+    [[nodiscard]] std::string copiedText() const;
+
+    /// A click on the state's mark: uncleared becomes cleared and back; reconciled stays.
+    void toggleCleared(const UUID& id);
+    void markAs(ClearedState state, const UUIDSet& ids);
+    void setCategory(const UUID& categoryID, const UUIDSet& ids);
+    /// Enters a copy dated now; a transfer's copy is a new transfer.
+    void duplicate(const UUID& id);
+    /// Shows the other account of a transfer.
+    void goToTransfer(const UUID& id);
+
+    /// What can be done with these entries. The view must outlive it.
+    [[nodiscard]] std::vector<MenuEntry> contextMenu(const UUIDSet& ids);
+
+    /// Asks whether to delete the entries; does it once confirmed.
+    void requestDelete(const UUIDSet& ids);
+    /// Entries that wait for the answer whether to delete them.
+    [[nodiscard]] const UUIDSet& pendingDelete() const { return pendingDelete_; }
+
+    // The toolbar.
+    void newTransaction();
+    void editTransaction(const UUID& id);
+    void reconcile();
+    void editAccount();
+    void importTransactions();
+
+protected:
+    [[nodiscard]] RegisterContent derive(const RegisterContent* earlier) const override;
+    void adopt(const RegisterContent& content) override { selection_ = content.selection; }
+
+private:
+    /// What a table was made of.
+    struct Choice {
+        std::shared_ptr<const LibraryIndex> index;
+        RegisterFilter filter = RegisterFilter::all;
+        std::string searchText;
+        RegisterSort sort;
+
+        friend bool operator==(const Choice&, const Choice&) = default;
+    };
+    using SharedTable = std::shared_ptr<const Table<RegisterRow>>;
+    /// The entries that a menu is about. Its lines share them, since they may be a hundred
+    /// thousand.
+    using SharedIDs = std::shared_ptr<const UUIDSet>;
+
+    /// The account as it is now; null once it was deleted.
+    [[nodiscard]] const Account* account() const;
+    [[nodiscard]] const Columns<RegisterRow>& columns() const;
+    /// All of the account's rows in ledger order.
+    [[nodiscard]] const RegisterRows::State& rows() const;
+    [[nodiscard]] SharedTable tableAfter(const SharedTable& earlier) const;
+    /// Those of the selected entries that the table shows.
+    [[nodiscard]] SharedIDs selectionIn(const Table<RegisterRow>& table) const;
+    [[nodiscard]] RegisterFooter footer(const Table<RegisterRow>& table,
+                                        const UUIDSet& selection) const;
+    /// Which rows filter and search let be seen now.
+    [[nodiscard]] RegisterRowTest rowTest() const;
+    /// Those of the hidden entries that still are.
+    [[nodiscard]] std::vector<UUID> stillHidden() const;
+    [[nodiscard]] std::optional<std::string> hiddenNotice() const;
+    void selectAndReveal(UUIDSet ids, const UUID& last);
+
+    [[nodiscard]] std::vector<MenuEntry> menuForOne(const UUID& id);
+    [[nodiscard]] std::vector<MenuEntry> markMenu(const SharedIDs& ids);
+    [[nodiscard]] std::vector<MenuEntry> categoryMenu(const SharedIDs& ids);
+    [[nodiscard]] ConfirmationRequest deleteConfirmation() const;
+    void confirmDelete();
+
+    UUID accountID_;
+    SharedIDs selection_ = std::make_shared<const UUIDSet>();
+    RegisterSort sort_;
+    RegisterFilter filter_ = RegisterFilter::all;
+    std::string searchText_;
+    UUIDSet pendingDelete_;
+    // Entries that were saved while this filter and search hid them.
+    std::vector<UUID> hidden_;
+    std::optional<RevealedEntry> revealed_;
+    mutable RegisterRows rows_;
+    // What the present table was made of, and how far the figures of all rows reach.
+    mutable Choice shownChoice_;
+    mutable std::vector<AmountRange> ranges_;
+    mutable TableSorter<RegisterRow> sorter_;
+    Subscription transactionSaved_;
+};
+
+} // namespace oakfen

@@ -1,0 +1,162 @@
+#include "Oakfen/Views/Register/RegisterView.h"
+
+#include <utility>
+
+#include "Oakfen/FileActions.h"
+#include "OakfenCore/LibraryOperations/Transactions.h"
+
+namespace oakfen {
+
+void RegisterView::toggleCleared(const UUID& id) {
+    const Transaction* entry = environment_.store.index().transaction(id);
+    if (entry == nullptr || entry->cleared == ClearedState::reconciled) {
+        return;
+    }
+    const bool clears = entry->cleared == ClearedState::uncleared;
+    environment_.store.mutate(clears ? "Mark Cleared" : "Mark Uncleared", [&](Library& library) {
+        setCleared(library, clears ? ClearedState::cleared : ClearedState::uncleared, {id});
+    });
+}
+
+void RegisterView::markAs(ClearedState state, const UUIDSet& ids) {
+    environment_.store.mutate("Mark " + std::string(oakfen::title(state)),
+                              [&](Library& library) { setCleared(library, state, ids); });
+}
+
+void RegisterView::setCategory(const UUID& categoryID, const UUIDSet& ids) {
+    environment_.store.mutate(
+        "Set Category", [&](Library& library) { oakfen::setCategory(library, categoryID, ids); });
+}
+
+void RegisterView::duplicate(const UUID& id) {
+    const Transaction* original = environment_.store.index().transaction(id);
+    if (original == nullptr) {
+        return;
+    }
+    Transaction copy = *original;
+    copy.id = UUID::random();
+    copy.transferID.reset();
+    copy.date = environment_.clock.now();
+    copy.cleared = ClearedState::uncleared;
+    copy.importID.reset();
+    for (Split& split : copy.splits) {
+        split.id = UUID::random();
+    }
+    environment_.store.mutate("Duplicate Transaction",
+                              [&](Library& library) { upsert(library, copy); });
+}
+
+void RegisterView::goToTransfer(const UUID& id) {
+    const Transaction* entry = environment_.store.index().transaction(id);
+    if (entry != nullptr && entry->transferAccountID) {
+        environment_.appState.setSelection(SidebarItem::account(*entry->transferAccountID));
+    }
+}
+
+std::vector<MenuEntry> RegisterView::contextMenu(const UUIDSet& ids) {
+    if (ids.empty()) {
+        return {};
+    }
+    const bool isOne = ids.size() == 1;
+    std::vector<MenuEntry> menu = isOne ? menuForOne(*ids.begin()) : std::vector<MenuEntry>();
+    const auto shared = std::make_shared<const UUIDSet>(ids);
+    menu.push_back({.title = "Mark As", .startsGroup = isOne, .children = markMenu(shared)});
+    menu.push_back({.title = "Set Category", .children = categoryMenu(shared)});
+    menu.push_back({.title = "Delete",
+                    .symbolName = "trash",
+                    .perform = [this, shared] { requestDelete(*shared); },
+                    .isDestructive = true,
+                    .startsGroup = true});
+    return menu;
+}
+
+std::vector<MenuEntry> RegisterView::menuForOne(const UUID& id) {
+    std::vector<MenuEntry> menu{
+        {.title = "Edit", .symbolName = "pencil", .perform = [this, id] { editTransaction(id); }},
+        {.title = "Duplicate", .symbolName = "plus.rectangle.on.rectangle", .perform = [this, id] {
+             duplicate(id);
+         }}};
+    const LibraryIndex& index = environment_.store.index();
+    const Transaction* entry = index.transaction(id);
+    if (entry != nullptr && entry->transferAccountID) {
+        const Account* other = index.account(*entry->transferAccountID);
+        menu.push_back(
+            {.title = "Go to " + (other != nullptr ? other->name : std::string("Transfer")),
+             .symbolName = "arrow.right",
+             .perform = [this, id] { goToTransfer(id); }});
+    }
+    return menu;
+}
+
+std::vector<MenuEntry> RegisterView::markMenu(const SharedIDs& ids) {
+    std::vector<MenuEntry> menu;
+    for (const ClearedState state : allCases<ClearedState>) {
+        menu.push_back({.title = std::string(oakfen::title(state)),
+                        .symbolName = std::string(clearedBadge(state).symbolName),
+                        .perform = [this, state, ids] { markAs(state, *ids); }});
+    }
+    return menu;
+}
+
+std::vector<MenuEntry> RegisterView::categoryMenu(const SharedIDs& ids) {
+    std::vector<MenuEntry> menu;
+    for (const CategoryKind kind : {CategoryKind::expense, CategoryKind::income}) {
+        bool startsGroup = kind == CategoryKind::income;
+        for (const PickerRow& row : categoryChoices(environment_.store.index(), kind)) {
+            menu.push_back({.title = row.title,
+                            .perform = [this, ids, id = *row.id] { setCategory(id, *ids); },
+                            .startsGroup = std::exchange(startsGroup, false)});
+        }
+    }
+    return menu;
+}
+
+void RegisterView::requestDelete(const UUIDSet& ids) {
+    if (ids.empty()) {
+        return;
+    }
+    pendingDelete_ = ids;
+    environment_.panels.confirm(deleteConfirmation(), whileAlive([this](bool isConfirmed) {
+                                    isConfirmed ? confirmDelete() : pendingDelete_.clear();
+                                }));
+}
+
+ConfirmationRequest RegisterView::deleteConfirmation() const {
+    const std::size_t count = pendingDelete_.size();
+    return {.title =
+                "Delete " + std::to_string(count) + " transaction" + (count == 1 ? "" : "s") + "?",
+            .message = "Transfers are removed from both accounts. You can undo this.",
+            .confirmTitle = "Delete",
+            .isDestructive = true};
+}
+
+void RegisterView::confirmDelete() {
+    const UUIDSet ids = std::exchange(pendingDelete_, {});
+    environment_.store.mutate("Delete Transactions",
+                              [&](Library& library) { deleteTransactions(library, ids); });
+    UUIDSet rest = *selection_;
+    std::erase_if(rest, [&](const UUID& id) { return ids.contains(id); });
+    select(std::move(rest));
+}
+
+void RegisterView::newTransaction() {
+    environment_.appState.setSheet(ActiveSheet{ActiveSheet::NewTransaction{accountID_}});
+}
+
+void RegisterView::editTransaction(const UUID& id) {
+    environment_.appState.setSheet(ActiveSheet{ActiveSheet::EditTransaction{id}});
+}
+
+void RegisterView::reconcile() {
+    environment_.appState.setSheet(ActiveSheet{ActiveSheet::Reconcile{accountID_}});
+}
+
+void RegisterView::editAccount() {
+    environment_.appState.setSheet(ActiveSheet{ActiveSheet::EditAccount{accountID_}});
+}
+
+void RegisterView::importTransactions() {
+    FileActions::importTransactions(environment_);
+}
+
+} // namespace oakfen

@@ -1,0 +1,78 @@
+#include "Oakfen/Views/Register/RegisterView.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "OakfenCore/Support/Text/Text.h"
+
+namespace oakfen {
+
+void RegisterView::reveal(const UUID& id) {
+    const Transaction* entry = environment_.store.index().transaction(id);
+    if (entry == nullptr) {
+        return;
+    }
+    const UUID leg = entry->accountID == accountID_ ? id : entry->transferID.value_or(id);
+    const RegisterRow* saved = rows()->first([&](const RegisterRow& row) { return row.id == leg; });
+    if (saved == nullptr) {
+        return;
+    }
+    if (rowTest().shows(*saved)) {
+        selectAndReveal({leg}, leg);
+    } else if (std::ranges::find(hidden_, leg) == hidden_.end()) {
+        hidden_.push_back(leg);
+    }
+    stateChanged();
+}
+
+void RegisterView::showHidden() {
+    const std::vector<UUID> ids = stillHidden();
+    filter_ = RegisterFilter::all;
+    searchText_.clear();
+    hidden_.clear();
+    if (!ids.empty()) {
+        selectAndReveal(UUIDSet(ids.begin(), ids.end()), ids.back());
+    }
+    stateChanged();
+}
+
+void RegisterView::selectAndReveal(UUIDSet ids, const UUID& last) {
+    selection_ = std::make_shared<const UUIDSet>(std::move(ids));
+    revealed_ = {.id = last, .number = revealed_ ? revealed_->number + 1 : 1};
+}
+
+std::optional<std::string> RegisterView::hiddenNotice() const {
+    const std::size_t count = stillHidden().size();
+    if (count == 0) {
+        return std::nullopt;
+    }
+    const bool isSearched = !trimmingWhitespaces(searchText_).empty();
+    const std::string by = filter_ == RegisterFilter::all ? "search"
+                           : isSearched                   ? "search and filter"
+                                                          : "filter";
+    return (count == 1 ? "The saved transaction is"
+                       : std::to_string(count) + " saved transactions are") +
+           " hidden by the " + by + ".";
+}
+
+std::vector<UUID> RegisterView::stillHidden() const {
+    if (hidden_.empty()) {
+        return {};
+    }
+    // One pass through the rows, of which there may be as many as a person has ever entered.
+    const UUIDSet saved(hidden_.begin(), hidden_.end());
+    UUIDSet hidden;
+    RegisterRowTest test = rowTest();
+    for (const RegisterRow& row : *rows()) {
+        if (saved.contains(row.id) && !test.shows(row)) {
+            hidden.insert(row.id);
+        }
+    }
+    std::vector<UUID> ids;
+    std::ranges::copy_if(hidden_, std::back_inserter(ids),
+                         [&](const UUID& id) { return hidden.contains(id); });
+    return ids;
+}
+
+} // namespace oakfen
