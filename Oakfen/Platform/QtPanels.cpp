@@ -11,9 +11,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "Oakfen/Widgets/Bridge.h"
-#include "Oakfen/Widgets/MessageBox.h"
-#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/Components/MessageBox.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
 
 namespace oakfen {
 

@@ -8,7 +8,7 @@
 #include <QThread>
 #include <utility>
 
-#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 #include "OakfenCore/Support/Files/FileCalls.h"
 #include "OakfenCore/Support/Text/Quotation.h"
 

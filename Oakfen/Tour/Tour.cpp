@@ -8,9 +8,9 @@
 #include <utility>
 
 #include "Oakfen/Tour/TourStage.h"
-#include "Oakfen/Widgets/Bridge.h"
-#include "Oakfen/Widgets/Theme.h"
-#include "Oakfen/Widgets/WindowState.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
+#include "Oakfen/Widgets/Theme/WindowState.h"
 #include "OakfenCore/Models/LibraryCoding.h"
 #include "OakfenCore/SampleData/SampleData.h"
 #include "OakfenCore/Support/Files/SystemFileSystem.h"

@@ -4,8 +4,8 @@
 #include <QPixmap>
 #include <utility>
 
-#include "Oakfen/Widgets/BusyPill.h"
-#include "Oakfen/Widgets/CrossFade.h"
+#include "Oakfen/Widgets/Components/CrossFade.h"
+#include "Oakfen/Widgets/Shell/BusyPill.h"
 
 namespace oakfen {
 

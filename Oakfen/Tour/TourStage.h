@@ -4,7 +4,7 @@
 #include <string>
 
 #include "Oakfen/Session.h"
-#include "Oakfen/Widgets/MainWindow.h"
+#include "Oakfen/Widgets/Shell/MainWindow.h"
 #include "OakfenCore/Testing/InMemoryFileSystem.h"
 #include "OakfenCore/Testing/ManualScheduler.h"
 

@@ -2,9 +2,9 @@
 #include <QTextStream>
 
 #include "Oakfen/Tour/Tour.h"
-#include "Oakfen/Widgets/Bridge.h"
-#include "Oakfen/Widgets/EventApplication.h"
-#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/Shell/EventApplication.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
 #include "OakfenCore/Support/Values/LocalizedError.h"
 
 int main(int argumentCount, char** arguments) {

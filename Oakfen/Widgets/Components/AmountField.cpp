@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "Oakfen/Views/Components/AmountReading.h"
-#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 
 namespace oakfen {
 

@@ -3,9 +3,9 @@
 #include <QPainter>
 #include <QPainterPath>
 
-#include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/Figures.h"
-#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
 
 namespace oakfen {
 

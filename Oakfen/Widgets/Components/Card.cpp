@@ -3,8 +3,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
-#include "Oakfen/Widgets/SymbolLabel.h"
-#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/Components/SymbolLabel.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
 
 namespace oakfen {
 

@@ -8,9 +8,9 @@
 #include <QToolButton>
 #include <utility>
 
-#include "Oakfen/Widgets/Bridge.h"
-#include "Oakfen/Widgets/SymbolIcons.h"
-#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
+#include "Oakfen/Widgets/Theme/SymbolIcons.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
 #include "OakfenCore/Support/Text/Locale.h"
 
 namespace oakfen {

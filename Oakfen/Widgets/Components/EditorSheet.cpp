@@ -2,8 +2,8 @@
 
 #include <QKeyEvent>
 
-#include "Oakfen/Widgets/Bridge.h"
-#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
 #include "OakfenCore/Support/Values/LocalizedError.h"
 
 namespace oakfen {

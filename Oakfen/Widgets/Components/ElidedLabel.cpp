@@ -1,6 +1,6 @@
 #include "Oakfen/Widgets/Components/ElidedLabel.h"
 
-#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 
 namespace oakfen {
 

@@ -2,7 +2,7 @@
 
 #include <QLabel>
 
-#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
 
 namespace oakfen {
 

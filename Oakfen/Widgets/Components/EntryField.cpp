@@ -5,8 +5,8 @@
 #include <QTimer>
 #include <utility>
 
-#include "Oakfen/Widgets/Bridge.h"
-#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
 
 namespace oakfen {
 

@@ -5,7 +5,7 @@
 #include <QString>
 
 #include "Oakfen/Views/Components/Components.h"
-#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
 
 class QPainter;
 

@@ -11,7 +11,6 @@
 #include <memory>
 #include <utility>
 
-#include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/AmountField.h"
 #include "Oakfen/Widgets/Components/DateField.h"
 #include "Oakfen/Widgets/Components/Figures.h"
@@ -19,8 +18,9 @@
 #include "Oakfen/Widgets/Components/PickerBox.h"
 #include "Oakfen/Widgets/Components/SegmentedChoice.h"
 #include "Oakfen/Widgets/Components/StepField.h"
-#include "Oakfen/Widgets/SymbolIcons.h"
-#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
+#include "Oakfen/Widgets/Theme/SymbolIcons.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
 
 namespace oakfen {
 

@@ -7,7 +7,7 @@
 #include "Oakfen/Widgets/Components/EntryField.h"
 #include "Oakfen/Widgets/Components/Form.h"
 #include "Oakfen/Widgets/Components/SegmentedChoice.h"
-#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
 
 namespace oakfen {
 

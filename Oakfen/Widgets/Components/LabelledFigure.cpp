@@ -1,6 +1,6 @@
 #include "Oakfen/Widgets/Components/LabelledFigure.h"
 
-#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 
 namespace oakfen {
 

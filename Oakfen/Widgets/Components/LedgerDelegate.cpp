@@ -6,10 +6,10 @@
 #include <QPainter>
 #include <QToolTip>
 
-#include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/Figures.h"
-#include "Oakfen/Widgets/SymbolIcons.h"
-#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
+#include "Oakfen/Widgets/Theme/SymbolIcons.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
 
 namespace oakfen {
 

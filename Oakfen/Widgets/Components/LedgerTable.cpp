@@ -11,8 +11,8 @@
 #include "Oakfen/Widgets/Components/Figures.h"
 #include "Oakfen/Widgets/Components/LedgerDelegate.h"
 #include "Oakfen/Widgets/Components/TableModel.h"
-#include "Oakfen/Widgets/Theme.h"
-#include "Oakfen/Widgets/WindowState.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
+#include "Oakfen/Widgets/Theme/WindowState.h"
 
 namespace oakfen {
 

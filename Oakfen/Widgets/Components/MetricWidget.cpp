@@ -2,8 +2,8 @@
 
 #include <QVBoxLayout>
 
-#include "Oakfen/Widgets/Bridge.h"
-#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
 
 namespace oakfen {
 

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/Figures.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 
 namespace oakfen {
 

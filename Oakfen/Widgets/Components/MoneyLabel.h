@@ -3,7 +3,7 @@
 #include <QWidget>
 
 #include "Oakfen/Views/Components/Components.h"
-#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
 
 namespace oakfen {
 

@@ -10,9 +10,9 @@
 #include <QWheelEvent>
 #include <algorithm>
 
-#include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/EntryField.h"
-#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
 
 namespace oakfen {
 

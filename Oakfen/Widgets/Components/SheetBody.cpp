@@ -6,7 +6,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
 
 namespace oakfen {
 

@@ -5,11 +5,11 @@
 #include <QKeyEvent>
 #include <QPointer>
 
-#include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/EntryField.h"
 #include "Oakfen/Widgets/Components/PickerBox.h"
 #include "Oakfen/Widgets/Components/SheetBody.h"
-#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
 
 namespace oakfen {
 

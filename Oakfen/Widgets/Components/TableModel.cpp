@@ -3,8 +3,8 @@
 #include <unordered_map>
 #include <utility>
 
-#include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/LedgerDelegate.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 
 namespace oakfen {
 

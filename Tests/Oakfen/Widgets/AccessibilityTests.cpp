@@ -10,13 +10,13 @@
 #include <QTreeWidget>
 #include <algorithm>
 
-#include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/AmountField.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/Components/SheetScaffold.h"
-#include "Oakfen/Widgets/MainWindow.h"
-#include "Oakfen/Widgets/RegisterWidget.h"
-#include "Oakfen/Widgets/SheetRouter.h"
+#include "Oakfen/Widgets/Register/RegisterWidget.h"
+#include "Oakfen/Widgets/Shell/MainWindow.h"
+#include "Oakfen/Widgets/Shell/SheetRouter.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 #include "OakfenCore/Models/LibraryCoding.h"
 #include "OakfenCore/SampleData/SampleData.h"
 #include "Tests/Oakfen/Widgets/AccessibleTree.h"

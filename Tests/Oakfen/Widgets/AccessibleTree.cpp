@@ -5,7 +5,7 @@
 #include <QWidget>
 #include <algorithm>
 
-#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 
 namespace oakfen::testing {
 

@@ -1,4 +1,4 @@
-#include "Oakfen/Widgets/AccountEditorDialog.h"
+#include "Oakfen/Widgets/Editors/AccountEditorDialog.h"
 
 #include <gtest/gtest.h>
 
@@ -10,9 +10,9 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/AmountField.h"
 #include "Oakfen/Widgets/Components/DateField.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Tests/Support/TestEnvironment.h"
 
 namespace oakfen {

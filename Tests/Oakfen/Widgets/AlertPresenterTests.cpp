@@ -1,4 +1,4 @@
-#include "Oakfen/Widgets/AlertPresenter.h"
+#include "Oakfen/Widgets/Shell/AlertPresenter.h"
 
 #include <QDialog>
 #include <QMessageBox>

@@ -4,7 +4,7 @@
 
 #include <QTest>
 
-#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Tests/Support/TestLedger.h"
 
 namespace oakfen {

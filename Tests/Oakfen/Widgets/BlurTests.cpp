@@ -1,4 +1,4 @@
-#include "Oakfen/Widgets/Blur.h"
+#include "Oakfen/Widgets/Components/Blur.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "Oakfen/Widgets/BusyPill.h"
+#include "Oakfen/Widgets/Shell/BusyPill.h"
 
 #include <QTimer>
 
-#include "Oakfen/Widgets/GateWidget.h"
+#include "Oakfen/Widgets/Gate/GateWidget.h"
 #include "Tests/Oakfen/Widgets/WindowFixture.h"
 
 namespace oakfen {

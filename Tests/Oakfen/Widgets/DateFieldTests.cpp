@@ -6,7 +6,7 @@
 #include <QTest>
 #include <QVBoxLayout>
 
-#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Tests/Support/LocaleForTest.h"
 #include "Tests/Support/TestLedger.h"
 

@@ -10,7 +10,7 @@
 #include <QTest>
 
 #include "Oakfen/Views/Components/Components.h"
-#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Tests/Oakfen/Widgets/AccessibleTree.h"
 #include "Tests/Support/TestEnvironment.h"
 

@@ -1,4 +1,4 @@
-#include "Oakfen/Widgets/EventApplication.h"
+#include "Oakfen/Widgets/Shell/EventApplication.h"
 
 #include <QMenu>
 #include <QSemaphore>

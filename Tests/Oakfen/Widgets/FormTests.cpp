@@ -12,13 +12,13 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/AmountField.h"
 #include "Oakfen/Widgets/Components/DateField.h"
 #include "Oakfen/Widgets/Components/MoneyLabel.h"
 #include "Oakfen/Widgets/Components/PickerBox.h"
 #include "Oakfen/Widgets/Components/SegmentedChoice.h"
 #include "Oakfen/Widgets/Components/StepField.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Tests/Oakfen/Widgets/AccessibleTree.h"
 #include "Tests/Support/TestLedger.h"
 

@@ -1,4 +1,4 @@
-#include "Oakfen/Widgets/GateWidget.h"
+#include "Oakfen/Widgets/Gate/GateWidget.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -6,8 +6,8 @@
 #include <QVariantAnimation>
 #include <cerrno>
 
-#include "Oakfen/Widgets/Bridge.h"
-#include "Oakfen/Widgets/CrossFade.h"
+#include "Oakfen/Widgets/Components/CrossFade.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 #include "OakfenCore/Models/LibraryCoding.h"
 #include "Tests/Oakfen/Widgets/WindowFixture.h"
 

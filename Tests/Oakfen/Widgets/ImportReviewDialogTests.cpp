@@ -1,4 +1,4 @@
-#include "Oakfen/Widgets/ImportReviewDialog.h"
+#include "Oakfen/Widgets/Import/ImportReviewDialog.h"
 
 #include <gtest/gtest.h>
 
@@ -6,9 +6,9 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/Components/PickerBox.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 #include "OakfenCore/LibraryOperations/Transactions.h"
 #include "OakfenCore/Support/Text/Formatting.h"
 #include "Tests/Support/TestEnvironment.h"

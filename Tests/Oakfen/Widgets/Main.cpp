@@ -2,8 +2,8 @@
 
 #include <QTemporaryDir>
 
-#include "Oakfen/Widgets/EventApplication.h"
-#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/Shell/EventApplication.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
 #include "OakfenCore/Support/Text/Locale.h"
 
 namespace {

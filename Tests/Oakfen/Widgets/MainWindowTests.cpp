@@ -1,4 +1,4 @@
-#include "Oakfen/Widgets/MainWindow.h"
+#include "Oakfen/Widgets/Shell/MainWindow.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -8,10 +8,10 @@
 #include <QScreen>
 #include <QUrl>
 
-#include "Oakfen/Widgets/DashboardWidget.h"
-#include "Oakfen/Widgets/EmptyStateWidget.h"
-#include "Oakfen/Widgets/RegisterWidget.h"
-#include "Oakfen/Widgets/SidebarDelegate.h"
+#include "Oakfen/Widgets/Components/EmptyStateWidget.h"
+#include "Oakfen/Widgets/Dashboard/DashboardWidget.h"
+#include "Oakfen/Widgets/Register/RegisterWidget.h"
+#include "Oakfen/Widgets/Shell/SidebarDelegate.h"
 #include "OakfenCore/Support/Files/WriteOwnerOnly.h"
 #include "Tests/Oakfen/Widgets/WindowFixture.h"
 #include "Tests/Support/LocaleForTest.h"

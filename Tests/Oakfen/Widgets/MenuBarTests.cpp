@@ -1,4 +1,4 @@
-#include "Oakfen/Widgets/MenuBar.h"
+#include "Oakfen/Widgets/Shell/MenuBar.h"
 
 #include <QApplication>
 #include <QLineEdit>

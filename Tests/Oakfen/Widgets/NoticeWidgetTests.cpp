@@ -1,4 +1,4 @@
-#include "Oakfen/Widgets/NoticeWidget.h"
+#include "Oakfen/Widgets/Shell/NoticeWidget.h"
 
 #include <gtest/gtest.h>
 

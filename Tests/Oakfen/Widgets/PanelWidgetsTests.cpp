@@ -9,8 +9,8 @@
 #include "Oakfen/Widgets/Components/Figures.h"
 #include "Oakfen/Widgets/Components/MetricWidget.h"
 #include "Oakfen/Widgets/Components/MoneyLabel.h"
-#include "Oakfen/Widgets/SymbolLabel.h"
-#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/Components/SymbolLabel.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
 #include "Tests/Support/TestLedger.h"
 
 namespace oakfen {

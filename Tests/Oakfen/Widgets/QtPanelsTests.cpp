@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Tests/Oakfen/Widgets/Settle.h"
 
 namespace oakfen {

@@ -1,4 +1,4 @@
-#include "Oakfen/Widgets/ReconcileDialog.h"
+#include "Oakfen/Widgets/Reconcile/ReconcileDialog.h"
 
 #include <gtest/gtest.h>
 
@@ -10,10 +10,10 @@
 #include <algorithm>
 #include <string>
 
-#include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/AmountField.h"
 #include "Oakfen/Widgets/Components/DateField.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Tests/Oakfen/Views/RegisterFixture.h"
 
 namespace oakfen {

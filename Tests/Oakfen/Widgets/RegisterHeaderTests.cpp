@@ -2,8 +2,8 @@
 #include <QToolButton>
 #include <map>
 
-#include "Oakfen/Widgets/Bridge.h"
-#include "Oakfen/Widgets/RegisterHeaderWidget.h"
+#include "Oakfen/Widgets/Register/RegisterHeaderWidget.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Tests/Oakfen/Widgets/RegisterWindowFixture.h"
 
 namespace oakfen {

@@ -1,4 +1,4 @@
-#include "Oakfen/Widgets/RegisterNoticeWidget.h"
+#include "Oakfen/Widgets/Register/RegisterNoticeWidget.h"
 
 #include <QComboBox>
 #include <QLineEdit>

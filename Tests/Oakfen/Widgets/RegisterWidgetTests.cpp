@@ -1,4 +1,4 @@
-#include "Oakfen/Widgets/RegisterWidget.h"
+#include "Oakfen/Widgets/Register/RegisterWidget.h"
 
 #include <gtest/gtest.h>
 
@@ -11,11 +11,11 @@
 #include <QScrollBar>
 #include <QTest>
 
-#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/Components/EmptyStateWidget.h"
 #include "Oakfen/Widgets/Components/LedgerDelegate.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
-#include "Oakfen/Widgets/EmptyStateWidget.h"
-#include "Oakfen/Widgets/RegisterSortButton.h"
+#include "Oakfen/Widgets/Register/RegisterSortButton.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Tests/Oakfen/Widgets/RegisterWindowFixture.h"
 
 namespace oakfen {

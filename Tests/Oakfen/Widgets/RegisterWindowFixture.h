@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
-#include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
-#include "Oakfen/Widgets/RegisterWidget.h"
+#include "Oakfen/Widgets/Register/RegisterWidget.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Tests/Oakfen/Views/RegisterFixture.h"
 
 namespace oakfen::testing {

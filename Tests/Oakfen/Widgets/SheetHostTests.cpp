@@ -1,4 +1,4 @@
-#include "Oakfen/Widgets/SheetHost.h"
+#include "Oakfen/Widgets/Shell/SheetHost.h"
 
 #include <gtest/gtest.h>
 
@@ -19,14 +19,14 @@
 #include <algorithm>
 #include <set>
 
+#include "Oakfen/Widgets/Components/CrossFade.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/Components/SheetBody.h"
 #include "Oakfen/Widgets/Components/SheetScaffold.h"
-#include "Oakfen/Widgets/CrossFade.h"
-#include "Oakfen/Widgets/GateWidget.h"
-#include "Oakfen/Widgets/RegisterWidget.h"
-#include "Oakfen/Widgets/ThemeStyle.h"
-#include "Oakfen/Widgets/TransactionEditorDialog.h"
+#include "Oakfen/Widgets/Editors/TransactionEditorDialog.h"
+#include "Oakfen/Widgets/Gate/GateWidget.h"
+#include "Oakfen/Widgets/Register/RegisterWidget.h"
+#include "Oakfen/Widgets/Theme/ThemeStyle.h"
 #include "OakfenCore/LibraryOperations/Transactions.h"
 #include "Tests/Oakfen/Widgets/AccessibleTree.h"
 #include "Tests/Oakfen/Widgets/WindowFixture.h"

@@ -9,8 +9,8 @@
 #include <QVBoxLayout>
 
 #include "Oakfen/Views/Components/Components.h"
-#include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/AmountField.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Tests/Support/TestEnvironment.h"
 
 namespace oakfen {

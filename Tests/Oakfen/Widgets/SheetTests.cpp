@@ -5,9 +5,9 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "Oakfen/Widgets/AccountEditorDialog.h"
 #include "Oakfen/Widgets/Components/AmountField.h"
 #include "Oakfen/Widgets/Components/PickerBox.h"
+#include "Oakfen/Widgets/Editors/AccountEditorDialog.h"
 #include "OakfenCore/LibraryOperations/Transactions.h"
 #include "Tests/Support/TestEnvironment.h"
 

@@ -1,12 +1,12 @@
-#include "Oakfen/Widgets/SidebarWidget.h"
+#include "Oakfen/Widgets/Shell/SidebarWidget.h"
 
 #include <QApplication>
 #include <QMenu>
 #include <QToolButton>
 
-#include "Oakfen/Widgets/DashboardWidget.h"
-#include "Oakfen/Widgets/EmptyStateWidget.h"
-#include "Oakfen/Widgets/RegisterWidget.h"
+#include "Oakfen/Widgets/Components/EmptyStateWidget.h"
+#include "Oakfen/Widgets/Dashboard/DashboardWidget.h"
+#include "Oakfen/Widgets/Register/RegisterWidget.h"
 #include "Tests/Oakfen/Widgets/WindowFixture.h"
 
 namespace oakfen {

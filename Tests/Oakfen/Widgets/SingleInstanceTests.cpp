@@ -12,7 +12,7 @@
 #include <QTemporaryDir>
 #include <QThread>
 
-#include "Oakfen/Widgets/Bridge.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Tests/OakfenCore/Support/Mounts.h"
 
 namespace oakfen {

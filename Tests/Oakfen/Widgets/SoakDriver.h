@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "Oakfen/Widgets/MainWindow.h"
+#include "Oakfen/Widgets/Shell/MainWindow.h"
 #include "Tests/Support/TestEnvironment.h"
 
 class QAction;

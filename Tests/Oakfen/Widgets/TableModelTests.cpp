@@ -10,9 +10,9 @@
 #include <QTest>
 #include <algorithm>
 
-#include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/LedgerDelegate.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Tests/Generators/RandomLibrary.h"
 #include "Tests/Oakfen/Views/SavingsTable.h"
 #include "Tests/Support/LocaleForTest.h"

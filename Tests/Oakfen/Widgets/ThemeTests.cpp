@@ -1,4 +1,4 @@
-#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
 
 #include <gtest/gtest.h>
 
@@ -9,9 +9,9 @@
 #include <cmath>
 
 #include "Oakfen/AppState.h"
-#include "Oakfen/Widgets/Bridge.h"
-#include "Oakfen/Widgets/SymbolIcons.h"
-#include "Oakfen/Widgets/ThemeColors.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
+#include "Oakfen/Widgets/Theme/SymbolIcons.h"
+#include "Oakfen/Widgets/Theme/ThemeColors.h"
 
 namespace oakfen {
 namespace {

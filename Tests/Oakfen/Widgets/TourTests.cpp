@@ -7,8 +7,8 @@
 #include <QTemporaryDir>
 #include <set>
 
-#include "Oakfen/Widgets/Bridge.h"
-#include "Oakfen/Widgets/Theme.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
 #include "OakfenCore/Support/Files/FileSystem.h"
 #include "OakfenCore/Support/Values/LocalizedError.h"
 

@@ -1,7 +1,7 @@
-#include "Oakfen/Widgets/TransactionEditorDialog.h"
+#include "Oakfen/Widgets/Editors/TransactionEditorDialog.h"
 
 #include "Oakfen/Widgets/Components/LedgerTable.h"
-#include "Oakfen/Widgets/RegisterWidget.h"
+#include "Oakfen/Widgets/Register/RegisterWidget.h"
 #include "Tests/Oakfen/Widgets/TransactionSheetFixture.h"
 
 namespace oakfen {

@@ -11,12 +11,12 @@
 #include <memory>
 #include <string>
 
-#include "Oakfen/Widgets/Bridge.h"
 #include "Oakfen/Widgets/Components/AmountField.h"
 #include "Oakfen/Widgets/Components/DateField.h"
 #include "Oakfen/Widgets/Components/PickerBox.h"
-#include "Oakfen/Widgets/PayeeField.h"
-#include "Oakfen/Widgets/TransactionEditorDialog.h"
+#include "Oakfen/Widgets/Editors/PayeeField.h"
+#include "Oakfen/Widgets/Editors/TransactionEditorDialog.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 #include "OakfenCore/LibraryOperations/Transactions.h"
 #include "Tests/Support/TestEnvironment.h"
 

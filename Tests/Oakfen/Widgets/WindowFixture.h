@@ -9,7 +9,7 @@
 #include <QTreeWidget>
 #include <memory>
 
-#include "Oakfen/Widgets/MainWindow.h"
+#include "Oakfen/Widgets/Shell/MainWindow.h"
 #include "OakfenCore/LibraryOperations/Accounts.h"
 #include "Tests/Oakfen/Widgets/Settle.h"
 #include "Tests/Support/TestEnvironment.h"

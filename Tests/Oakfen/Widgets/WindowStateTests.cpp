@@ -1,10 +1,10 @@
-#include "Oakfen/Widgets/WindowState.h"
+#include "Oakfen/Widgets/Theme/WindowState.h"
 
 #include <QHeaderView>
 #include <QSplitter>
 
 #include "Oakfen/Widgets/Components/LedgerTable.h"
-#include "Oakfen/Widgets/SidebarWidget.h"
+#include "Oakfen/Widgets/Shell/SidebarWidget.h"
 #include "Tests/Oakfen/Widgets/WindowFixture.h"
 
 namespace oakfen {

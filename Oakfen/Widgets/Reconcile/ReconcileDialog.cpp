@@ -1,0 +1,173 @@
+#include "Oakfen/Widgets/Reconcile/ReconcileDialog.h"
+
+#include <QFormLayout>
+#include <QKeyEvent>
+
+#include "Oakfen/Widgets/Components/AmountField.h"
+#include "Oakfen/Widgets/Components/DateField.h"
+#include "Oakfen/Widgets/Components/LedgerTable.h"
+#include "Oakfen/Widgets/Components/RowTicker.h"
+#include "Oakfen/Widgets/Components/SymbolLabel.h"
+#include "Oakfen/Widgets/Components/TableModel.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
+
+namespace oakfen {
+
+namespace {
+
+constexpr QSize usualSize(720, 600);
+constexpr int fieldWidth = 160;
+
+QLabel* makeLabel(TextStyle style, ThemeColor color) {
+    auto* label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    Theme::setText(*label, style, color);
+    return label;
+}
+
+} // namespace
+
+ReconcileDialog::ReconcileDialog(AppEnvironment& environment, const Account& account,
+                                 QWidget* parent)
+    : SheetScaffold(environment.panels, qt(singleLine(ReconcileView::heading(account))), QString(),
+                    parent),
+      environment_(environment), view_(environment, account.id),
+      model_(new TableModel(view_.content()->table, this)),
+      statementDate_(new DateField(tr("Statement Date"), environment.clock.calendar())),
+      endingBalance_(new AmountField(tr("Ending Balance"))), table_(new LedgerTable),
+      markAll_(new QPushButton(tr("Mark All"))),
+      mark_(new SymbolLabel("checkmark.circle.fill", 2 * Theme::grid, ThemeColor::positive)),
+      verdict_(makeLabel(TextStyle::caption, ThemeColor::secondaryText)) {
+    resize(usualSize);
+    setSubtitle(qt(ReconcileView::instructions()));
+    addFields();
+    setUpTable();
+    addFooter();
+    changed_ = view_.changed.observe([this] { showContent(); });
+    showContent();
+    endingBalance_->setFocus();
+    textAtFocus_ = endingBalance_->text();
+}
+
+void ReconcileDialog::addFields() {
+    QFormLayout* form = addForm();
+    form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+    statementDate_->setMinimumWidth(fieldWidth);
+    statementDate_->setPurpose(tr("The last day that the statement covers"));
+    statementDate_->setValue(view_.statementDate());
+    statementDate_->edited = [this] {
+        setProblem({});
+        view_.setStatementDate(statementDate_->value());
+    };
+    form->addRow(tr("Statement Date"), statementDate_);
+    endingBalance_->setMinimumWidth(fieldWidth);
+    endingBalance_->setValue(view_.statementBalance());
+    endingBalance_->edited = [this] {
+        setProblem({});
+        view_.setStatementBalance(endingBalance_->value());
+    };
+    form->addRow(tr("Ending Balance"), endingBalance_);
+    statementDate_->installEventFilter(this);
+    endingBalance_->installEventFilter(this);
+}
+
+void ReconcileDialog::setUpTable() {
+    table_->setAccessibleName(tr("Transactions to tick"));
+    table_->setFrameShape(QFrame::StyledPanel);
+    table_->setTable(*model_, QStringLiteral("Reconcile/Columns"));
+    content()->addWidget(table_, 1);
+    new RowTicker(*table_, *model_, [this](const std::vector<UUID>& entries, bool isChecked) {
+        view_.setChecked(entries, isChecked);
+    });
+}
+
+void ReconcileDialog::addFooter() {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(3 * Theme::grid);
+    content()->addLayout(row);
+    markAll_->setAutoDefault(false);
+    markAll_->setToolTip(tr("Tick every transaction in the list"));
+    connect(markAll_, &QPushButton::clicked, this, [this] { view_.markAll(); });
+    row->addWidget(markAll_, 0, Qt::AlignTop);
+    row->addStretch(1);
+    reconciled_ = addFigure(*row, tr("Last Reconciled"), false);
+    cleared_ = addFigure(*row, tr("Cleared"), false);
+    difference_ = addFigure(*row, tr("Difference"), true);
+
+    auto* verdictRow = new QHBoxLayout;
+    verdictRow->setSpacing(Theme::grid / 2);
+    content()->addLayout(verdictRow);
+    verdictRow->addStretch(1);
+    verdictRow->addWidget(mark_);
+    verdictRow->addWidget(verdict_);
+}
+
+LabelledFigure ReconcileDialog::addFigure(QHBoxLayout& row, const QString& title,
+                                          bool isProminent) {
+    const LabelledFigure figure{
+        makeLabel(TextStyle::caption, ThemeColor::secondaryText),
+        new MoneyLabel(isProminent ? TextStyle::largeFigure : TextStyle::bodyStrong)};
+    figure.label->setText(title);
+    figure.label->setAlignment(Qt::AlignRight);
+    figure.amount->setAlignment(Qt::AlignRight | Qt::AlignTop);
+    auto* column = new QVBoxLayout;
+    column->setSpacing(0);
+    column->addWidget(figure.label);
+    column->addWidget(figure.amount);
+    column->addStretch(1);
+    row.addLayout(column);
+    return figure;
+}
+
+bool ReconcileDialog::eventFilter(QObject* watched, QEvent* event) {
+    const QString text =
+        watched == statementDate_ ? statementDate_->text() : endingBalance_->text();
+    if (event->type() == QEvent::FocusIn) {
+        if (!isMomentary(*static_cast<QFocusEvent*>(event))) {
+            textAtFocus_ = text;
+        }
+    } else if (event->type() == QEvent::KeyPress && text != textAtFocus_) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            leaveField(watched);
+            return true;
+        }
+    }
+    return SheetScaffold::eventFilter(watched, event);
+}
+
+void ReconcileDialog::leaveField(const QObject* field) {
+    if (finishFields()) {
+        QWidget* next = field == statementDate_ ? static_cast<QWidget*>(endingBalance_) : table_;
+        next->setFocus(Qt::TabFocusReason);
+    }
+}
+
+void ReconcileDialog::showContent() {
+    const auto shown = view_.content();
+    model_->show(shown->table);
+    if (!table_->currentIndex().isValid() && model_->rowCount() > 0) {
+        const auto payee = columnNamed(model_->content(), "payee").value_or(0);
+        table_->setCurrentIndex(model_->index(0, static_cast<int>(payee)));
+    }
+    showFigure(reconciled_, shown->reconciled);
+    showFigure(cleared_, shown->clearedTotal);
+    showFigure(difference_, shown->difference);
+    mark_->setVisible(shown->isMatched());
+    verdict_->setText(!shown->canFinish()  ? qt(shown->obstacle())
+                      : shown->isMatched() ? tr("Your register matches the statement")
+                                           : tr("Your register doesn’t match the statement yet"));
+    setCanSave(shown->canFinish());
+    primaryButton()->setText(qt(shown->finishTitle()));
+    primaryButton()->setToolTip(qt(shown->finishHelp()));
+}
+
+void ReconcileDialog::showFigure(const LabelledFigure& figure, const Decimal& amount) const {
+    figure.setMoney(moneyText(amount, environment_.currencyCode()));
+}
+
+void ReconcileDialog::save() {
+    view_.finish();
+}
+
+} // namespace oakfen

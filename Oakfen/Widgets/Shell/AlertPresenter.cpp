@@ -1,0 +1,54 @@
+#include "Oakfen/Widgets/Shell/AlertPresenter.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include "Oakfen/Widgets/Components/MessageBox.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
+
+namespace oakfen {
+
+AlertPresenter::AlertPresenter(AppEnvironment& environment, QWidget* window)
+    : QObject(window), environment_(environment), view_(environment), window_(window) {
+    subscriptions_.push_back(
+        environment_.appState.alertChanged.observe([this] { refreshLater(); }));
+    subscriptions_.push_back(environment_.store.statusChanged.observe([this] { refreshLater(); }));
+}
+
+void AlertPresenter::refreshLater() {
+    // A notice can come out of the middle of an edit; the alert waits for its end.
+    QMetaObject::invokeMethod(this, &AlertPresenter::refresh, Qt::QueuedConnection);
+}
+
+void AlertPresenter::start() {
+    isStarted_ = true;
+    refresh();
+}
+
+void AlertPresenter::refresh() {
+    if (!isStarted_ || box_ != nullptr) {
+        return;
+    }
+    if (const auto alert = view_.dueAlert()) {
+        present(*alert);
+    }
+}
+
+void AlertPresenter::present(const ContentView::Alert& alert) {
+    QWidget* modal = QApplication::activeModalWidget();
+    box_ = makeMessageBox(modal != nullptr ? modal : window_, qt(alert.title), qt(alert.text));
+    box_->setStandardButtons(QMessageBox::Ok);
+    connect(box_, &QDialog::finished, this, [this, alert] {
+        box_ = nullptr;
+        // A newer text of the same source hasn't been seen yet.
+        if (view_.dueAlert() == alert) {
+            view_.dismissAlert(alert.source);
+        }
+        refresh();
+    });
+    // A sheet that is closed by the program takes its alert along before anybody has read it.
+    connect(box_, &QObject::destroyed, this, &AlertPresenter::refreshLater);
+    box_->open();
+}
+
+} // namespace oakfen

@@ -1,0 +1,55 @@
+#include "Oakfen/Widgets/Shell/DetailWidget.h"
+
+#include <QApplication>
+
+#include "Oakfen/Widgets/Components/EmptyStateWidget.h"
+#include "Oakfen/Widgets/Dashboard/DashboardWidget.h"
+#include "Oakfen/Widgets/Register/RegisterWidget.h"
+
+namespace oakfen {
+
+DetailWidget::DetailWidget(AppEnvironment& environment, QWidget* parent)
+    : QWidget(parent), environment_(environment) {
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    refresh();
+    const auto refreshed = [this] { refresh(); };
+    subscriptions_.push_back(environment_.appState.selectionChanged.observe(refreshed));
+    subscriptions_.push_back(environment_.store.libraryChanged.observe(refreshed));
+}
+
+void DetailWidget::refresh() {
+    const DetailScreen wanted =
+        detailScreen(environment_.appState.selection(), environment_.store.index());
+    if (shown_ == wanted) {
+        return;
+    }
+    shown_ = wanted;
+    const bool hadFocus = screen_ != nullptr && screen_->isAncestorOf(QApplication::focusWidget());
+    if (screen_ != nullptr) {
+        // Later: what led away may still be running inside the old screen.
+        screen_->hide();
+        screen_->deleteLater();
+    }
+    screen_ = makeScreen(wanted);
+    layout()->addWidget(screen_);
+    screen_->show();
+    if (hadFocus) {
+        screen_->setFocus();
+    }
+}
+
+QWidget* DetailWidget::makeScreen(const DetailScreen& screen) {
+    using Kind = SidebarItem::Kind;
+    const std::optional<Kind> kind = screen.item ? std::optional(screen.item->kind) : std::nullopt;
+    if (kind == Kind::dashboard) {
+        return new DashboardWidget(environment_, this);
+    }
+    if (kind == Kind::account) {
+        // An investment account's own screen comes later; its cash entries are shown till then.
+        return new RegisterWidget(environment_, screen.item->accountID, this);
+    }
+    return new EmptyStateWidget(placeholder(screen), this);
+}
+
+} // namespace oakfen

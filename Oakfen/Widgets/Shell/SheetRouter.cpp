@@ -1,0 +1,50 @@
+#include "Oakfen/Widgets/Shell/SheetRouter.h"
+
+#include "Oakfen/Widgets/Editors/AccountEditorDialog.h"
+#include "Oakfen/Widgets/Editors/TransactionEditorDialog.h"
+#include "Oakfen/Widgets/Import/ImportReviewDialog.h"
+#include "Oakfen/Widgets/Reconcile/ReconcileDialog.h"
+
+namespace oakfen {
+
+namespace {
+
+/// One overload for each sheet that has a screen; the rest fall to the template.
+struct DialogMaker {
+    AppEnvironment& environment;
+    QWidget* parent;
+
+    SheetScaffold* operator()(const ActiveSheet::NewAccount& /*sheet*/) const {
+        return new AccountEditorDialog(environment, std::nullopt, parent);
+    }
+    SheetScaffold* operator()(const ActiveSheet::EditAccount& sheet) const {
+        return new AccountEditorDialog(environment, sheet.id, parent);
+    }
+    SheetScaffold* operator()(const ActiveSheet::NewTransaction& sheet) const {
+        return new TransactionEditorDialog(environment, TransactionEditor(environment, sheet),
+                                           parent);
+    }
+    SheetScaffold* operator()(const ActiveSheet::EditTransaction& sheet) const {
+        return new TransactionEditorDialog(environment, TransactionEditor(environment, sheet),
+                                           parent);
+    }
+    SheetScaffold* operator()(const ActiveSheet::ImportReview& sheet) const {
+        return new ImportReviewDialog(environment, sheet.session, parent);
+    }
+    SheetScaffold* operator()(const ActiveSheet::Reconcile& sheet) const {
+        const Account* account = environment.store.index().account(sheet.accountID);
+        return account != nullptr ? new ReconcileDialog(environment, *account, parent) : nullptr;
+    }
+    template <typename Other>
+    SheetScaffold* operator()(const Other& /*sheet*/) const {
+        return nullptr;
+    }
+};
+
+} // namespace
+
+SheetScaffold* makeSheet(AppEnvironment& environment, const ActiveSheet& sheet, QWidget* parent) {
+    return std::visit(DialogMaker{environment, parent}, sheet.content);
+}
+
+} // namespace oakfen
