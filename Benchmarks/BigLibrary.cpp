@@ -155,7 +155,7 @@ private:
     }
 
     std::mt19937_64 random_{20260315};
-    Library library_ = emptyDocument("CAD");
+    Library library_{.currencyCode = "CAD"};
     std::vector<std::string> payees_;
 };
 

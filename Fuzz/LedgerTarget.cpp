@@ -27,7 +27,7 @@ class LedgerSession {
 public:
     LedgerSession() {
         files_.addFolder("/home/ann");
-        files_.addFile(path, encodeLibrary(emptyDocument("CAD")));
+        files_.addFile(path, encodeLibrary(Library{.currencyCode = "CAD"}));
         defaults_.set(settings::dataFileUnencrypted, true);
         store_ = std::make_unique<LibraryStore>(
             path, LibraryStoreServices{files_, scheduler_, clock_, defaults_, passwords_, keys_});

@@ -50,7 +50,7 @@ void requireSound(const Lines& lines) {
 
 /// Merges the lines into an account that has some of them already, with and without the tables.
 void merge(const Lines& lines) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     Account account;
     account.id.bytes[0] = 1;
     library.accounts.push_back(account);

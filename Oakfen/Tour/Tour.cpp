@@ -112,7 +112,7 @@ void walkTheSheets(Album& album, TourStage& stage, const Account& account) {
 
 void walkTheScreens(Album& album, const Library& document) {
     TourStage empty("");
-    empty.show(emptyDocument("CAD"));
+    empty.show(Library{.currencyCode = "CAD"});
     album.add(empty, "screen-empty");
 
     TourStage stage("");

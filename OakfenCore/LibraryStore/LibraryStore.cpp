@@ -23,8 +23,8 @@ LibraryStore::LibraryStore(std::optional<std::string> filePath, LibraryStoreServ
                            std::string choiceKey)
     : state_(std::make_shared<State>(*this, std::move(filePath), services, std::move(choiceKey))) {
     LoadOutcome outcome = loadDocument(pointer(state_->file), state_->isPlainByChoice());
-    Library document =
-        outcome.library ? *std::move(outcome.library) : emptyDocument(defaultCurrencyCode());
+    Library document = outcome.library ? *std::move(outcome.library)
+                                       : Library{.currencyCode = defaultCurrencyCode()};
     // On the plain value, before anybody sees it: what was entered goes to disk with the next edit,
     // and opening writes nothing.
     processAutoEnter(document, services.clock.now(), services.clock.calendar());
@@ -172,7 +172,7 @@ void LibraryStore::startOver() {
     status.isNewLibrary = true;
     status.usesPassword = false;
     status.isChangedElsewhere = false;
-    state_->setLibraryAndStatus(emptyDocument(defaultCurrencyCode()), std::move(status));
+    state_->setLibraryAndStatus(Library{.currencyCode = defaultCurrencyCode()}, std::move(status));
 }
 
 void LibraryStore::clearError() {

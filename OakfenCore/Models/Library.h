@@ -30,9 +30,6 @@ struct Library {
     friend bool operator==(const Library&, const Library&) = default;
 };
 
-/// An empty document in that currency, without categories.
-[[nodiscard]] Library emptyDocument(std::string currencyCode);
-
 /// The code of the user's locale; "CAD" when it has none.
 [[nodiscard]] std::string defaultCurrencyCode();
 

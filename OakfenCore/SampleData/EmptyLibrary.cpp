@@ -68,7 +68,7 @@ std::vector<Category> makeDefaultCategories() {
 }
 
 Library emptyLibrary(std::string currencyCode) {
-    Library library = emptyDocument(std::move(currencyCode));
+    Library library{.currencyCode = std::move(currencyCode)};
     library.categories = SharedArray<Category>(makeDefaultCategories());
     return library;
 }

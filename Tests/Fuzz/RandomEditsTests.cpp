@@ -78,7 +78,7 @@ RC_GTEST_PROP(RandomTexts, OfDatesAreReadConsistently, ()) {
 // The rules themselves notice what they are there for.
 
 Library withTransfer() {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     Transaction leg;
     leg.id.bytes[0] = 1;
     leg.accountID.bytes[0] = 8;
@@ -118,7 +118,7 @@ TEST(LibraryRules, NoticeLegsOutOfStep) {
 }
 
 TEST(LibraryRules, NoticeSplitsThatDoNotAddUp) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     Transaction entry;
     entry.amount = Decimal(3);
     entry.splits = {{.amount = Decimal(2)}};
@@ -127,7 +127,7 @@ TEST(LibraryRules, NoticeSplitsThatDoNotAddUp) {
 }
 
 TEST(LibraryRules, NoticeADocumentThatCannotBeReadBack) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     library.accounts.push_back({.openingDate = Date{0.5}});
     EXPECT_THROW(requireReadableCopy(library), Violation);
 }

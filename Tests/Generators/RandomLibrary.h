@@ -30,7 +30,7 @@ public:
 
     /// A document with at least that many entries: one more when the last is a transfer.
     [[nodiscard]] Library make(std::size_t transactionCount) {
-        library_ = emptyDocument("CAD");
+        library_ = Library{.currencyCode = "CAD"};
         accountIDs_.clear();
         categoryIDs_.clear();
         securityIDs_.clear();

@@ -87,7 +87,7 @@ public:
     struct Unopened {};
     static constexpr const char* dataFile = "/home/ann/.local/share/Tarnwick/Library.tarnwick";
 
-    explicit TestEnvironment(Library document = emptyDocument("CAD"))
+    explicit TestEnvironment(Library document = Library{.currencyCode = "CAD"})
         : TestEnvironment(Unopened{}) {
         store->useNoPassword();
         store->replaceLibrary(std::move(document), std::nullopt);

@@ -160,7 +160,7 @@ TEST(RelativeDay, GivesTheDateFromAWeekOn) {
 }
 
 TEST(CategoryPicker, ListsUncategorizedThenExpensesThenIncomeByPath) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     const Category food = makeCategory("Food");
     library.categories.push_back(makeCategory("Salary", CategoryKind::income));
     library.categories.push_back(makeCategory("Groceries", CategoryKind::expense, food.id));
@@ -174,7 +174,7 @@ TEST(CategoryPicker, ListsUncategorizedThenExpensesThenIncomeByPath) {
 }
 
 TEST(CategoryPicker, HasNoSectionForAKindWithoutCategories) {
-    EXPECT_EQ(titles(categoryPickerRows(indexOf(emptyDocument("CAD")))),
+    EXPECT_EQ(titles(categoryPickerRows(indexOf(Library{.currencyCode = "CAD"}))),
               (std::vector<std::string>{"Uncategorized"}));
 }
 
@@ -205,7 +205,7 @@ protected:
     Account card_ = makeAccount("Card", AccountType::creditCard);
     Account shares_ = makeAccount("Shares", AccountType::brokerage);
     Account closed_ = closedAccount();
-    Library library_ = emptyDocument("CAD");
+    Library library_{.currencyCode = "CAD"};
 };
 
 TEST_F(AccountPicker, ListsOpenAccountsByGroupAndName) {

@@ -45,7 +45,7 @@ TEST(ContentView, ShowsTwoAlertsOneAfterAnother) {
 class DetailViewTest : public ::testing::Test {
 protected:
     DetailViewTest() {
-        Library library = emptyDocument("CAD");
+        Library library{.currencyCode = "CAD"};
         library.accounts.push_back(chequing);
         library.accounts.push_back(brokerage);
         test.store->replaceLibrary(library, std::nullopt);

@@ -25,7 +25,7 @@ protected:
 
     static const std::string& theirs() {
         static const std::string bytes = [] {
-            Library library = emptyDocument("CAD");
+            Library library{.currencyCode = "CAD"};
             upsert(library, makeAccount("From elsewhere"));
             return encodeLibrary(library);
         }();

@@ -71,7 +71,7 @@ private:
     }
 
     Library document() {
-        Library library = emptyDocument("CAD");
+        Library library{.currencyCode = "CAD"};
         for (const Account& account : {everyday, card, savings}) {
             library.accounts.push_back(account);
         }

@@ -251,8 +251,8 @@ TEST(AccessibilityOfTheWelcome, NamesAndOrdersTheSecondStep) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, AccessibilityOfGates,
-                         ::testing::Values("", encodeLibrary(emptyDocument("CAD")), "OAKFEN-ENC-3",
-                                           "TARNWICKENC1"));
+                         ::testing::Values("", encodeLibrary(Library{.currencyCode = "CAD"}),
+                                           "OAKFEN-ENC-3", "TARNWICKENC1"));
 
 } // namespace
 } // namespace oakfen

@@ -67,7 +67,7 @@ TEST_F(FirstStartTest, AnswersToReturnAndEscape) {
 }
 
 TEST_F(FirstStartTest, OffersToProtectAFileThatIsThereAlready) {
-    test->files.addFile(TestEnvironment::dataFile, encodeLibrary(emptyDocument("CAD")));
+    test->files.addFile(TestEnvironment::dataFile, encodeLibrary(Library{.currencyCode = "CAD"}));
     test->store->retryLoading();
     settle();
     ASSERT_NE(button(QStringLiteral("Set Password")), nullptr);
@@ -86,7 +86,7 @@ TEST_F(FirstStartTest, OffersToProtectAFileThatIsThereAlready) {
 }
 
 TEST_F(FirstStartTest, LeavesAFileAsItWasWhenItsProtectionIsPutOff) {
-    const std::string bytes = encodeLibrary(emptyDocument("EUR"));
+    const std::string bytes = encodeLibrary(Library{.currencyCode = "EUR"});
     test->files.addFile(TestEnvironment::dataFile, bytes);
     test->store->retryLoading();
     settle();
@@ -103,7 +103,7 @@ TEST_F(FirstStartTest, LeavesAFileAsItWasWhenItsProtectionIsPutOff) {
 }
 
 TEST_F(FirstStartTest, TellsAFailureUnderTheFieldsAndAboveTheButtons) {
-    test->files.addFile(TestEnvironment::dataFile, encodeLibrary(emptyDocument("CAD")));
+    test->files.addFile(TestEnvironment::dataFile, encodeLibrary(Library{.currencyCode = "CAD"}));
     test->store->retryLoading();
     test->files.failAll(InMemoryFileSystem::Call::open, ENOSPC);
     QTest::mouseClick(button(QStringLiteral("Don’t Use a Password")), Qt::LeftButton);

@@ -51,7 +51,7 @@ protected:
     Account card = makeAccount("Card", AccountType::creditCard);
     Category food = makeCategory("Food");
     Category groceries = makeCategory("Groceries", CategoryKind::expense, food.id);
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     std::vector<Transaction> entries;
 };
 

@@ -18,7 +18,7 @@ InvestmentTransaction makeRow(const UUID& accountID, Date date, InvestmentAction
 }
 
 TEST(Balances, OfAnEmptyDocumentAreZero) {
-    const auto index = indexOf(emptyDocument("CAD"));
+    const auto index = indexOf(Library{.currencyCode = "CAD"});
     EXPECT_EQ(index->netWorth(), Decimal());
     EXPECT_EQ(index->totalAssets(), Decimal());
     EXPECT_EQ(index->totalLiabilities(), Decimal());
@@ -230,7 +230,7 @@ TEST(PastBalance, CountsInvestmentCashOnlyInInvestmentAccounts) {
 }
 
 TEST(PastBalance, SumsTheEntriesOfAMissingAccount) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     const Account missing = accountWith("1");
     library.transactions = {makeTransaction(missing.id, day(2026, 1, 2), "B", "20"),
                             makeTransaction(missing.id, day(2026, 1, 1), "A", "10")};
@@ -250,7 +250,7 @@ TEST(Balances, OfAnAccountWithoutInvestmentRowsHaveNoMarketValue) {
 }
 
 TEST(Balances, OfClosedAccountsBringTheirHoldingsIntoThoseOfAll) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     const Security fund{.id = UUID::random(), .name = "Fund", .price = Decimal(3)};
     library.securities = {fund};
     for (const bool isClosed : {false, true}) {
@@ -273,7 +273,7 @@ TEST(Balances, OfClosedAccountsBringTheirHoldingsIntoThoseOfAll) {
 }
 
 TEST(Accounts, OfAGroupComeByNameWithoutRegardToCase) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     Account closed = accountWith("0", "Bravo", AccountType::cash);
     closed.isClosed = true;
     library.accounts = {accountWith("0", "delta", AccountType::savings),
@@ -293,7 +293,7 @@ TEST(Accounts, OfOneNameComeByIDHoweverTheDocumentHoldsThem) {
     Account second = first;
     first.id.bytes[0] = 1;
     second.id.bytes[0] = 2;
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     library.accounts = {second, first};
     const std::vector<UUID> expected{first.id, second.id};
     EXPECT_EQ(idsOf(indexOf(library)->accounts(AccountGroup::credit, false)), expected);

@@ -76,7 +76,7 @@ TEST(CategoryLines, IncludeClosedAndMissingAccounts) {
 }
 
 TEST(IncomeLine, FollowsTheKindOfItsCategoryWhateverItsSign) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     const Category food = makeCategory("Food");
     const Category wages = makeCategory("Wages", CategoryKind::income);
     library.categories = {food, wages};
@@ -86,7 +86,7 @@ TEST(IncomeLine, FollowsTheKindOfItsCategoryWhateverItsSign) {
 }
 
 TEST(IncomeLine, FollowsTheSignWhereNoCategoryIsStored) {
-    const auto index = indexOf(emptyDocument("CAD"));
+    const auto index = indexOf(Library{.currencyCode = "CAD"});
     EXPECT_TRUE(index->isIncomeLine({.amount = amount("5")}));
     EXPECT_FALSE(index->isIncomeLine({.amount = amount("-5")}));
     EXPECT_FALSE(index->isIncomeLine({.amount = amount("0")}));

@@ -9,7 +9,7 @@ using namespace testing;
 
 /// A chain of categories named "1" (the root), "2", ... each below the one before it.
 Library chainOf(int depth) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     std::optional<UUID> parentID;
     for (int level = 1; level <= depth; ++level) {
         const Category category =
@@ -21,7 +21,7 @@ Library chainOf(int depth) {
 }
 
 TEST(CategoryPath, JoinsTheNamesFromTheRootDown) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     const Category food = makeCategory("Food");
     const Category groceries = makeCategory("Groceries", CategoryKind::expense, food.id);
     library.categories = {groceries, food};
@@ -38,14 +38,14 @@ TEST(CategoryPath, HoldsAtMostNineNames) {
 }
 
 TEST(CategoryPath, EndsAtAMissingParentWithoutATrace) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     const Category stray = makeCategory("Stray", CategoryKind::expense, UUID::random());
     library.categories = {stray};
     EXPECT_EQ(*indexOf(library)->categoryPath(stray.id), "Stray");
 }
 
 TEST(CategoryTree, DoesNotHangOnACircle) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     Category left = makeCategory("L");
     const Category right = makeCategory("R", CategoryKind::expense, left.id);
     left.parentID = right.id;
@@ -65,7 +65,7 @@ TEST(CategoryTree, WalksAtMostEightStepsUpwards) {
 }
 
 TEST(CategoryTree, GivesAMissingParentAsTheRootAndAnUnknownIDAsItself) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     const UUID missing = UUID::random();
     const Category stray = makeCategory("Stray", CategoryKind::expense, missing);
     library.categories = {stray};
@@ -75,7 +75,7 @@ TEST(CategoryTree, GivesAMissingParentAsTheRootAndAnUnknownIDAsItself) {
 }
 
 TEST(CategoryTree, ListsCategoriesOfAKindByPath) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     const Category food = makeCategory("food");
     const Category car = makeCategory("Car");
     library.categories = {makeCategory("Zoo", CategoryKind::expense, car.id),
@@ -88,7 +88,7 @@ TEST(CategoryTree, ListsCategoriesOfAKindByPath) {
 }
 
 TEST(CategoryTree, ListsChildrenAndRootsByName) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     const Category food = makeCategory("Food");
     library.categories = {makeCategory("zest", CategoryKind::expense, food.id),
                           makeCategory("Stray", CategoryKind::expense, UUID::random()), food,
@@ -113,7 +113,7 @@ TEST(CategoryTree, ListsCategoriesOfOneNameByIDHoweverTheDocumentHoldsThem) {
     }
     const UUID parent = UUID::random();
     for (const auto& order : {std::vector{3, 2, 1, 0}, std::vector{1, 3, 0, 2}}) {
-        Library library = emptyDocument("CAD");
+        Library library{.currencyCode = "CAD"};
         for (const int index : order) {
             library.categories.push_back(twins[static_cast<std::size_t>(index)]);
         }
@@ -126,7 +126,7 @@ TEST(CategoryTree, ListsCategoriesOfOneNameByIDHoweverTheDocumentHoldsThem) {
 }
 
 TEST(CategoryName, IsUncategorizedForNoneAndForADeletedOne) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     const Category food = makeCategory("Food");
     library.categories = {food};
     const auto index = indexOf(library);

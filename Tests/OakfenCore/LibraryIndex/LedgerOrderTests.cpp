@@ -104,7 +104,7 @@ TEST(RunningBalance, OfARepeatedIDIsThatOfTheEntryLastInTheOrderOfAccounts) {
 }
 
 TEST(RunningBalance, OfARepeatedIDInMissingAccountsOnlyIsZero) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     const Transaction entry = makeTransaction(UUID::random(), day(2026, 1, 1), "A", "1");
     library.transactions = {entry, entry};
     EXPECT_EQ(indexOf(library)->runningBalance(entry.id), Decimal());
@@ -144,7 +144,7 @@ TEST(Lookup, GivesNullForWhatIsNotThere) {
 }
 
 TEST(Lookup, FindsEveryOneOfManyAccountsAndEntries) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     for (int count = 0; count < 500; ++count) {
         Account account = accountWith(std::to_string(count));
         // Ids that differ only at one end, as a foreign program might number them.

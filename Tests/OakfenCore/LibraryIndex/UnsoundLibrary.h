@@ -18,7 +18,7 @@ public:
     explicit UnsoundLibrary(unsigned seed) : random_(seed) {}
 
     Library make(std::size_t count) {
-        Library library = emptyDocument("CAD");
+        Library library{.currencyCode = "CAD"};
         addAccounts(library);
         addCategories(library);
         addSecurities(library);

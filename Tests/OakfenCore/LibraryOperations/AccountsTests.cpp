@@ -14,7 +14,7 @@ using testing::makeAccount;
 using testing::makeTransaction;
 
 TEST(UpsertAccount, AppendsThenReplacesInPlace) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     Account main = makeAccount("Main");
     const Account savings = makeAccount("Savings");
     upsert(library, main);
@@ -30,7 +30,7 @@ protected:
     const Account doomed = makeAccount("Doomed");
     const Account kept = makeAccount("Kept");
     Library library = [this] {
-        Library document = emptyDocument("CAD");
+        Library document{.currencyCode = "CAD"};
         document.accounts = {doomed, kept};
         return document;
     }();

@@ -16,7 +16,7 @@ using testing::makeCategory;
 using testing::makeTransaction;
 
 TEST(UpsertCategory, AppendsThenReplacesInPlace) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     Category food = makeCategory("Food");
     const Category home = makeCategory("Home");
     upsert(library, food);
@@ -34,7 +34,7 @@ protected:
     const Category middle = makeCategory("Middle", CategoryKind::expense, top.id);
     const Category leaf = makeCategory("Leaf", CategoryKind::expense, middle.id);
     Library library = [this] {
-        Library document = emptyDocument("CAD");
+        Library document{.currencyCode = "CAD"};
         document.categories = {top, middle, leaf};
         return document;
     }();
@@ -107,7 +107,7 @@ protected:
     const Category foodGroceries = makeCategory("Groceries", CategoryKind::expense, food.id);
     const Category withColon = makeCategory("Odd: Name");
     const Library library = [this] {
-        Library document = emptyDocument("CAD");
+        Library document{.currencyCode = "CAD"};
         document.categories = {travel, food, travelGroceries, foodGroceries, withColon};
         return document;
     }();

@@ -20,7 +20,7 @@ protected:
     const UUID a = UUID::random();
     const UUID b = UUID::random();
     const UUID c = UUID::random();
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
 
     [[nodiscard]] Transaction entry(std::string_view amountText) const {
         return makeTransaction(a, day(2024, 3, 1), "Metro", amountText);

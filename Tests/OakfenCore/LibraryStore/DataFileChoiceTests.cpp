@@ -80,7 +80,7 @@ TEST(IsDataFile, TakesWhatIsNamedLikeOneWhateverItHolds) {
 
 TEST(IsDataFile, TakesWhatBeginsLikeADocumentOrAContainer) {
     InMemoryFileSystem files;
-    const std::string document = encodeLibrary(emptyDocument("CAD"));
+    const std::string document = encodeLibrary(Library{.currencyCode = "CAD"});
     const std::string beginnings[] = {
         document,         document.substr(0, 20), " \n{ \"transactions\" : [",
         "{\"version\":",  "OAKFEN-ENC-3...",      "TARNWICKENC1...",

@@ -27,7 +27,7 @@ TEST_F(OpeningTest, BeginsANewDocumentWithoutAFile) {
     const LibraryStore& store = open();
     EXPECT_EQ(store.accessState(), AccessState{.kind = Kind::needsPassword});
     EXPECT_TRUE(store.isNewLibrary());
-    EXPECT_EQ(store.library(), emptyDocument(defaultCurrencyCode()));
+    EXPECT_EQ(store.library(), Library{.currencyCode = defaultCurrencyCode()});
     EXPECT_FALSE(store.lastError().has_value());
     EXPECT_FALSE(store.usesPassword());
     EXPECT_TRUE(files.names("/home/user").empty());
@@ -87,7 +87,7 @@ TEST_F(OpeningTest, LeavesAFileAloneThatCannotBeRead) {
                                      "be opened: Permission denied"}));
     EXPECT_FALSE(store.isNewLibrary());
     EXPECT_FALSE(store.lastError().has_value());
-    EXPECT_EQ(store.library(), emptyDocument(defaultCurrencyCode()));
+    EXPECT_EQ(store.library(), Library{.currencyCode = defaultCurrencyCode()});
     EXPECT_EQ(files.contents(path), "whatever");
 }
 
@@ -108,7 +108,7 @@ TEST_F(OpeningTest, SetsADamagedFileAsideAndBeginsANewDocument) {
     const LibraryStore& store = open();
     EXPECT_EQ(store.accessState().kind, Kind::needsPassword);
     EXPECT_TRUE(store.isNewLibrary());
-    EXPECT_EQ(store.library(), emptyDocument(defaultCurrencyCode()));
+    EXPECT_EQ(store.library(), Library{.currencyCode = defaultCurrencyCode()});
     ASSERT_TRUE(store.lastError().has_value());
     EXPECT_THAT(*store.lastError(), tellsOfDamage());
     EXPECT_EQ(files.contents(pathAside), "{\"accounts\":[");
@@ -159,7 +159,7 @@ TEST_F(OpeningTest, EditsInMemoryWhatStandsInForALockedDocument) {
     ASSERT_EQ(accountCount(store), 1U);
     EXPECT_EQ(store.index().library(), store.library());
     undo->undo();
-    EXPECT_EQ(store.library(), emptyDocument(defaultCurrencyCode()));
+    EXPECT_EQ(store.library(), Library{.currencyCode = defaultCurrencyCode()});
 }
 
 TEST_F(OpeningTest, LocksAFileWithAPasswordEvenWhereAPlainOneWasChosen) {

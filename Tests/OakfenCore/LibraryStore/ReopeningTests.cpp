@@ -107,7 +107,7 @@ TEST_F(StartOverTest, SetsTheFileAsideAndBeginsAnEmptyDocument) {
     EXPECT_FALSE(files.contents(path).has_value());
     EXPECT_EQ(store.accessState(), AccessState{.kind = Kind::needsPassword});
     EXPECT_TRUE(store.isNewLibrary());
-    EXPECT_EQ(store.library(), emptyDocument(defaultCurrencyCode()));
+    EXPECT_EQ(store.library(), Library{.currencyCode = defaultCurrencyCode()});
     EXPECT_EQ(store.index().library(), store.library());
 }
 

@@ -29,7 +29,7 @@ struct StoreBench {
 
 /// A document with that many accounts, the same for the same number.
 [[nodiscard]] inline Library documentWithAccounts(int count) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     for (int number = 0; number < count; ++number) {
         Account account;
         account.id.bytes[0] = static_cast<std::uint8_t>(number);

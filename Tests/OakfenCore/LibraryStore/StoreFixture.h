@@ -55,7 +55,7 @@ protected:
 
     /// A document with one account, the same for the same name.
     [[nodiscard]] static Library withAccount(const std::string& name) {
-        Library library = emptyDocument("CAD");
+        Library library{.currencyCode = "CAD"};
         library.accounts.push_back(account(name));
         return library;
     }

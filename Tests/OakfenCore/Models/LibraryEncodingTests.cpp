@@ -27,7 +27,7 @@ UUID id(std::string_view lastDigits) {
 /// The record's object in the text of a document that holds it alone.
 template <typename Record>
 std::string encoded(SharedArray<Record> Library::*member, Record record) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     const std::string empty = encodeLibrary(library);
     (library.*member).push_back(std::move(record));
     const std::string text = encodeLibrary(library);
@@ -41,7 +41,7 @@ Transaction plainEntry() {
 }
 
 TEST(LibraryEncoding, WritesAnEmptyDocument) {
-    EXPECT_EQ(encodeLibrary(emptyDocument("CAD")),
+    EXPECT_EQ(encodeLibrary(Library{.currencyCode = "CAD"}),
               R"({"accounts":[],"budget":[],"categories":[],"currencyCode":"CAD","goals":[],)"
               R"("investmentTransactions":[],"scheduled":[],"securities":[],"transactions":[],)"
               R"("version":1})");
@@ -172,7 +172,7 @@ TEST(LibraryEncoding, WritesAGoal) {
 }
 
 TEST(LibraryEncoding, WritesTheBudgetAsAListOfAlternatingKeysAndAmounts) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     library.budget[id("2")] = amount("250");
     library.budget[id("1")] = amount("99.5");
     EXPECT_NE(
@@ -212,7 +212,7 @@ TEST(LibraryEncoding, RefusesADateThatIsNone) {
 }
 
 TEST(LibraryEncoding, MakesATextReadableThatIsNotUTF8) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     Transaction entry = plainEntry();
     entry.payee = "caf\xE9";
     library.transactions.push_back(entry);

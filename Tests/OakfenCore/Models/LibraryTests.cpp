@@ -13,7 +13,7 @@ using testing::day;
 using testing::makeTransaction;
 
 TEST(Library, StartsEmptyInItsCurrency) {
-    const Library library = emptyDocument("EUR");
+    const Library library{.currencyCode = "EUR"};
     EXPECT_EQ(library.version, 1);
     EXPECT_EQ(library.currencyCode, "EUR");
     EXPECT_TRUE(library.accounts.empty());
@@ -35,7 +35,7 @@ TEST(Library, DefaultCurrencyIsThatOfTheUsersLocale) {
 }
 
 TEST(Library, DiffersFromOneWithAnotherSplitMemo) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     Transaction entry = makeTransaction(UUID::random(), day(2024, 3, 1), "Store", "-10");
     entry.splits.push_back({.id = UUID::random(), .memo = "soap", .amount = entry.amount});
     library.transactions.push_back(entry);
@@ -47,7 +47,7 @@ TEST(Library, DiffersFromOneWithAnotherSplitMemo) {
 }
 
 TEST(Library, DiffersFromOneWithAnotherBudget) {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     Library other = library;
     other.budget[UUID::random()] = Decimal(1);
     EXPECT_NE(other, library);

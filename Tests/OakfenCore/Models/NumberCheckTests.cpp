@@ -16,7 +16,7 @@ using testing::RandomLibrary;
 
 /// A document with one record of each kind, and every optional amount present.
 Library oneOfEach() {
-    Library library = emptyDocument("CAD");
+    Library library{.currencyCode = "CAD"};
     library.accounts.push_back(
         {.creditLimit = Decimal(1), .lowBalanceAlert = Decimal(1), .interestRate = Decimal(1)});
     library.transactions.push_back({.splits = {Split{}, Split{}}});
@@ -59,13 +59,13 @@ TEST(NumberCheck, FindsAnAmountThatIsNotANumberInEveryField) {
     const Library before = oneOfEach();
     Library sound = before;
     const std::size_t count = amounts(sound).size();
-    EXPECT_FALSE(addsNaN(emptyDocument("CAD"), sound));
+    EXPECT_FALSE(addsNaN(Library{.currencyCode = "CAD"}, sound));
     for (std::size_t place = 0; place < count; ++place) {
         Library after = before;
         const auto [name, amount] = amounts(after)[place];
         *amount = Decimal::nan();
         EXPECT_TRUE(addsNaN(before, after)) << name;
-        EXPECT_TRUE(addsNaN(emptyDocument("CAD"), after)) << name;
+        EXPECT_TRUE(addsNaN(Library{.currencyCode = "CAD"}, after)) << name;
         EXPECT_THROW((void)encodeLibrary(after), LocalizedError) << name;
     }
 }

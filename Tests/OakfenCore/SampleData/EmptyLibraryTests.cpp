@@ -102,7 +102,7 @@ TEST(EmptyLibrary, HoldsTheDefaultCategoriesAndNothingElse) {
     Library library = emptyLibrary("EUR");
     EXPECT_EQ(library.categories.size(), makeDefaultCategories().size());
     library.categories.clear();
-    EXPECT_EQ(library, emptyDocument("EUR"));
+    EXPECT_EQ(library, Library{.currencyCode = "EUR"});
 }
 
 } // namespace

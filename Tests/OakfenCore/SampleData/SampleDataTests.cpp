@@ -85,7 +85,7 @@ TEST(SampleData, HasNoReminderInThePastAndNoEntryInTheFuture) {
 }
 
 TEST(SampleData, NeverPricesASecurityBelowOne) {
-    SampleBuilder builder(emptyDocument("CAD"), at(2026, 10, 10), toronto());
+    SampleBuilder builder(Library{.currencyCode = "CAD"}, at(2026, 10, 10), toronto());
     builder.security("X", "Falling", SecurityKind::stock, 1.2, -0.5, 0);
     const std::vector<PricePoint>& history = builder.library().securities.front().priceHistory;
     ASSERT_GT(history.size(), 100U);
