@@ -8,7 +8,7 @@
 #include "OakfenCore/Support/Files/WriteOwnerOnly.h"
 #include "OakfenCore/Support/Text/Text.h"
 #include "Tests/OakfenCore/Exporters/ExportFixture.h"
-#include "Tests/OakfenCore/Support/TemporaryFolder.h"
+#include "Tests/OakfenCore/Support/Files/TemporaryFolder.h"
 
 namespace oakfen {
 

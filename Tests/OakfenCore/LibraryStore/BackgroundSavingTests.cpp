@@ -12,7 +12,7 @@
 #include "OakfenCore/Testing/InMemoryFileSystem.h"
 #include "Tests/OakfenCore/LibraryStore/StoreBench.h"
 #include "Tests/OakfenCore/Platform/SteppedScheduler.h"
-#include "Tests/OakfenCore/Support/FileSystemFilter.h"
+#include "Tests/OakfenCore/Support/Files/FileSystemFilter.h"
 
 namespace oakfen {
 namespace {

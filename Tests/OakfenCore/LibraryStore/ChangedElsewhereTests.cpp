@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "Tests/OakfenCore/LibraryStore/StoreFixture.h"
-#include "Tests/OakfenCore/Support/FileSystemFilter.h"
+#include "Tests/OakfenCore/Support/Files/FileSystemFilter.h"
 
 namespace oakfen {
 namespace {

@@ -8,7 +8,7 @@
 #include "OakfenCore/Testing/InMemoryFileSystem.h"
 #include "Tests/OakfenCore/LibraryStore/SaveOracle.h"
 #include "Tests/OakfenCore/LibraryStore/StoreBench.h"
-#include "Tests/OakfenCore/Support/FileSystemFilter.h"
+#include "Tests/OakfenCore/Support/Files/FileSystemFilter.h"
 
 namespace oakfen {
 

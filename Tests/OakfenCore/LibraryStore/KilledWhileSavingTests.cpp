@@ -16,7 +16,7 @@
 #include "OakfenCore/Support/Files/WriteOwnerOnly.h"
 #include "Tests/OakfenCore/LibraryStore/SaveLoop/Documents.h"
 #include "Tests/OakfenCore/LibraryStore/SaveOracle.h"
-#include "Tests/OakfenCore/Support/TemporaryFolder.h"
+#include "Tests/OakfenCore/Support/Files/TemporaryFolder.h"
 
 namespace oakfen {
 namespace {

@@ -14,8 +14,8 @@
 #include "OakfenCore/Support/Files/WriteOwnerOnly.h"
 #include "Tests/OakfenCore/LibraryStore/SaveOracle.h"
 #include "Tests/OakfenCore/LibraryStore/StoreBench.h"
-#include "Tests/OakfenCore/Support/Mounts.h"
-#include "Tests/OakfenCore/Support/TemporaryFolder.h"
+#include "Tests/OakfenCore/Support/Files/Mounts.h"
+#include "Tests/OakfenCore/Support/Files/TemporaryFolder.h"
 
 namespace oakfen {
 namespace {
