@@ -67,29 +67,23 @@ struct Overloaded : Functions... {
 template <typename... Functions>
 Overloaded(Functions...) -> Overloaded<Functions...>;
 
-/// How far the column's figures reach in these rows.
-template <typename Row, typename Rows>
-[[nodiscard]] AmountRange rangeOf(const Column<Row>& column, const Rows& rows) {
-    AmountRange range;
-    const auto include = [&](auto of) {
-        for (const Row& row : rows) {
-            range.include(of(row));
-        }
-    };
-    if (const auto* money = std::get_if<typename Column<Row>::Money>(&column.value)) {
-        include(money->of);
-    } else if (const auto* figures = std::get_if<typename Column<Row>::Figures>(&column.value)) {
-        include(figures->of);
-    }
-    return range;
-}
-
-/// How far the figures of each column reach.
+/// How far the figures of each column reach in these rows, which are walked through once.
 template <typename Row, typename Rows>
 [[nodiscard]] std::vector<AmountRange> rangesOf(const Columns<Row>& columns, const Rows& rows) {
-    std::vector<AmountRange> ranges;
-    for (const Column<Row>& column : columns) {
-        ranges.push_back(rangeOf(column, rows));
+    std::vector<AmountRange> ranges(columns.size());
+    std::vector<std::pair<AmountRange*, Decimal (*)(const Row&)>> figures;
+    for (std::size_t column = 0; column < columns.size(); ++column) {
+        const auto& value = columns[column].value;
+        if (const auto* money = std::get_if<typename Column<Row>::Money>(&value)) {
+            figures.push_back({&ranges[column], money->of});
+        } else if (const auto* numbers = std::get_if<typename Column<Row>::Figures>(&value)) {
+            figures.push_back({&ranges[column], numbers->of});
+        }
+    }
+    for (const Row& row : rows) {
+        for (const auto& [range, of] : figures) {
+            range->include(of(row));
+        }
     }
     return ranges;
 }
