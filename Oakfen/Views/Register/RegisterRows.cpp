@@ -37,7 +37,11 @@ void RegisterRows::follow(const LibraryIndex& index) {
         if (before.size() != after.size()) {
             break;
         }
-        next->edit(place) = row;
+        if (isSameEntry) {
+            next->edit(place).balance = row.balance;
+        } else {
+            next->edit(place) = row;
+        }
     }
     if (before.size() != after.size()) {
         replaceFrom(*next, place);
