@@ -126,6 +126,8 @@ void SheetHost::showState() {
 }
 
 void SheetHost::comeUp() {
+    // A menu of what lies beneath is a window of its own too.
+    closeLists();
     picture_ = beneath_.grab();
     show();
     fillWindow();
@@ -147,7 +149,7 @@ void SheetHost::goAway() {
 }
 
 void SheetHost::closeLists() {
-    // Calendars and lists of choices are windows of their own and would stay behind.
+    // Calendars, menus and lists of choices are windows of their own and would stay behind.
     QWidget* popup = QApplication::activePopupWidget();
     while (popup != nullptr && popup->close()) {
         popup = QApplication::activePopupWidget();

@@ -9,8 +9,10 @@
 #include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPointer>
 #include <QProxyStyle>
 #include <QScrollBar>
 #include <QUrl>
@@ -316,6 +318,19 @@ TEST_F(SheetHostTest, NeedsNoScrollingWhereThereIsRoom) {
     open({ActiveSheet::Reconcile{everyday.id}});
     EXPECT_EQ(sheet()->size(), QSize(720, 600));
     EXPECT_EQ(sheet()->findChild<SheetBody*>()->verticalScrollBar()->maximum(), 0);
+}
+
+TEST_F(SheetHostTest, ClosesAMenuThatWasOpenBeneath) {
+    auto* menu = new QMenu(window.get());
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const QPointer<QMenu> open(menu);
+    menu->addAction(QStringLiteral("Delete"));
+    menu->popup(window->mapToGlobal(window->rect().center()));
+    settle();
+    ASSERT_TRUE(open != nullptr && open->isVisible());
+    openNewAccount();
+    EXPECT_TRUE(open == nullptr || !open->isVisible());
+    EXPECT_TRUE(sheet()->isVisible());
 }
 
 TEST_F(SheetHostTest, GrowsAndShrinksWithWhatItHolds) {
