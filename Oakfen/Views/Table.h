@@ -91,6 +91,8 @@ public:
     /// The cell for another program: days as 2026-03-05, amounts as plain digits, and no text that
     /// would end the cell or be taken for a formula.
     [[nodiscard]] virtual std::string plainText(std::size_t row, std::size_t column) const = 0;
+    /// What a field for the cell starts with, as the person would type it.
+    [[nodiscard]] virtual std::string typedText(std::size_t row, std::size_t column) const = 0;
 
     /// Whether that table is drawn by the same columns, so that equal rows look the same in both.
     [[nodiscard]] virtual bool isAlike(const TableContent& other) const = 0;

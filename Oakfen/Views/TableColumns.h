@@ -7,8 +7,10 @@
 #include <variant>
 #include <vector>
 
+#include "Oakfen/Views/Components/AmountEntry.h"
 #include "Oakfen/Views/Table.h"
 #include "OakfenCore/Exporters/Exporter.h"
+#include "OakfenCore/Support/Text/Formatting.h"
 
 namespace oakfen {
 
@@ -133,6 +135,7 @@ public:
     }
     [[nodiscard]] Cell cell(std::size_t row, std::size_t column) const override;
     [[nodiscard]] std::string plainText(std::size_t row, std::size_t column) const override;
+    [[nodiscard]] std::string typedText(std::size_t row, std::size_t column) const override;
 
     [[nodiscard]] bool isAlike(const TableContent& other) const override {
         const auto* table = dynamic_cast<const Table*>(&other);
@@ -206,6 +209,23 @@ Cell Table<Row>::cell(std::size_t row, std::size_t column) const {
         columns_[column].dress(result, *rows_[row], context_);
     }
     return result;
+}
+
+template <typename Row>
+std::string Table<Row>::typedText(std::size_t row, std::size_t column) const {
+    const Row& each = *rows_[row];
+    return std::visit(
+        Overloaded{
+            [&](const typename Column<Row>::Money& money) {
+                return AmountEntry(money.of(each)).text();
+            },
+            [&](const typename Column<Row>::Figures& figures) {
+                return numberText(figures.of(each), figures.fractionDigits);
+            },
+            [&](const typename Column<Row>::Text& text) { return std::string(text.of(each)); },
+            [&](const typename Column<Row>::Composed& text) { return text.of(each); },
+            [&](const auto&) { return cell(row, column).text; }},
+        columns_[column].value);
 }
 
 template <typename Row>

@@ -159,7 +159,7 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
         return qt(cell(index).text);
     case Qt::EditRole: {
         const Place shown = placeOf(index.row());
-        return qt(shown.content.plainText(shown.row, place(index.column())));
+        return qt(shown.content.typedText(shown.row, place(index.column())));
     }
     case Qt::AccessibleTextRole:
         return qt(cell(index).spoken.empty() ? cell(index).text : cell(index).spoken);
@@ -233,6 +233,10 @@ Qt::ItemFlags TableModel::flags(const QModelIndex& index) const {
 bool TableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
     if (role != Qt::EditRole || !index.isValid() || !isEditable(index) || !edited) {
         return false;
+    }
+    // The toolkit hands back what nobody has touched, too. What is shown may be rounded.
+    if (value.toString() == data(index, Qt::EditRole).toString()) {
+        return true;
     }
     edited(id(index.row()), place(index.column()), utf8(value.toString()));
     return true;

@@ -48,6 +48,22 @@ TEST(Table, LeavesAZeroBlankWhereItsColumnSaysSo) {
     EXPECT_EQ(table->plainText(0, 1), "0");
 }
 
+TEST(Table, StartsAFieldWithWhatThePersonWouldType) {
+    const Columns<SavingsRow> columns{nameColumn(), amountColumn(), sharesColumn()};
+    const auto table = savingsTable(
+        columns,
+        {{.name = "=1 and\tmore", .amount = amount("-1234.5"), .shares = amount("1.234")}});
+    EXPECT_EQ(table->typedText(0, 0), "=1 and\tmore");
+    EXPECT_NE(table->plainText(0, 0), table->typedText(0, 0));
+    // Each can be read back by a field, in every locale.
+    for (const auto& [column, value] : {std::pair(1, "-1234.5"), std::pair(2, "1.234")}) {
+        AmountEntry entry(AmountKind::number);
+        entry.edit(table->typedText(0, static_cast<std::size_t>(column)));
+        EXPECT_EQ(entry.explanation(), "");
+        EXPECT_EQ(entry.value(), amount(value));
+    }
+}
+
 /// An addition to the columns of a table: how long a name is, in another tone when it is long.
 SavingsColumn lengthColumn() {
     return {.head = {.id = "length", .title = "Length", .isSortable = true},

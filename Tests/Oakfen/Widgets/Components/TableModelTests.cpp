@@ -201,13 +201,27 @@ TEST_F(TableWindow, HandsOnWhatIsTypedIntoAnEditableCell) {
     table.edit(model.index(1, 1));
     auto* field = table.viewport()->findChild<QLineEdit*>();
     ASSERT_NE(field, nullptr);
-    EXPECT_EQ(field->text(), QStringLiteral("12.5"));
+    EXPECT_EQ(utf8(field->text()), AmountEntry(amount("12.5")).text());
     field->setText(QStringLiteral("40"));
     QTest::keyClick(field, Qt::Key_Return);
     QApplication::processEvents();
     EXPECT_EQ(typed, std::vector<std::string>{"40"});
     EXPECT_EQ(cell(1, 1), "$12.50");
     EXPECT_FALSE(model.index(1, 0).flags().testFlag(Qt::ItemIsEditable));
+}
+
+TEST_F(TableWindow, HandsOnNothingFromAnEditorThatWasOnlyOpened) {
+    int edits = 0;
+    model.edited = [&](const UUID&, std::size_t, const std::string&) { ++edits; };
+    rows[1].amount = amount("0.005");
+    show();
+    table.setCurrentIndex(model.index(1, 1));
+    table.edit(model.index(1, 1));
+    auto* field = table.viewport()->findChild<QLineEdit*>();
+    ASSERT_NE(field, nullptr);
+    QTest::keyClick(field, Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_EQ(edits, 0);
 }
 
 TEST_F(TableWindow, PassesByTheHeadingOfASectionAndEditsNoTotal) {
