@@ -111,10 +111,12 @@ QFormLayout* SheetScaffold::addForm() {
 }
 
 void SheetScaffold::setProblem(const QString& text) {
+    const QString earlier = problem_->text();
     problem_->setText(text);
     problem_->setVisible(!text.isEmpty());
-    // Who can't see the line hears it where the keyboard is.
-    if (toldBy_ != nullptr) {
+    // Who can't see the line hears it where the keyboard is. A field that says something else by
+    // now has mended itself.
+    if (toldBy_ != nullptr && toldBy_->accessibleDescription() == earlier) {
         toldBy_->setAccessibleDescription(toldInsteadOf_);
     }
     toldBy_ = text.isEmpty() ? nullptr : focusWidget();

@@ -104,6 +104,18 @@ TEST_F(Scaffold, TellsTheProblemWhereTheKeyboardIsForAsLongAsThereIsOne) {
     EXPECT_EQ(sheet.name->accessibleDescription(), QStringLiteral("What it is for"));
 }
 
+TEST_F(Scaffold, TellsNothingOfAFieldThatHasBeenMendedSince) {
+    NotingSheet sheet(panels);
+    const QString help = sheet.amount->accessibleDescription();
+    sheet.amount->setFocus();
+    sheet.amount->setText(QStringLiteral("abc"));
+    sheet.setProblem(sheet.amount->explanation());
+    EXPECT_NE(sheet.amount->accessibleDescription(), help);
+    sheet.amount->setText(QStringLiteral("12"));
+    sheet.setProblem({});
+    EXPECT_EQ(sheet.amount->accessibleDescription(), help);
+}
+
 TEST_F(Scaffold, SavesNothingThatItMayNotSaveHoweverTheButtonIsPressed) {
     NotingSheet sheet(panels);
     sheet.setCanSave(false);
