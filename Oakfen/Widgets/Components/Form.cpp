@@ -53,7 +53,8 @@ std::function<void()> Form::tie(FieldRow& row, const Bound<Value>& value,
     // What the field stands for, as far as the draft knows.
     const auto known = std::make_shared<std::optional<Value>>();
     row.show_ = [value, known, put = std::move(put)] {
-        if (const Value now = value.read(); *known != now) {
+        // Value by value: what is known and what is chosen can both be absent.
+        if (const Value now = value.read(); !known->has_value() || !(**known == now)) {
             put(now);
             *known = now;
         }

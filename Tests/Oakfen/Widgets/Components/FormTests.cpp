@@ -260,6 +260,18 @@ TEST_F(Forms, LoseNothingThatIsHalfTypedWhenAnotherFieldChanges) {
     EXPECT_EQ(name.cursorPosition(), 2);
 }
 
+TEST_F(Forms, LoseNoHalfTypedChoiceWhileNothingIsChosen) {
+    auto& category = field<CategoryPicker>("Category");
+    category.setFocus();
+    category.lineEdit()->selectAll();
+    QTest::keyClicks(category.lineEdit(), QStringLiteral("Sp"));
+    category.lineEdit()->setCursorPosition(1);
+    const QString typed = category.lineEdit()->text();
+    rented().click();
+    EXPECT_EQ(category.lineEdit()->text(), typed);
+    EXPECT_EQ(category.lineEdit()->cursorPosition(), 1);
+}
+
 TEST_F(Forms, ListWhatCanBeChosenAnew) {
     accounts = {{.title = "Savings", .id = savings}};
     form.refresh();
