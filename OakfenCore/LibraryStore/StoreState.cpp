@@ -45,11 +45,18 @@ void LibraryStore::State::apply(Library newLibrary, const std::optional<std::str
     const Library before = library();
     setLibrary(std::move(newLibrary));
     scheduleSave();
-    if (const std::shared_ptr<History> history = undoManager.lock(); history && actionName) {
-        history->record(*actionName, before, library(), kind);
+    if (actionName) {
+        registerUndo(*actionName, before, kind);
     }
     // Last, so that an observer who edits in its turn files its undo step after this one.
     owner.libraryChanged.notify();
+}
+
+void LibraryStore::State::registerUndo(const std::string& actionName, const Library& before,
+                                       History::Kind kind) {
+    if (const std::shared_ptr<History> history = undoManager.lock()) {
+        history->record(actionName, before, library(), kind);
+    }
 }
 
 void LibraryStore::State::swapLibrary(Library& document) {

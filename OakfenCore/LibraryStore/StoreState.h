@@ -41,6 +41,9 @@ struct LibraryStore::State {
     void apply(Library newLibrary, const std::optional<std::string>& actionName,
                History::Kind kind);
 
+    /// The step that leads back from the document to the one before, where somebody keeps steps.
+    void registerUndo(const std::string& actionName, const Library& before, History::Kind kind);
+
     /// Puts a document of the history in the place of this one, and this one in its place.
     void swapLibrary(Library& document);
 

@@ -97,17 +97,22 @@ RegisterView::SharedTable RegisterView::tableAfter(const SharedTable& earlier) c
         ranges_ = rangesOf<RegisterRow>(columns(), *all);
     }
     shownChoice_ = std::move(choice);
+    return keepingEqual(earlier, std::make_shared<const Table<RegisterRow>>(
+                                     columns(), filteredRows(*all), all, ranges_, cellContext()));
+}
+
+std::vector<const RegisterRow*>
+RegisterView::filteredRows(const SharedArray<RegisterRow>& all) const {
     RegisterRowTest test = rowTest();
     std::vector<const RegisterRow*> shown;
-    shown.reserve(all->size());
-    for (const RegisterRow& row : *all) {
+    shown.reserve(all.size());
+    for (const RegisterRow& row : all) {
         if (test.shows(row)) {
             shown.push_back(&row);
         }
     }
     sorter_.sort(shown, *columnNamed(columns(), sort_.column), sort_.ascending);
-    return keepingEqual(earlier, std::make_shared<const Table<RegisterRow>>(
-                                     columns(), std::move(shown), all, ranges_, cellContext()));
+    return shown;
 }
 
 RegisterRowTest RegisterView::rowTest() const {

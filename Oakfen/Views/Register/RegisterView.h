@@ -88,6 +88,9 @@ private:
     /// All of the account's rows in ledger order.
     [[nodiscard]] const RegisterRows::State& rows() const;
     [[nodiscard]] SharedTable tableAfter(const SharedTable& earlier) const;
+    /// Those that filter and search let be seen, in the order of the sort.
+    [[nodiscard]] std::vector<const RegisterRow*>
+    filteredRows(const SharedArray<RegisterRow>& all) const;
     /// Those of the selected entries that the table shows.
     [[nodiscard]] SharedIDs selectionIn(const Table<RegisterRow>& table) const;
     [[nodiscard]] RegisterFooter footer(const Table<RegisterRow>& table,
