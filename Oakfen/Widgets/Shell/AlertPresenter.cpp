@@ -46,7 +46,7 @@ void AlertPresenter::present(const ContentView::Alert& alert) {
         }
         refresh();
     });
-    // A sheet that is closed by the program takes its alert along before anybody has read it.
+    // It may go with its window before anybody has read it.
     connect(box_, &QObject::destroyed, this, &AlertPresenter::refreshLater);
     box_->open();
 }
