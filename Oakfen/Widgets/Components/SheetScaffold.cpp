@@ -58,6 +58,9 @@ SheetScaffold::SheetScaffold(Panels& panels, const QString& title, const QString
     buttons_->addWidget(primary_);
     cancel_->setAutoDefault(false);
     cancel_->setToolTip(tr("Close without saving"));
+    // The toolkit would take it for the default button no longer, once the keyboard has been on it:
+    // it looks for that in windows only.
+    primary_->setAutoDefault(false);
     primary_->setDefault(true);
     connect(cancel_, &QPushButton::clicked, this, &QDialog::reject);
     connect(primary_, &QPushButton::clicked, this, [this] { savePressed(); });

@@ -166,6 +166,20 @@ TEST_F(SheetHostTest, SavesWithReturnAndCancelsWithEscape) {
     EXPECT_EQ(sheet(), nullptr);
 }
 
+TEST_F(SheetHostTest, KeepsItsDefaultButtonOnceTheKeyboardHasBeenOnIt) {
+    openNewAccount();
+    nameField()->setText(QStringLiteral("Cash"));
+    QPushButton* primary = sheet()->primaryButton();
+    primary->setFocus(Qt::TabFocusReason);
+    EXPECT_TRUE(primary->hasFocus());
+    nameField()->setFocus(Qt::TabFocusReason);
+    EXPECT_TRUE(primary->isDefault());
+    QTest::keyClick(nameField(), Qt::Key_Return);
+    settle();
+    EXPECT_FALSE(test->appState->sheet());
+    EXPECT_EQ(test->library().accounts.size(), 2U);
+}
+
 TEST_F(SheetHostTest, TakesCtrlReturnFromAnOpenListOfChoices) {
     open({ActiveSheet::NewTransaction{everyday.id}});
     QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("Sho"));
