@@ -178,6 +178,17 @@ void LedgerTable::paintEvent(QPaintEvent* event) {
     }
 }
 
+void LedgerTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableView::currentChanged(current, previous);
+    // The ring goes round the whole row; the toolkit paints a cell of it only.
+    for (const QModelIndex& index : {current, previous}) {
+        if (index.isValid()) {
+            viewport()->update(0, rowViewportPosition(index.row()), viewport()->width(),
+                               rowHeight(index.row()));
+        }
+    }
+}
+
 void LedgerTable::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
     fitColumns();

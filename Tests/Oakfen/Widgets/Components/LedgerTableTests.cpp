@@ -4,6 +4,7 @@
 
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QPaintEvent>
 #include <QScrollBar>
 #include <QStandardItemModel>
 #include <QTest>
@@ -51,6 +52,39 @@ protected:
     QStandardItemModel model{1, 4};
     LedgerTable table;
 };
+
+/// What a widget has painted since.
+class PaintedRegion final : public QObject {
+public:
+    explicit PaintedRegion(QWidget& widget) { widget.installEventFilter(this); }
+
+    QRegion region;
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            region += static_cast<QPaintEvent*>(event)->region();
+        }
+        return false;
+    }
+};
+
+TEST_F(LedgerTableWindow, PaintsTheRingOfTheCurrentRowAnewAsAWhole) {
+    for (int row = 1; row < 3; ++row) {
+        model.setItem(row, 2, new QStandardItem(QStringLiteral("text")));
+    }
+    widen(700);
+    table.setCurrentIndex(model.index(0, 2));
+    QApplication::processEvents();
+    PaintedRegion painted(*table.viewport());
+    table.selectionModel()->setCurrentIndex(model.index(1, 2), QItemSelectionModel::NoUpdate);
+    QApplication::processEvents();
+    for (const int row : {0, 1}) {
+        const int middle = table.rowViewportPosition(row) + (table.rowHeight(row) / 2);
+        EXPECT_TRUE(painted.region.contains(QPoint(2, middle))) << row;
+        EXPECT_TRUE(painted.region.contains(QPoint(table.viewport()->width() - 3, middle))) << row;
+    }
+}
 
 TEST_F(LedgerTableWindow, GivesOneColumnTheRoomThatIsLeft) {
     widen(700);
