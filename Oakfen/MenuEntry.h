@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <optional>
 #include <string>
@@ -30,9 +31,10 @@ struct MenuEntry {
     std::vector<MenuEntry> children = {};
 
     /// One that has nothing to do can't: what is to come is shown, so that nothing moves when it
-    /// does.
+    /// does. A submenu can while one of its lines can.
     [[nodiscard]] bool canBeChosen() const {
-        return isEnabled && (perform || standard != Standard::none || !children.empty());
+        return isEnabled && (perform || standard != Standard::none ||
+                             std::ranges::any_of(children, &MenuEntry::canBeChosen));
     }
 };
 

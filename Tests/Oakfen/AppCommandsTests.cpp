@@ -179,6 +179,15 @@ TEST_F(AppCommandsTest, KeepsUndoAwayWhileASheetIsOpen) {
     EXPECT_TRUE(isEnabled("Undo New Account"));
 }
 
+TEST(MenuEntry, OpensASubmenuOnlyWhileALineInItCanBeChosen) {
+    MenuEntry menu{.title = "Export", .children = {{.title = "One"}, {.title = "All"}}};
+    EXPECT_FALSE(menu.canBeChosen());
+    menu.children[1].perform = [] {};
+    EXPECT_TRUE(menu.canBeChosen());
+    menu.children[1].isEnabled = false;
+    EXPECT_FALSE(menu.canBeChosen());
+}
+
 TEST_F(AppCommandsTest, LeavesOnlyTheFieldsCommandsAndLockingWhileASheetIsOpen) {
     test.appState->setSelection(SidebarItem::account(addAccount("Everyday").id));
     test.defaults.set(settings::requireAuthentication, true);

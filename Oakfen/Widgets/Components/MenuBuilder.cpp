@@ -28,7 +28,9 @@ void sendToFocus(const QKeySequence& keys) {
 
 void addEntry(QMenu& menu, const MenuEntry& entry) {
     if (!entry.children.empty()) {
-        fillMenu(*menu.addMenu(menuText(entry.title)), entry.children);
+        QMenu* submenu = menu.addMenu(menuText(entry.title));
+        submenu->menuAction()->setEnabled(entry.canBeChosen());
+        fillMenu(*submenu, entry.children);
         return;
     }
     QAction* action = menu.addAction(menuText(entry.title));
@@ -78,6 +80,9 @@ void refreshMenu(QMenu& menu, const std::vector<MenuEntry>& entries) {
         }
         action->setText(menuText(entry->title));
         action->setEnabled(entry->canBeChosen());
+        if (entry->isChecked) {
+            action->setChecked(*entry->isChecked);
+        }
         if (action->menu() != nullptr) {
             refreshMenu(*action->menu(), entry->children);
         }
