@@ -19,4 +19,19 @@ void reconcile(Library& library, const UUID& accountID, const UUIDSet& transacti
                                     .cleared = ClearedState::reconciled});
 }
 
+void keepTicks(Library& library, const UUID& accountID, const UUIDSet& tickedIDs, Date end) {
+    const auto newState = [&](const Transaction& entry) {
+        if (entry.accountID != accountID || entry.cleared == ClearedState::reconciled) {
+            return entry.cleared;
+        }
+        if (tickedIDs.contains(entry.id)) {
+            return ClearedState::cleared;
+        }
+        return entry.date <= end ? ClearedState::uncleared : entry.cleared;
+    };
+    library.transactions.editWhere(
+        [&](const Transaction& entry) { return newState(entry) != entry.cleared; },
+        [&](Transaction& entry) { entry.cleared = newState(entry); });
+}
+
 } // namespace oakfen

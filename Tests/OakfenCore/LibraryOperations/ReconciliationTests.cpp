@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "OakfenCore/LibraryOperations/Transactions.h"
+#include "Tests/Generators/RandomLibrary.h"
 
 namespace oakfen {
 namespace {
@@ -61,6 +62,66 @@ TEST(Reconciliation, LeavesAReconciledEntryReconciled) {
     const Library before = ledger.library;
     reconcile(ledger.library, ledger.account, {ledger.payment.id}, Date{}, Decimal());
     EXPECT_EQ(ledger.library, before);
+}
+
+TEST(KeepingTicks, ClearsTheTickedAndUnclearsTheOthersUpToTheEnd) {
+    Ledger ledger;
+    const Transaction later{
+        .id = UUID::random(), .accountID = ledger.account, .date = Date{10}, .amount = Decimal(-1)};
+    upsert(ledger.library, later);
+    setCleared(ledger.library, ClearedState::cleared, {ledger.moved.id, later.id});
+    keepTicks(ledger.library, ledger.account, {ledger.payment.id}, Date{5});
+    const auto stateOf = [&](const Transaction& entry) {
+        return ledger.library.transactions
+            .first([&](const Transaction& each) { return each.id == entry.id; })
+            ->cleared;
+    };
+    EXPECT_EQ(stateOf(ledger.payment), ClearedState::cleared);
+    EXPECT_EQ(stateOf(ledger.moved), ClearedState::uncleared);
+    EXPECT_EQ(stateOf(later), ClearedState::cleared);
+}
+
+/// What `keepTicks` may do to an entry.
+void expectKept(const Transaction& before, const Transaction& after, const UUID& accountID,
+                const UUIDSet& ticked, Date end) {
+    Transaction expected = before;
+    if (before.accountID == accountID && before.cleared != ClearedState::reconciled) {
+        if (ticked.contains(before.id)) {
+            expected.cleared = ClearedState::cleared;
+        } else if (before.date <= end) {
+            expected.cleared = ClearedState::uncleared;
+        }
+    }
+    EXPECT_EQ(after, expected);
+}
+
+TEST(KeepingTicks, ChangesOnlyTheStatesOfTheAccountsOpenEntriesInAnyLedger) {
+    for (std::uint64_t seed = 1; seed <= 40; ++seed) {
+        SCOPED_TRACE(seed);
+        testing::RandomLibrary random(seed);
+        const Library before = random.make(100);
+        const UUID account = before.accounts[random.below(before.accounts.size())].id;
+        UUIDSet ticked;
+        for (const Transaction& entry : before.transactions) {
+            // Those of other accounts too, which must not mind.
+            if (random.chance(3)) {
+                ticked.insert(entry.id);
+            }
+        }
+        const Date end = random.date();
+        Library after = before;
+        keepTicks(after, account, ticked, end);
+        ASSERT_EQ(after.transactions.size(), before.transactions.size());
+        for (std::size_t each = 0; each < before.transactions.size(); ++each) {
+            expectKept(before.transactions[each], after.transactions[each], account, ticked, end);
+        }
+        Library rest = after;
+        rest.transactions = before.transactions;
+        EXPECT_EQ(rest, before);
+        Library again = after;
+        keepTicks(again, account, ticked, end);
+        EXPECT_EQ(again, after);
+    }
 }
 
 } // namespace
