@@ -146,6 +146,10 @@ std::string numberText(const Decimal& value, int fractionDigits) {
                              .fractionDigits = std::clamp(fractionDigits, 0, mostFractionDigits)});
 }
 
+std::string countText(std::size_t count) {
+    return numberText(Decimal(static_cast<std::int64_t>(count)), 0);
+}
+
 std::string percentText(double fraction, int fractionDigits) {
     UErrorCode status = U_ZERO_ERROR;
     const auto formatter =

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,6 +31,9 @@ namespace oakfen {
 /// A number with exactly so many decimals and the locale's grouping.
 [[nodiscard]] std::string numberText(const Decimal& value, int fractionDigits);
 
+/// "1,234": a count with the locale's grouping.
+[[nodiscard]] std::string countText(std::size_t count);
+
 /// "45%" for 0.45, with exactly so many decimals.
 [[nodiscard]] std::string percentText(double fraction, int fractionDigits = 0);
 
@@ -38,6 +42,9 @@ namespace oakfen {
 
 /// Abbreviated month and day number: "Mar 5".
 [[nodiscard]] std::string abbreviatedMonthDayText(Date date, const Calendar& calendar);
+
+/// Abbreviated month, day number and year: "Mar 5, 2026".
+[[nodiscard]] std::string abbreviatedDateText(Date date, const Calendar& calendar);
 
 /// Weekday, month, day and year in full.
 [[nodiscard]] std::string completeDateText(Date date, const Calendar& calendar);

@@ -70,6 +70,10 @@ std::string abbreviatedMonthDayText(Date date, const Calendar& calendar) {
     return formatted(date, calendar, "MMMd");
 }
 
+std::string abbreviatedDateText(Date date, const Calendar& calendar) {
+    return formatted(date, calendar, "yMMMd");
+}
+
 std::string completeDateText(Date date, const Calendar& calendar) {
     return formatted(date, calendar, "yMMMMEEEEd");
 }

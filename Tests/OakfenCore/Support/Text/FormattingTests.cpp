@@ -65,6 +65,13 @@ TEST_F(Formatting, RoundsHalvesAwayFromZero) {
     EXPECT_EQ(percentText(0.125), "13%");
 }
 
+TEST_F(Formatting, GroupsTheDigitsOfACount) {
+    EXPECT_EQ(countText(0), "0");
+    EXPECT_EQ(countText(100'000), "100,000");
+    setUserLocale("de_DE");
+    EXPECT_EQ(countText(100'000), "100.000");
+}
+
 TEST_F(Formatting, KeepsAllDigitsOfALargeAmount) {
     EXPECT_EQ(currencyText(decimal("123456789012345678901234567890123456.78"), "CAD"),
               "$123,456,789,012,345,678,901,234,567,890,123,456.78");
@@ -110,9 +117,11 @@ TEST_F(Formatting, WritesDatesInTheLocalesOrder) {
     const Date date = calendar.date({2024, 3, 5, 23, 59, 59});
     EXPECT_EQ(numericDateText(date, calendar), "03/05/2024");
     EXPECT_EQ(abbreviatedMonthDayText(date, calendar), "Mar 5");
+    EXPECT_EQ(abbreviatedDateText(date, calendar), "Mar 5, 2024");
     EXPECT_EQ(completeDateText(date, calendar), "Tuesday, March 5, 2024");
     setUserLocale("de_DE");
     EXPECT_EQ(numericDateText(date, calendar), "05.03.2024");
+    EXPECT_EQ(abbreviatedDateText(date, calendar), "5. M\u00E4rz 2024");
     EXPECT_EQ(completeDateText(date, calendar), "Dienstag, 5. M\u00E4rz 2024");
 }
 
