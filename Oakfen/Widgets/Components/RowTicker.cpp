@@ -27,13 +27,23 @@ RowTicker::RowTicker(LedgerTable& table, const TableModel& model, Tick tick)
 bool RowTicker::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<QKeyEvent*>(event);
-        // While a payee is being typed, a blank is part of it.
-        if (key->key() == Qt::Key_Space && !table_.isSearching()) {
-            tickSelected();
+        if (isTickKey(key->key())) {
+            // A key that is held down, perhaps since it left a field, ticks once at most.
+            if (!key->isAutoRepeat()) {
+                tickSelected();
+            }
             return true;
         }
     }
     return QObject::eventFilter(watched, event);
+}
+
+bool RowTicker::isTickKey(int key) const {
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        return ticksWithReturn_;
+    }
+    // While a payee is being typed, a blank is part of it.
+    return key == Qt::Key_Space && !table_.isSearching();
 }
 
 bool RowTicker::isTicked(int row) const {

@@ -12,7 +12,8 @@ class LedgerTable;
 class TableModel;
 
 /// Lets the person tick a table's rows: with a click on a tick, or with the space bar, which gives
-/// the selected rows the other state of the current one.
+/// the selected rows the other state of the current one. Return does so too where it is asked to,
+/// since a sheet's default button would be pressed else.
 class RowTicker final : public QObject {
 public:
     using Tick = std::function<void(const std::vector<UUID>& ids, bool isTicked)>;
@@ -20,16 +21,20 @@ public:
     /// `table` shows `model`, whose first column holds the ticks; `tick` sets those of some rows.
     RowTicker(LedgerTable& table, const TableModel& model, Tick tick);
 
+    void setTicksWithReturn() { ticksWithReturn_ = true; }
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    [[nodiscard]] bool isTickKey(int key) const;
     [[nodiscard]] bool isTicked(int row) const;
     void tickSelected();
 
     LedgerTable& table_;
     const TableModel& model_;
     Tick tick_;
+    bool ticksWithReturn_ = false;
 };
 
 } // namespace oakfen

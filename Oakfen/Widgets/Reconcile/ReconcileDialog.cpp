@@ -46,7 +46,6 @@ ReconcileDialog::ReconcileDialog(AppEnvironment& environment, const Account& acc
     changed_ = view_.changed.observe([this] { showContent(); });
     showContent();
     endingBalance_->setFocus();
-    textAtFocus_ = endingBalance_->text();
 }
 
 void ReconcileDialog::addFields() {
@@ -76,9 +75,11 @@ void ReconcileDialog::setUpTable() {
     table_->setFrameShape(QFrame::StyledPanel);
     table_->setTable(*model_, QStringLiteral("Reconcile/Columns"));
     content()->addWidget(table_, 1);
-    new RowTicker(*table_, *model_, [this](const std::vector<UUID>& entries, bool isChecked) {
-        view_.setChecked(entries, isChecked);
-    });
+    auto* ticker =
+        new RowTicker(*table_, *model_, [this](const std::vector<UUID>& entries, bool isChecked) {
+            view_.setChecked(entries, isChecked);
+        });
+    ticker->setTicksWithReturn();
 }
 
 void ReconcileDialog::addFooter() {
@@ -120,13 +121,7 @@ LabelledFigure ReconcileDialog::addFigure(QHBoxLayout& row, const QString& title
 }
 
 bool ReconcileDialog::eventFilter(QObject* watched, QEvent* event) {
-    const QString text =
-        watched == statementDate_ ? statementDate_->text() : endingBalance_->text();
-    if (event->type() == QEvent::FocusIn) {
-        if (!isMomentary(*static_cast<QFocusEvent*>(event))) {
-            textAtFocus_ = text;
-        }
-    } else if (event->type() == QEvent::KeyPress && text != textAtFocus_) {
+    if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
             leaveField(watched);

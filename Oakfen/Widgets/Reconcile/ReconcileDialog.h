@@ -29,7 +29,7 @@ public:
 
 protected:
     void save() override;
-    /// Return takes a date or an amount that was just typed and goes on; it doesn't yet finish.
+    /// Return takes a date or an amount and goes on: finishing is for who comes to its button.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -47,8 +47,6 @@ private:
     TableModel* model_;
     DateField* statementDate_;
     AmountField* endingBalance_;
-    /// What the field had in it when the person came to it.
-    QString textAtFocus_;
     LedgerTable* table_;
     QPushButton* markAll_;
     LabelledFigure reconciled_;

@@ -161,23 +161,60 @@ TEST_F(ReconcileSheet, FinishesWithAnAdjustment) {
     EXPECT_EQ(test.library().transactions.back().amount, amount("-4.5"));
 }
 
-TEST_F(ReconcileSheet, TakesATypedBalanceWithReturnAndFinishesWithTheNext) {
+TEST_F(ReconcileSheet, TakesATypedBalanceWithReturnAndGoesOnToTheTable) {
     type("1460");
     QTest::keyClick(dialog.endingBalance(), Qt::Key_Return);
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_FALSE(test.undoManager->canUndo());
     EXPECT_TRUE(dialog.table()->hasFocus());
     EXPECT_EQ(dialog.endingBalance()->text(), QStringLiteral("1,460.00"));
-    QTest::keyClick(dialog.table(), Qt::Key_Return);
-    EXPECT_FALSE(dialog.isVisible());
-    EXPECT_EQ(undoName(), "Reconcile");
 }
 
-TEST_F(ReconcileSheet, FinishesWithReturnFromAFieldWhereNothingWasTyped) {
+TEST_F(ReconcileSheet, GoesOnWithReturnFromAFieldWhereNothingWasTyped) {
     dialog.endingBalance()->setFocus();
     QTest::keyClick(dialog.endingBalance(), Qt::Key_Return);
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_TRUE(dialog.table()->hasFocus());
+}
+
+TEST_F(ReconcileSheet, IsTickedWithReturnWhichFinishesNothing) {
+    dialog.table()->setFocus();
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
+        const bool before = isTicked(0);
+        QTest::keyClick(dialog.table(), static_cast<Qt::Key>(key));
+        EXPECT_NE(isTicked(0), before);
+    }
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_FALSE(test.undoManager->canUndo());
+}
+
+TEST_F(ReconcileSheet, IsNotTickedByAKeyThatIsHeldDown) {
+    dialog.table()->setFocus();
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space}) {
+        QKeyEvent held(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+        QApplication::sendEvent(dialog.table(), &held);
+        EXPECT_TRUE(isTicked(0));
+    }
+    EXPECT_TRUE(dialog.isVisible());
+}
+
+TEST_F(ReconcileSheet, IsDoneByKeyboardAlone) {
+    const auto press = [](int key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+    };
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("1460"));
+    press(Qt::Key_Return);
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(finishTitle(), "Finish");
+    for (int tabs = 0; tabs < 10 && !dialog.primaryButton()->hasFocus(); ++tabs) {
+        press(Qt::Key_Tab);
+    }
+    ASSERT_TRUE(dialog.primaryButton()->hasFocus());
+    press(Qt::Key_Return);
     EXPECT_FALSE(dialog.isVisible());
-    EXPECT_EQ(stored(shop.id).cleared, ClearedState::reconciled);
+    EXPECT_EQ(test.index().reconciledBalance(everyday.id), amount("1460"));
+    EXPECT_EQ(test.library().transactions.size(), 5U);
 }
 
 TEST_F(ReconcileSheet, TakesAChangedDateWithReturnAndGoesOnToTheBalance) {
