@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 
 #include "Oakfen/Widgets/Components/AmountField.h"
+#include "Oakfen/Widgets/Components/CaptionedAmount.h"
 #include "Oakfen/Widgets/Components/DateField.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/Components/RowTicker.h"
@@ -18,10 +19,10 @@ namespace {
 constexpr QSize usualSize(720, 600);
 constexpr int fieldWidth = 160;
 
-QLabel* makeLabel(TextStyle style, ThemeColor color) {
+QLabel* makeVerdict() {
     auto* label = new QLabel;
     label->setTextFormat(Qt::PlainText);
-    Theme::setText(*label, style, color);
+    Theme::setText(*label, TextStyle::caption, ThemeColor::secondaryText);
     return label;
 }
 
@@ -36,8 +37,11 @@ ReconcileDialog::ReconcileDialog(AppEnvironment& environment, const Account& acc
       statementDate_(new DateField(tr("Statement Date"), environment.clock.calendar())),
       endingBalance_(new AmountField(tr("Ending Balance"))), table_(new LedgerTable),
       markAll_(new QPushButton(tr("Mark All"))),
+      reconciled_(new CaptionedAmount(tr("Last Reconciled"))),
+      cleared_(new CaptionedAmount(tr("Cleared"))),
+      difference_(new CaptionedAmount(tr("Difference"), TextStyle::largeFigure)),
       mark_(new SymbolLabel("checkmark.circle.fill", 2 * Theme::grid, ThemeColor::positive)),
-      verdict_(makeLabel(TextStyle::caption, ThemeColor::secondaryText)) {
+      verdict_(makeVerdict()) {
     resize(usualSize);
     setSubtitle(qt(ReconcileView::instructions()));
     addFields();
@@ -91,9 +95,9 @@ void ReconcileDialog::addFooter() {
     connect(markAll_, &QPushButton::clicked, this, [this] { view_.markAll(); });
     row->addWidget(markAll_, 0, Qt::AlignTop);
     row->addStretch(1);
-    reconciled_ = addFigure(*row, tr("Last Reconciled"), false);
-    cleared_ = addFigure(*row, tr("Cleared"), false);
-    difference_ = addFigure(*row, tr("Difference"), true);
+    for (CaptionedAmount* figure : {reconciled_, cleared_, difference_}) {
+        row->addWidget(figure);
+    }
 
     auto* verdictRow = new QHBoxLayout;
     verdictRow->setSpacing(Theme::grid / 2);
@@ -101,23 +105,6 @@ void ReconcileDialog::addFooter() {
     verdictRow->addStretch(1);
     verdictRow->addWidget(mark_);
     verdictRow->addWidget(verdict_);
-}
-
-LabelledFigure ReconcileDialog::addFigure(QHBoxLayout& row, const QString& title,
-                                          bool isProminent) {
-    const LabelledFigure figure{
-        makeLabel(TextStyle::caption, ThemeColor::secondaryText),
-        new MoneyLabel(isProminent ? TextStyle::largeFigure : TextStyle::bodyStrong)};
-    figure.label->setText(title);
-    figure.label->setAlignment(Qt::AlignRight);
-    figure.amount->setAlignment(Qt::AlignRight | Qt::AlignTop);
-    auto* column = new QVBoxLayout;
-    column->setSpacing(0);
-    column->addWidget(figure.label);
-    column->addWidget(figure.amount);
-    column->addStretch(1);
-    row.addLayout(column);
-    return figure;
 }
 
 bool ReconcileDialog::eventFilter(QObject* watched, QEvent* event) {
@@ -145,9 +132,10 @@ void ReconcileDialog::showContent() {
         const auto payee = columnNamed(model_->content(), "payee").value_or(0);
         table_->setCurrentIndex(model_->index(0, static_cast<int>(payee)));
     }
-    showFigure(reconciled_, shown->reconciled);
-    showFigure(cleared_, shown->clearedTotal);
-    showFigure(difference_, shown->difference);
+    const std::string& currencyCode = environment_.currencyCode();
+    reconciled_->setMoney(moneyText(shown->reconciled, currencyCode));
+    cleared_->setMoney(moneyText(shown->clearedTotal, currencyCode));
+    difference_->setMoney(moneyText(shown->difference, currencyCode));
     mark_->setVisible(shown->isMatched());
     verdict_->setText(!shown->canFinish()  ? qt(shown->obstacle())
                       : shown->isMatched() ? tr("Your register matches the statement")
@@ -155,10 +143,6 @@ void ReconcileDialog::showContent() {
     setCanSave(shown->canFinish());
     primaryButton()->setText(qt(shown->finishTitle()));
     primaryButton()->setToolTip(qt(shown->finishHelp()));
-}
-
-void ReconcileDialog::showFigure(const LabelledFigure& figure, const Decimal& amount) const {
-    figure.setMoney(moneyText(amount, environment_.currencyCode()));
 }
 
 void ReconcileDialog::save() {

@@ -7,6 +7,7 @@
 namespace oakfen {
 
 class AmountField;
+class CaptionedAmount;
 class DateField;
 class LedgerTable;
 class SymbolLabel;
@@ -36,11 +37,9 @@ private:
     void addFields();
     void setUpTable();
     void addFooter();
-    LabelledFigure addFigure(QHBoxLayout& row, const QString& title, bool isProminent);
     /// Takes what was typed there and goes on to what comes next.
     void leaveField(const QObject* field);
     void showContent();
-    void showFigure(const LabelledFigure& figure, const Decimal& amount) const;
 
     AppEnvironment& environment_;
     ReconcileView view_;
@@ -49,9 +48,9 @@ private:
     AmountField* endingBalance_;
     LedgerTable* table_;
     QPushButton* markAll_;
-    LabelledFigure reconciled_;
-    LabelledFigure cleared_;
-    LabelledFigure difference_;
+    CaptionedAmount* reconciled_;
+    CaptionedAmount* cleared_;
+    CaptionedAmount* difference_;
     SymbolLabel* mark_;
     QLabel* verdict_;
     Subscription changed_;
