@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "OakfenCore/LibraryOperations/Reconciliation.h"
+#include "OakfenCore/Support/Text/Formatting.h"
+#include "OakfenCore/Support/Text/Quotation.h"
 
 namespace oakfen {
 
@@ -69,6 +71,17 @@ void ReconcileView::markAll() {
     stateChanged();
 }
 
+void ReconcileView::unmarkAll() {
+    checked_.clear();
+    stateChanged();
+}
+
+void ReconcileView::followHint() {
+    if (const auto hint = content()->hint) {
+        setChecked(hint->entryIDs, hint->ticks);
+    }
+}
+
 void ReconcileView::finish() {
     const Decimal adjustment = content()->difference;
     stopFollowingLibrary();
@@ -79,10 +92,10 @@ void ReconcileView::finish() {
 
 ReconcileContent ReconcileView::derive(const ReconcileContent* earlier) const {
     const auto index = environment_.store.sharedIndex();
-    const Date end = environment_.clock.calendar().endOfDay(statementDate_);
+    const Date last = end();
     std::vector<ReconcileRow> rows;
     for (const Transaction* entry : index->transactions(accountID_)) {
-        if (entry->cleared != ClearedState::reconciled && entry->date <= end) {
+        if (entry->cleared != ClearedState::reconciled && entry->date <= last) {
             rows.push_back({.id = entry->id,
                             .date = entry->date,
                             .payee = entry->payee,
@@ -95,12 +108,84 @@ ReconcileContent ReconcileView::derive(const ReconcileContent* earlier) const {
     const Decimal cleared = reconciled + sum(rows, [](const ReconcileRow& row) {
                                 return row.isChecked ? row.amount : Decimal();
                             });
-    return {.table = keepingEqual(earlier != nullptr ? earlier->table : nullptr,
-                                  std::make_shared<const Table<ReconcileRow>>(
-                                      reconcileColumns(), std::move(rows), index, cellContext())),
-            .reconciled = reconciled,
-            .clearedTotal = cleared,
-            .difference = statementBalance_ - cleared};
+    ReconcileContent content{
+        .table = keepingEqual(earlier != nullptr ? earlier->table : nullptr,
+                              std::make_shared<const Table<ReconcileRow>>(
+                                  reconcileColumns(), std::move(rows), index, cellContext())),
+        .reconciled = reconciled,
+        .clearedTotal = cleared,
+        .difference = statementBalance_ - cleared,
+        .canUnmark = !checked_.empty()};
+    content.verdict = verdict(content);
+    content.hint = hint(content);
+    return content;
+}
+
+std::string ReconcileView::verdict(const ReconcileContent& content) const {
+    if (!content.canFinish()) {
+        return std::string(content.obstacle());
+    }
+    if (content.isMatched()) {
+        return "Your register matches the statement";
+    }
+    return "Your register doesn’t match the statement yet: finishing adds an adjustment of " +
+           currencyText(content.difference, environment_.currencyCode());
+}
+
+std::optional<ReconcileHint> ReconcileView::hint(const ReconcileContent& content) const {
+    auto found = content.isMatched() ? std::nullopt : matchingEntryHint(content);
+    return found ? found : hiddenTicksHint();
+}
+
+std::optional<ReconcileHint>
+ReconcileView::matchingEntryHint(const ReconcileContent& content) const {
+    std::vector<const ReconcileRow*> toTick;
+    std::vector<const ReconcileRow*> toUntick;
+    for (const ReconcileRow* row : content.table->rows()) {
+        if (!row->isChecked && row->amount == content.difference) {
+            toTick.push_back(row);
+        } else if (row->isChecked && row->amount == -content.difference) {
+            toUntick.push_back(row);
+        }
+    }
+    const bool ticks = !toTick.empty();
+    const auto& found = ticks ? toTick : toUntick;
+    if (found.empty()) {
+        return std::nullopt;
+    }
+    const ReconcileRow& entry = *found.front();
+    std::string sentence = entry.payee.empty() ? "An entry without a payee" : quoted(entry.payee);
+    sentence += ", " + abbreviatedDateText(entry.date, environment_.clock.calendar());
+    sentence += ticks ? ", is the whole difference" : ", is ticked and is the whole difference";
+    if (found.size() > 1) {
+        const std::size_t others = found.size() - 1;
+        sentence += (others == 1 ? ", as is " : ", as are ") + countText(others) + " more";
+    }
+    return ReconcileHint{.sentence = std::move(sentence),
+                         .buttonTitle = ticks ? "Tick It" : "Untick It",
+                         .entryIDs = {entry.id},
+                         .ticks = ticks};
+}
+
+std::optional<ReconcileHint> ReconcileView::hiddenTicksHint() const {
+    const Date last = end();
+    std::vector<UUID> hidden;
+    for (const Transaction* entry : environment_.store.index().transactions(accountID_)) {
+        if (entry->date > last && entry->cleared != ClearedState::reconciled &&
+            checked_.contains(entry->id)) {
+            hidden.push_back(entry->id);
+        }
+    }
+    if (hidden.empty()) {
+        return std::nullopt;
+    }
+    const bool isOne = hidden.size() == 1;
+    return ReconcileHint{
+        .sentence = isOne ? "A ticked entry after the statement’s date will be reconciled too"
+                          : countText(hidden.size()) +
+                                " ticked entries after the statement’s date will be reconciled too",
+        .buttonTitle = isOne ? "Untick It" : "Untick Them",
+        .entryIDs = std::move(hidden)};
 }
 
 } // namespace oakfen

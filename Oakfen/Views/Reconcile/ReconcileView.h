@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,16 +11,33 @@
 
 namespace oakfen {
 
+/// Something about the ticks that the person may have missed, and the button that mends it.
+struct ReconcileHint {
+    std::string sentence;
+    std::string buttonTitle;
+    /// The entries that the button ticks, or takes the ticks from.
+    std::vector<UUID> entryIDs;
+    bool ticks = false;
+
+    friend bool operator==(const ReconcileHint&, const ReconcileHint&) = default;
+};
+
 /// What the sheet shows.
 struct ReconcileContent {
     /// The entries up to the statement's date that aren't reconciled, in ledger order.
-    std::shared_ptr<const Table<ReconcileRow>> table;
+    std::shared_ptr<const Table<ReconcileRow>> table = {};
     /// The balance of the last reconciliation.
-    Decimal reconciled;
+    Decimal reconciled = {};
     /// What is reconciled and the ticked rows together.
-    Decimal clearedTotal;
+    Decimal clearedTotal = {};
     /// What the statement has and the ticked rows don't.
-    Decimal difference;
+    Decimal difference = {};
+    /// Whether the statement is matched, and what finishing would enter otherwise.
+    std::string verdict = {};
+    /// One entry that is the whole difference, or ticks that the date hides.
+    std::optional<ReconcileHint> hint = {};
+    /// Whether anything is ticked.
+    bool canUnmark = false;
 
     [[nodiscard]] bool isMatched() const { return difference.isZero(); }
     /// Why what remains can't be entered as an adjustment; empty when it can.
@@ -56,6 +74,10 @@ public:
     void setChecked(const std::vector<UUID>& ids, bool isChecked);
     /// Ticks exactly the rows that are shown.
     void markAll();
+    /// Takes all ticks away, those that the date hides too.
+    void unmarkAll();
+    /// Does what the hint's button says.
+    void followHint();
 
     /// Reconciles the ticked entries; a difference that remains becomes an adjustment.
     void finish();
@@ -64,6 +86,17 @@ protected:
     [[nodiscard]] ReconcileContent derive(const ReconcileContent* earlier) const override;
 
 private:
+    [[nodiscard]] Date end() const {
+        return environment_.clock.calendar().endOfDay(statementDate_);
+    }
+    [[nodiscard]] std::string verdict(const ReconcileContent& content) const;
+    [[nodiscard]] std::optional<ReconcileHint> hint(const ReconcileContent& content) const;
+    /// The entry that is the whole difference, unless it is ticked; or that ticked one without
+    /// which there would be none.
+    [[nodiscard]] std::optional<ReconcileHint>
+    matchingEntryHint(const ReconcileContent& content) const;
+    [[nodiscard]] std::optional<ReconcileHint> hiddenTicksHint() const;
+
     UUID accountID_;
     Date statementDate_;
     Decimal statementBalance_;

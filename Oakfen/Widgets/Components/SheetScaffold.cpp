@@ -4,6 +4,7 @@
 #include <QFormLayout>
 #include <QKeyEvent>
 #include <QPointer>
+#include <algorithm>
 
 #include "Oakfen/Widgets/Components/EntryField.h"
 #include "Oakfen/Widgets/Components/PickerBox.h"
@@ -82,6 +83,11 @@ void SheetScaffold::setSubtitle(const QString& subtitle) {
 
 void SheetScaffold::setCanSave(bool canSave) {
     primary_->setEnabled(canSave);
+}
+
+void SheetScaffold::setPrimaryTitle(const QString& title) {
+    primary_->setText(title);
+    primary_->setMinimumWidth(std::max(primary_->minimumWidth(), primary_->sizeHint().width()));
 }
 
 void SheetScaffold::addDestructiveButton(const ConfirmationRequest& confirmation) {

@@ -55,6 +55,9 @@ protected:
 
     void setSubtitle(const QString& subtitle);
     void setCanSave(bool canSave);
+    /// Another title for the primary button. It never becomes narrower, so that nothing beside it
+    /// moves from under the pointer to and fro.
+    void setPrimaryTitle(const QString& title);
     /// Adds the destructive button at the left; it asks before it acts.
     void addDestructiveButton(const ConfirmationRequest& confirmation);
     /// Adds a button beside the primary one.

@@ -2,10 +2,12 @@
 
 #include <QFormLayout>
 #include <QKeyEvent>
+#include <algorithm>
 
 #include "Oakfen/Widgets/Components/AmountField.h"
 #include "Oakfen/Widgets/Components/CaptionedAmount.h"
 #include "Oakfen/Widgets/Components/DateField.h"
+#include "Oakfen/Widgets/Components/HintRow.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/Components/RowTicker.h"
 #include "Oakfen/Widgets/Components/SymbolLabel.h"
@@ -36,7 +38,8 @@ ReconcileDialog::ReconcileDialog(AppEnvironment& environment, const Account& acc
       model_(new TableModel(view_.content()->table, this)),
       statementDate_(new DateField(tr("Statement Date"), environment.clock.calendar())),
       endingBalance_(new AmountField(tr("Ending Balance"))), table_(new LedgerTable),
-      markAll_(new QPushButton(tr("Mark All"))),
+      hint_(new HintRow), markAll_(new QPushButton(tr("Mark All"))),
+      unmarkAll_(new QPushButton(tr("Unmark All"))),
       reconciled_(new CaptionedAmount(tr("Last Reconciled"))),
       cleared_(new CaptionedAmount(tr("Cleared"))),
       difference_(new CaptionedAmount(tr("Difference"), TextStyle::largeFigure)),
@@ -44,6 +47,8 @@ ReconcileDialog::ReconcileDialog(AppEnvironment& environment, const Account& acc
       verdict_(makeVerdict()) {
     resize(usualSize);
     setSubtitle(qt(ReconcileView::instructions()));
+    // Room for the longer title from the beginning.
+    setPrimaryTitle(qt(ReconcileContent{.difference = Decimal(1)}.finishTitle()));
     addFields();
     setUpTable();
     addFooter();
@@ -55,7 +60,6 @@ ReconcileDialog::ReconcileDialog(AppEnvironment& environment, const Account& acc
 void ReconcileDialog::addFields() {
     QFormLayout* form = addForm();
     form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
-    statementDate_->setMinimumWidth(fieldWidth);
     statementDate_->setPurpose(tr("The last day that the statement covers"));
     statementDate_->setValue(view_.statementDate());
     statementDate_->edited = [this] {
@@ -63,15 +67,18 @@ void ReconcileDialog::addFields() {
         view_.setStatementDate(statementDate_->value());
     };
     form->addRow(tr("Statement Date"), statementDate_);
-    endingBalance_->setMinimumWidth(fieldWidth);
     endingBalance_->setValue(view_.statementBalance());
     endingBalance_->edited = [this] {
         setProblem({});
         view_.setStatementBalance(endingBalance_->value());
     };
     form->addRow(tr("Ending Balance"), endingBalance_);
-    statementDate_->installEventFilter(this);
-    endingBalance_->installEventFilter(this);
+    const int width = std::max(
+        {fieldWidth, statementDate_->sizeHint().width(), endingBalance_->sizeHint().width()});
+    for (EntryField* field : std::initializer_list<EntryField*>{statementDate_, endingBalance_}) {
+        field->setMinimumWidth(width);
+        field->installEventFilter(this);
+    }
 }
 
 void ReconcileDialog::setUpTable() {
@@ -87,13 +94,26 @@ void ReconcileDialog::setUpTable() {
 }
 
 void ReconcileDialog::addFooter() {
+    hint_->pressed = [this] { followHint(); };
+    content()->addWidget(hint_);
     auto* row = new QHBoxLayout;
     row->setSpacing(3 * Theme::grid);
     content()->addLayout(row);
-    markAll_->setAutoDefault(false);
+    auto* marks = new QHBoxLayout;
+    marks->setSpacing(Theme::grid);
+    row->addLayout(marks);
     markAll_->setToolTip(tr("Tick every transaction in the list"));
     connect(markAll_, &QPushButton::clicked, this, [this] { view_.markAll(); });
-    row->addWidget(markAll_, 0, Qt::AlignTop);
+    unmarkAll_->setToolTip(tr("Take all ticks away"));
+    connect(unmarkAll_, &QPushButton::clicked, this, [this] {
+        view_.unmarkAll();
+        // Disabled now; the keyboard would go on to a button that closes the sheet.
+        markAll_->setFocus(Qt::OtherFocusReason);
+    });
+    for (QPushButton* button : {markAll_, unmarkAll_}) {
+        button->setAutoDefault(false);
+        marks->addWidget(button, 0, Qt::AlignTop);
+    }
     row->addStretch(1);
     for (CaptionedAmount* figure : {reconciled_, cleared_, difference_}) {
         row->addWidget(figure);
@@ -137,12 +157,24 @@ void ReconcileDialog::showContent() {
     cleared_->setMoney(moneyText(shown->clearedTotal, currencyCode));
     difference_->setMoney(moneyText(shown->difference, currencyCode));
     mark_->setVisible(shown->isMatched());
-    verdict_->setText(!shown->canFinish()  ? qt(shown->obstacle())
-                      : shown->isMatched() ? tr("Your register matches the statement")
-                                           : tr("Your register doesn’t match the statement yet"));
+    verdict_->setText(qt(shown->verdict));
+    const ReconcileHint hint = shown->hint.value_or(ReconcileHint{});
+    hint_->showHint(qt(hint.sentence), qt(hint.buttonTitle));
+    unmarkAll_->setEnabled(shown->canUnmark);
     setCanSave(shown->canFinish());
-    primaryButton()->setText(qt(shown->finishTitle()));
+    setPrimaryTitle(qt(shown->finishTitle()));
     primaryButton()->setToolTip(qt(shown->finishHelp()));
+}
+
+void ReconcileDialog::followHint() {
+    const auto hint = view_.content()->hint;
+    // Before the line may go, and the keyboard with it to whatever comes next.
+    table_->setFocus(Qt::OtherFocusReason);
+    view_.followHint();
+    if (const int row = hint ? model_->rowOf(hint->entryIDs.front()) : -1; row >= 0) {
+        // The person sees which entry it was.
+        table_->setCurrentIndex(model_->index(row, table_->currentIndex().column()));
+    }
 }
 
 void ReconcileDialog::save() {

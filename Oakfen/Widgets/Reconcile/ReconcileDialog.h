@@ -9,6 +9,7 @@ namespace oakfen {
 class AmountField;
 class CaptionedAmount;
 class DateField;
+class HintRow;
 class LedgerTable;
 class SymbolLabel;
 class TableModel;
@@ -25,6 +26,9 @@ public:
     [[nodiscard]] AmountField* endingBalance() const { return endingBalance_; }
     [[nodiscard]] DateField* statementDate() const { return statementDate_; }
     [[nodiscard]] QPushButton* markAllButton() const { return markAll_; }
+    [[nodiscard]] QPushButton* unmarkAllButton() const { return unmarkAll_; }
+    /// Tells of an entry that is the whole difference, and of ticks that the date hides.
+    [[nodiscard]] HintRow* hint() const { return hint_; }
     /// Says in words whether the statement is matched.
     [[nodiscard]] QLabel* verdict() const { return verdict_; }
 
@@ -40,6 +44,7 @@ private:
     /// Takes what was typed there and goes on to what comes next.
     void leaveField(const QObject* field);
     void showContent();
+    void followHint();
 
     AppEnvironment& environment_;
     ReconcileView view_;
@@ -47,7 +52,9 @@ private:
     DateField* statementDate_;
     AmountField* endingBalance_;
     LedgerTable* table_;
+    HintRow* hint_;
     QPushButton* markAll_;
+    QPushButton* unmarkAll_;
     CaptionedAmount* reconciled_;
     CaptionedAmount* cleared_;
     CaptionedAmount* difference_;

@@ -5,14 +5,16 @@
 #include <string>
 
 #include "Oakfen/Views/TableChanges.h"
-
 #include "Tests/Oakfen/Views/Register/RegisterFixture.h"
+#include "Tests/Support/LocaleForTest.h"
 
 namespace oakfen {
 namespace {
 
 using testing::amount;
 using testing::day;
+using testing::LocaleForTest;
+using testing::makeTransaction;
 using testing::RegisterFixture;
 
 /// Everyday begins with 1000; the card's payment of 500 is reconciled, the shop's 40 cleared, the
@@ -118,6 +120,85 @@ TEST_F(Reconciling, MarksExactlyTheRowsThatAreShown) {
     sheet.setStatementDate(day(2026, 3, 15));
     sheet.markAll();
     EXPECT_EQ(sheet.checked(), (UUIDSet{shop.id, pay.id}));
+}
+
+TEST_F(Reconciling, TakesAllTicksAwayWhereThereAreAny) {
+    EXPECT_TRUE(sheet.content()->canUnmark);
+    sheet.setStatementDate(day(2026, 3, 16));
+    sheet.markAll();
+    sheet.setStatementDate(day(2026, 3, 15));
+    sheet.unmarkAll();
+    EXPECT_TRUE(sheet.checked().empty());
+    EXPECT_FALSE(sheet.content()->canUnmark);
+    EXPECT_EQ(sheet.content()->clearedTotal, amount("500"));
+}
+
+TEST_F(Reconciling, SaysWhatFinishingAdds) {
+    const LocaleForTest locale("en_CA");
+    EXPECT_EQ(sheet.content()->verdict, "Your register matches the statement");
+    sheet.setStatementBalance(amount("455.5"));
+    EXPECT_EQ(sheet.content()->verdict, "Your register doesn’t match the statement yet: finishing "
+                                        "adds an adjustment of -$4.50");
+}
+
+TEST_F(Reconciling, PointsOutAnEntryThatIsTheWholeDifference) {
+    const LocaleForTest locale("en_CA");
+    EXPECT_FALSE(sheet.content()->hint);
+    sheet.setStatementBalance(amount("1460"));
+    ASSERT_TRUE(sheet.content()->hint);
+    EXPECT_EQ(sheet.content()->hint->sentence, "“Pay”, Mar 10, 2026, is the whole difference");
+    EXPECT_EQ(sheet.content()->hint->buttonTitle, "Tick It");
+    sheet.followHint();
+    EXPECT_EQ(sheet.checked(), (UUIDSet{shop.id, pay.id}));
+    EXPECT_TRUE(sheet.content()->isMatched());
+    EXPECT_FALSE(sheet.content()->hint);
+}
+
+TEST_F(Reconciling, PointsOutATickedEntryThatIsTheWholeDifference) {
+    const LocaleForTest locale("en_CA");
+    sheet.setStatementBalance(amount("500"));
+    ASSERT_TRUE(sheet.content()->hint);
+    EXPECT_EQ(sheet.content()->hint->sentence,
+              "“Shop”, Feb 14, 2026, is ticked and is the whole difference");
+    EXPECT_EQ(sheet.content()->hint->buttonTitle, "Untick It");
+    sheet.followHint();
+    EXPECT_TRUE(sheet.checked().empty());
+    EXPECT_TRUE(sheet.content()->isMatched());
+}
+
+TEST_F(Reconciling, SaysHowManyOtherEntriesAreTheWholeDifferenceToo) {
+    const LocaleForTest locale("en_CA");
+    test.store->mutate("Add", [this](Library& library) {
+        upsert(library, makeTransaction(everyday.id, day(2026, 3, 2), "", "7"));
+        upsert(library, makeTransaction(everyday.id, day(2026, 3, 3), "B", "7"));
+    });
+    sheet.setStatementBalance(amount("467"));
+    ASSERT_TRUE(sheet.content()->hint);
+    EXPECT_EQ(sheet.content()->hint->sentence,
+              "An entry without a payee, Mar 2, 2026, is the whole difference, as is 1 more");
+    sheet.followHint();
+    EXPECT_TRUE(sheet.content()->isMatched());
+}
+
+TEST_F(Reconciling, PointsNothingOutWhereNoEntryIsTheDifference) {
+    sheet.setStatementBalance(amount("461"));
+    EXPECT_FALSE(sheet.content()->hint);
+    const UUIDSet before = sheet.checked();
+    sheet.followHint();
+    EXPECT_EQ(sheet.checked(), before);
+}
+
+TEST_F(Reconciling, TellsOfTicksThatTheDateHides) {
+    sheet.setStatementDate(day(2026, 3, 16));
+    sheet.setChecked({rent.id}, true);
+    sheet.setStatementDate(day(2026, 3, 15));
+    ASSERT_TRUE(sheet.content()->hint);
+    EXPECT_EQ(sheet.content()->hint->sentence,
+              "A ticked entry after the statement’s date will be reconciled too");
+    EXPECT_EQ(sheet.content()->hint->buttonTitle, "Untick It");
+    sheet.followHint();
+    EXPECT_EQ(sheet.checked(), UUIDSet{shop.id});
+    EXPECT_FALSE(sheet.content()->hint);
 }
 
 TEST_F(Reconciling, NamesTheButtonByWhatItDoes) {

@@ -12,8 +12,10 @@
 
 #include "Oakfen/Widgets/Components/AmountField.h"
 #include "Oakfen/Widgets/Components/DateField.h"
+#include "Oakfen/Widgets/Components/HintRow.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
+#include "OakfenCore/Support/Text/Formatting.h"
 #include "Tests/Oakfen/Views/Register/RegisterFixture.h"
 
 namespace oakfen {
@@ -132,11 +134,56 @@ TEST_F(ReconcileSheet, MarksAll) {
     EXPECT_TRUE(dialog.isVisible());
 }
 
-TEST_F(ReconcileSheet, SaysInWordsWhetherTheStatementIsMatched) {
+TEST_F(ReconcileSheet, SaysInWordsWhetherTheStatementIsMatchedAndWhatFinishingAdds) {
     EXPECT_EQ(dialog.verdict()->text(), QStringLiteral("Your register matches the statement"));
     type("100");
     EXPECT_EQ(dialog.verdict()->text(),
-              QString::fromUtf8("Your register doesn’t match the statement yet"));
+              qt("Your register doesn’t match the statement yet: finishing adds an adjustment of " +
+                 currencyText(amount("-360"), "CAD")));
+}
+
+TEST_F(ReconcileSheet, UnmarksAllWhereAnythingIsMarked) {
+    QTest::mouseClick(dialog.unmarkAllButton(), Qt::LeftButton);
+    EXPECT_FALSE(isTicked(0));
+    EXPECT_FALSE(dialog.unmarkAllButton()->isEnabled());
+    EXPECT_TRUE(dialog.markAllButton()->hasFocus());
+    QTest::mouseClick(dialog.markAllButton(), Qt::LeftButton);
+    EXPECT_TRUE(dialog.unmarkAllButton()->isEnabled());
+}
+
+TEST_F(ReconcileSheet, PointsOutTheEntryThatIsTheDifferenceAndTicksIt) {
+    EXPECT_FALSE(dialog.hint()->isVisible());
+    type("1460");
+    ASSERT_TRUE(dialog.hint()->isVisible());
+    EXPECT_TRUE(dialog.hint()->sentence()->accessibleName().contains(QString::fromUtf8("“Pay”")));
+    QTest::mouseClick(dialog.hint()->button(), Qt::LeftButton);
+    EXPECT_TRUE(isTicked(1));
+    EXPECT_EQ(dialog.table()->currentIndex().row(), 1);
+    EXPECT_FALSE(dialog.hint()->isVisible());
+    EXPECT_EQ(finishTitle(), "Finish");
+    EXPECT_TRUE(dialog.isVisible());
+}
+
+TEST_F(ReconcileSheet, FollowsTheHintWithTheKeyboardAndGoesOnInTheTable) {
+    type("1460");
+    dialog.hint()->button()->setFocus();
+    QTest::keyClick(dialog.hint()->button(), Qt::Key_Return);
+    EXPECT_TRUE(isTicked(1));
+    EXPECT_TRUE(dialog.table()->hasFocus());
+    EXPECT_TRUE(dialog.isVisible());
+}
+
+TEST_F(ReconcileSheet, KeepsItsButtonsInPlaceWhateverIsTicked) {
+    QApplication::processEvents();
+    const QRect matched = dialog.primaryButton()->geometry();
+    type("1");
+    QApplication::processEvents();
+    EXPECT_EQ(finishTitle(), "Finish with Adjustment");
+    EXPECT_EQ(dialog.primaryButton()->geometry(), matched);
+}
+
+TEST_F(ReconcileSheet, GivesBothFieldsTheSameWidth) {
+    EXPECT_EQ(dialog.statementDate()->width(), dialog.endingBalance()->width());
 }
 
 TEST_F(ReconcileSheet, FinishesWithTheTypedBalance) {
@@ -214,6 +261,17 @@ TEST_F(ReconcileSheet, IsDoneByKeyboardAlone) {
     press(Qt::Key_Return);
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_EQ(test.index().reconciledBalance(everyday.id), amount("1460"));
+    EXPECT_EQ(test.library().transactions.size(), 5U);
+}
+
+TEST_F(ReconcileSheet, IsDoneByMouseAlone) {
+    click(0, Ticked);
+    EXPECT_FALSE(isTicked(0));
+    QTest::mouseClick(dialog.hint()->button(), Qt::LeftButton);
+    EXPECT_TRUE(isTicked(0));
+    QTest::mouseClick(dialog.primaryButton(), Qt::LeftButton);
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(stored(shop.id).cleared, ClearedState::reconciled);
     EXPECT_EQ(test.library().transactions.size(), 5U);
 }
 
