@@ -82,6 +82,13 @@ void ReconcileView::followHint() {
     }
 }
 
+void ReconcileView::saveForLater() {
+    stopFollowingLibrary();
+    environment_.store.mutate("Save for Later", [&](Library& library) {
+        keepTicks(library, accountID_, checked_, end());
+    });
+}
+
 void ReconcileView::finish() {
     const Decimal adjustment = content()->difference;
     stopFollowingLibrary();

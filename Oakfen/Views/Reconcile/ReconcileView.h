@@ -79,6 +79,8 @@ public:
     /// Does what the hint's button says.
     void followHint();
 
+    /// Keeps the ticks for the next time as the entries' states, without reconciling any.
+    void saveForLater();
     /// Reconciles the ticked entries; a difference that remains becomes an adjustment.
     void finish();
 

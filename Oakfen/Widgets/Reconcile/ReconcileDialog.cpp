@@ -52,6 +52,7 @@ ReconcileDialog::ReconcileDialog(AppEnvironment& environment, const Account& acc
     addFields();
     setUpTable();
     addFooter();
+    addSaveForLater();
     changed_ = view_.changed.observe([this] { showContent(); });
     showContent();
     endingBalance_->setFocus();
@@ -125,6 +126,15 @@ void ReconcileDialog::addFooter() {
     verdictRow->addStretch(1);
     verdictRow->addWidget(mark_);
     verdictRow->addWidget(verdict_);
+}
+
+void ReconcileDialog::addSaveForLater() {
+    QPushButton* button = addSecondButton(tr("Save for Later"));
+    button->setToolTip(tr("Keep the ticks as cleared and go on another time"));
+    connect(button, &QPushButton::clicked, this, [this] {
+        view_.saveForLater();
+        accept();
+    });
 }
 
 bool ReconcileDialog::eventFilter(QObject* watched, QEvent* event) {

@@ -41,6 +41,7 @@ private:
     void addFields();
     void setUpTable();
     void addFooter();
+    void addSaveForLater();
     /// Takes what was typed there and goes on to what comes next.
     void leaveField(const QObject* field);
     void showContent();

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "Oakfen/Views/TableChanges.h"
+#include "Tests/Generators/RandomLibrary.h"
 #include "Tests/Oakfen/Views/Register/RegisterFixture.h"
 #include "Tests/Support/LocaleForTest.h"
 
@@ -199,6 +200,56 @@ TEST_F(Reconciling, TellsOfTicksThatTheDateHides) {
     sheet.followHint();
     EXPECT_EQ(sheet.checked(), UUIDSet{shop.id});
     EXPECT_FALSE(sheet.content()->hint);
+}
+
+TEST_F(Reconciling, KeepsTheTicksForLaterInOneStep) {
+    sheet.setChecked({pay.id}, true);
+    sheet.setChecked({shop.id}, false);
+    sheet.saveForLater();
+    EXPECT_EQ(undoName(), "Save for Later");
+    EXPECT_EQ(stateOf(pay), ClearedState::cleared);
+    EXPECT_EQ(stateOf(shop), ClearedState::uncleared);
+    EXPECT_EQ(stateOf(cardPayment), ClearedState::reconciled);
+    EXPECT_EQ(ReconcileView(*test, everyday.id).checked(), UUIDSet{pay.id});
+    test.undoManager->undo();
+    EXPECT_EQ(stateOf(pay), ClearedState::uncleared);
+    EXPECT_EQ(stateOf(shop), ClearedState::cleared);
+    EXPECT_FALSE(test.undoManager->canUndo());
+}
+
+TEST_F(Reconciling, LeavesNoStepWhenTheTicksAreAsTheyWere) {
+    sheet.saveForLater();
+    EXPECT_FALSE(test.undoManager->canUndo());
+}
+
+TEST_F(Reconciling, ComesBackToTheTicksThatWereKeptInAnyLedger) {
+    for (std::uint64_t seed = 1; seed <= 20; ++seed) {
+        SCOPED_TRACE(seed);
+        testing::RandomLibrary random(seed);
+        test.store->replaceLibrary(random.make(60), std::nullopt);
+        test.undoManager->removeAllActions();
+        const Library before = test.library();
+        const UUID account = before.accounts[random.below(before.accounts.size())].id;
+        const Decimal balance = test.index().endingCash(account);
+        const Decimal reconciled = test.index().reconciledBalance(account);
+
+        ReconcileView ticking(*test, account);
+        // After the last entry, so that all of them are shown.
+        ticking.setStatementDate(Date::distantFuture().adding(2e12));
+        const auto shown = ticking.content();
+        for (const ReconcileRow* row : shown->table->rows()) {
+            ticking.setChecked({row->id}, random.chance(2));
+        }
+        const UUIDSet ticked = ticking.checked();
+        ticking.saveForLater();
+        EXPECT_EQ(ReconcileView(*test, account).checked(), ticked);
+        EXPECT_EQ(test.index().endingCash(account), balance);
+        EXPECT_EQ(test.index().reconciledBalance(account), reconciled);
+        if (test.undoManager->canUndo()) {
+            test.undoManager->undo();
+        }
+        EXPECT_EQ(test.library(), before);
+    }
 }
 
 TEST_F(Reconciling, NamesTheButtonByWhatItDoes) {

@@ -186,6 +186,18 @@ TEST_F(ReconcileSheet, GivesBothFieldsTheSameWidth) {
     EXPECT_EQ(dialog.statementDate()->width(), dialog.endingBalance()->width());
 }
 
+TEST_F(ReconcileSheet, KeepsTheTicksForLater) {
+    click(1, Ticked);
+    QTest::mouseClick(dialog.secondButton(), Qt::LeftButton);
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(undoName(), "Save for Later");
+    EXPECT_EQ(stored(shop.id).cleared, ClearedState::cleared);
+    EXPECT_EQ(stored(pay.id).cleared, ClearedState::cleared);
+    const ReconcileDialog next(*test, everyday);
+    EXPECT_EQ(next.table()->model()->index(1, Ticked).data(Qt::CheckStateRole).toInt(),
+              Qt::Checked);
+}
+
 TEST_F(ReconcileSheet, FinishesWithTheTypedBalance) {
     QTest::mouseClick(dialog.markAllButton(), Qt::LeftButton);
     type("1460");
