@@ -127,8 +127,20 @@ Cell figuresCell(const Decimal& value, int fractionDigits) {
     return {.text = numberText(value, fractionDigits)};
 }
 
-Cell dayCell(Date date, const CellContext& context) {
-    return {.text = numericDateText(date, context.calendar)};
+Cell dayCell(Date date, bool namesMonth, const CellContext& context) {
+    return {.text = namesMonth ? abbreviatedDateText(date, context.calendar)
+                               : numericDateText(date, context.calendar)};
+}
+
+std::vector<std::string> wholeDayTexts(bool namesMonth, const CellContext& context) {
+    constexpr int months = 12;
+    std::vector<std::string> texts;
+    for (int month = 1; month <= (namesMonth ? months : 1); ++month) {
+        const Date day =
+            context.calendar.date({.year = 2028, .month = month, .day = 28, .hour = 12});
+        texts.push_back(dayCell(day, namesMonth, context).text);
+    }
+    return texts;
 }
 
 Cell tickCell(bool isTicked) {

@@ -131,7 +131,9 @@ keepingEqual(const std::shared_ptr<const Content>& earlier, std::shared_ptr<cons
 [[nodiscard]] Cell moneyCell(const Decimal& amount, bool leavesZeroBlank,
                              const CellContext& context);
 [[nodiscard]] Cell figuresCell(const Decimal& value, int fractionDigits);
-[[nodiscard]] Cell dayCell(Date date, const CellContext& context);
+[[nodiscard]] Cell dayCell(Date date, bool namesMonth, const CellContext& context);
+/// The texts of days that are the widest ones, if each digit is given the room of the widest one.
+[[nodiscard]] std::vector<std::string> wholeDayTexts(bool namesMonth, const CellContext& context);
 [[nodiscard]] Cell tickCell(bool isTicked);
 [[nodiscard]] std::string plainCellText(std::string_view text);
 

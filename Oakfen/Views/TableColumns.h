@@ -38,13 +38,20 @@ struct Column {
     };
     struct Day {
         Date (*of)(const Row&);
+        /// Writes the month as a word, where a day and a month that changed places must be seen.
+        bool namesMonth = false;
+    };
+    /// A word at the rows that have some quality; it takes no more room than the word needs.
+    struct Mark {
+        std::string_view word;
+        bool (*of)(const Row&);
     };
     struct Tick {
         bool (*of)(const Row&);
     };
 
     ColumnHead head;
-    std::variant<Text, Composed, Money, Figures, Day, Tick> value;
+    std::variant<Text, Composed, Money, Figures, Day, Mark, Tick> value;
     /// Gives the cell what its value doesn't say: a tone, a detail, an icon, a tooltip.
     void (*dress)(Cell& cell, const Row& row, const CellContext& context) = nullptr;
 };
@@ -152,6 +159,12 @@ private:
     [[nodiscard]] bool holds(std::size_t column) const {
         return std::holds_alternative<Value>(columns_[column].value);
     }
+    [[nodiscard]] bool isAnySet(const typename Column<Row>::Mark& mark) const {
+        return std::ranges::any_of(rows_, [&](const Row* row) { return mark.of(*row); });
+    }
+    [[nodiscard]] static Cell markCell(const typename Column<Row>::Mark& mark, const Row& row) {
+        return {.text = std::string(mark.of(row) ? mark.word : std::string_view())};
+    }
     [[nodiscard]] Cell undressed(const Row& row, const Column<Row>& column) const;
 
     const Columns<Row>& columns_;
@@ -178,9 +191,12 @@ std::vector<std::string> Table<Row>::wholeTexts(std::size_t column) const {
                                          return figuresCell(value, figures.fractionDigits);
                                      });
                                  },
-                                 // Of any day: each digit is given the room of the widest one.
-                                 [&](const typename Column<Row>::Day&) {
-                                     return std::vector{dayCell(Date(), context_).text};
+                                 [&](const typename Column<Row>::Day& day) {
+                                     return wholeDayTexts(day.namesMonth, context_);
+                                 },
+                                 [&](const typename Column<Row>::Mark& mark) {
+                                     return isAnySet(mark) ? std::vector{std::string(mark.word)}
+                                                           : std::vector<std::string>();
                                  },
                                  [](const auto&) { return std::vector<std::string>(); }},
                       columns_[column].value);
@@ -189,16 +205,18 @@ std::vector<std::string> Table<Row>::wholeTexts(std::size_t column) const {
 template <typename Row>
 Cell Table<Row>::undressed(const Row& row, const Column<Row>& column) const {
     return std::visit(
-        Overloaded{
-            [&](const typename Column<Row>::Money& money) {
-                return moneyCell(money.of(row), money.leavesZeroBlank, context_);
-            },
-            [&](const typename Column<Row>::Figures& figures) {
-                return figuresCell(figures.of(row), figures.fractionDigits);
-            },
-            [&](const typename Column<Row>::Day& day) { return dayCell(day.of(row), context_); },
-            [&](const typename Column<Row>::Tick& tick) { return tickCell(tick.of(row)); },
-            [&](const auto& text) { return textCell(text.of(row)); }},
+        Overloaded{[&](const typename Column<Row>::Money& money) {
+                       return moneyCell(money.of(row), money.leavesZeroBlank, context_);
+                   },
+                   [&](const typename Column<Row>::Figures& figures) {
+                       return figuresCell(figures.of(row), figures.fractionDigits);
+                   },
+                   [&](const typename Column<Row>::Day& day) {
+                       return dayCell(day.of(row), day.namesMonth, context_);
+                   },
+                   [&](const typename Column<Row>::Mark& mark) { return markCell(mark, row); },
+                   [&](const typename Column<Row>::Tick& tick) { return tickCell(tick.of(row)); },
+                   [&](const auto& text) { return textCell(text.of(row)); }},
         column.value);
 }
 
@@ -232,19 +250,21 @@ template <typename Row>
 std::string Table<Row>::plainText(std::size_t row, std::size_t column) const {
     const Row& each = *rows_[row];
     return std::visit(
-        Overloaded{[&](const typename Column<Row>::Money& money) {
-                       const Decimal amount = money.of(each);
-                       return money.leavesZeroBlank && amount.isZero() ? std::string()
-                                                                       : Exporter::plain(amount);
-                   },
-                   [&](const typename Column<Row>::Figures& figures) {
-                       return figures.of(each).toString();
-                   },
-                   [&](const typename Column<Row>::Day& day) {
-                       return Exporter::isoDate(day.of(each), context_.calendar);
-                   },
-                   [&](const typename Column<Row>::Tick&) { return cell(row, column).spoken; },
-                   [&](const auto& text) { return plainCellText(text.of(each)); }},
+        Overloaded{
+            [&](const typename Column<Row>::Money& money) {
+                const Decimal amount = money.of(each);
+                return money.leavesZeroBlank && amount.isZero() ? std::string()
+                                                                : Exporter::plain(amount);
+            },
+            [&](const typename Column<Row>::Figures& figures) {
+                return figures.of(each).toString();
+            },
+            [&](const typename Column<Row>::Day& day) {
+                return Exporter::isoDate(day.of(each), context_.calendar);
+            },
+            [&](const typename Column<Row>::Mark& mark) { return markCell(mark, each).text; },
+            [&](const typename Column<Row>::Tick&) { return cell(row, column).spoken; },
+            [&](const auto& text) { return plainCellText(text.of(each)); }},
         columns_[column].value);
 }
 

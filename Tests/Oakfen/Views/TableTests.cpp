@@ -40,6 +40,32 @@ TEST(Table, ShowsAValueOfEachKind) {
     EXPECT_TRUE(table->isOfFigures(2));
 }
 
+TEST(Table, NamesTheMonthWhereItsColumnSaysSo) {
+    const LocaleForTest locale("en_CA");
+    SavingsColumn column = dayColumn();
+    std::get<SavingsColumn::Day>(column.value).namesMonth = true;
+    const Columns<SavingsRow> columns{column};
+    const auto table = savingsTable(columns, {{.day = day(2026, 3, 5)}});
+    EXPECT_EQ(table->cell(0, 0).text, "Mar 5, 2026");
+    EXPECT_EQ(table->plainText(0, 0), "2026-03-05");
+    // Of each month, since some names are longer than others.
+    EXPECT_EQ(table->wholeTexts(0).size(), 12U);
+}
+
+TEST(Table, MarksTheRowsOfAQualityWithAWord) {
+    const Columns<SavingsRow> columns{
+        {.head = {.id = "chosen", .spoken = "Mark", .isSortable = true},
+         .value =
+             SavingsColumn::Mark{"Chosen", [](const SavingsRow& row) { return row.isChosen; }}}};
+    const auto table = savingsTable(columns, {{.name = "a", .isChosen = true}, {.name = "b"}});
+    EXPECT_EQ(table->cell(0, 0), (Cell{.text = "Chosen"}));
+    EXPECT_EQ(table->cell(1, 0), Cell{});
+    EXPECT_EQ(table->plainText(0, 0), "Chosen");
+    EXPECT_EQ(table->wholeTexts(0), std::vector<std::string>{"Chosen"});
+    EXPECT_EQ(sorted(*table, columns[0], true), "ba");
+    EXPECT_TRUE(savingsTable(columns, {{.name = "b"}})->wholeTexts(0).empty());
+}
+
 TEST(Table, LeavesAZeroBlankWhereItsColumnSaysSo) {
     const Columns<SavingsRow> columns{amountColumn(), sharesColumn()};
     const auto table = savingsTable(columns, {{.name = "a"}});
