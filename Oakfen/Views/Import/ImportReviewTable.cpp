@@ -1,5 +1,8 @@
 #include "Oakfen/Views/Import/ImportReviewTable.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "OakfenCore/Support/Text/Formatting.h"
 #include "OakfenCore/Support/Text/Text.h"
 
@@ -13,33 +16,37 @@ std::string descriptionOf(const ImportReviewRow& row, const CellContext& context
     return row.duplicate ? duplicateDescription(*row.duplicate, context) : std::string();
 }
 
+/// The texts that are not empty, one beneath the other.
+std::string linesOf(const std::vector<std::string>& texts) {
+    std::vector<std::string> lines;
+    std::ranges::copy_if(texts, std::back_inserter(lines),
+                         [](const std::string& text) { return !text.empty(); });
+    return joined(lines, "\n");
+}
+
 /// What all cells of a line have: hovering over it shows its memo and the entry that it repeats.
 void dressLine(Cell& cell, const ImportReviewRow& row, const CellContext& context) {
     cell.description = descriptionOf(row, context);
-    std::vector<std::string> hints;
-    for (const std::string& hint : {singleLine(row.item->memo), cell.description}) {
-        if (!hint.empty()) {
-            hints.push_back(hint);
-        }
-    }
-    cell.toolTip = joined(hints, "\n");
-    if (!row.isIncluded) {
+    cell.toolTip = linesOf({withSingleBlanks(row.item->memo), cell.description});
+    if (!row.comesIn()) {
         cell.tone = TextTone::secondary;
     }
 }
 
 void dressTick(Cell& cell, const ImportReviewRow& row, const CellContext& context) {
     cell.description = descriptionOf(row, context);
-    if (!row.isIncluded) {
-        cell.spoken = "Left out";
+    if (row.duplicate) {
+        cell.spoken = "Left out: already in this account";
+        cell.tone = TextTone::secondary;
     } else {
-        cell.spoken = row.duplicate ? "Left out: already in this account" : "Will be imported";
+        cell.spoken = row.isIncluded ? "Will be imported" : "Left out";
     }
 }
 
 void dressPayee(Cell& cell, const ImportReviewRow& row, const CellContext& context) {
     dressLine(cell, row, context);
-    cell.detail = singleLine(row.item->memo);
+    cell.text = withSingleBlanks(row.item->payee);
+    cell.detail = withSingleBlanks(row.item->memo);
 }
 
 void dressMark(Cell& cell, const ImportReviewRow& row, const CellContext& context) {
@@ -55,8 +62,8 @@ const Columns<ImportReviewRow>& importReviewColumns() {
         {.head = {.id = "included", .spoken = "Import", .width = 36},
          .value = LineColumn::Tick{[](const Row& row) { return row.isIncluded; }},
          .dress = dressTick},
-        {.head = {.id = "date", .title = "Date", .width = 104},
-         .value = LineColumn::Day{[](const Row& row) { return row.item->date; }},
+        {.head = {.id = "date", .title = "Date", .width = 96},
+         .value = LineColumn::Day{[](const Row& row) { return row.item->date; }, true},
          .dress = dressLine},
         {.head = {.id = "payee",
                   .title = "Payee",
@@ -75,18 +82,37 @@ const Columns<ImportReviewRow>& importReviewColumns() {
         {.head = {.id = "amount", .title = "Amount", .width = 116},
          .value = LineColumn::Money{[](const Row& row) { return row.item->amount; }},
          .dress = dressLine},
-        {.head = {.id = "mark", .spoken = "Mark", .width = 92},
-         .value = LineColumn::Text{[](const Row& row) -> std::string_view {
-             return row.duplicate ? "Duplicate" : "";
-         }},
+        {.head = {.id = "mark", .spoken = "Mark", .width = 28},
+         .value = LineColumn::Mark{"Duplicate",
+                                   [](const Row& row) { return row.duplicate.has_value(); }},
          .dress = dressMark}};
     return columns;
 }
 
+std::string withSingleBlanks(std::string_view text) {
+    std::string result;
+    bool isFirst = true;
+    bool followsBlank = false;
+    const std::string line = singleLine(text);
+    forEachCharacter(line, [&](std::string_view character) {
+        if (trimmingWhitespaces(character).empty()) {
+            followsBlank = true;
+            return;
+        }
+        if (followsBlank && !isFirst) {
+            result += ' ';
+        }
+        result += character;
+        isFirst = false;
+        followsBlank = false;
+    });
+    return result;
+}
+
 std::string duplicateDescription(const RepeatedEntry& duplicate, const CellContext& context) {
-    return "Already in this account: " + numericDateText(duplicate.date, context.calendar) + ", " +
-           (duplicate.payee.empty() ? "no payee" : singleLine(duplicate.payee)) + ", " +
-           currencyText(duplicate.amount, context.currencyCode);
+    return "Already in this account: " + abbreviatedDateText(duplicate.date, context.calendar) +
+           ", " + (duplicate.payee.empty() ? "no payee" : withSingleBlanks(duplicate.payee)) +
+           ", " + currencyText(duplicate.amount, context.currencyCode);
 }
 
 } // namespace oakfen

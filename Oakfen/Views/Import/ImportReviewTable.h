@@ -23,10 +23,16 @@ struct ImportReviewRow {
     std::optional<RepeatedEntry> duplicate = {};
     bool isIncluded = true;
 
+    /// Whether the import adds the line: it leaves out what the account has, ticked or not.
+    [[nodiscard]] bool comesIn() const { return isIncluded && !duplicate; }
+
     friend bool operator==(const ImportReviewRow&, const ImportReviewRow&) = default;
 };
 
 [[nodiscard]] const Columns<ImportReviewRow>& importReviewColumns();
+
+/// The text with one blank for each run of them, as banks pad their fields, and none at its ends.
+[[nodiscard]] std::string withSingleBlanks(std::string_view text);
 
 /// Says which entry of the account a line repeats.
 [[nodiscard]] std::string duplicateDescription(const RepeatedEntry& duplicate,

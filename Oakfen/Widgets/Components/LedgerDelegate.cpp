@@ -69,6 +69,8 @@ void drawTick(QPainter& painter, const QStyleOptionViewItem& option, const QMode
     const bool isTicked = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
     box.state.setFlag(QStyle::State_HasFocus, false);
     box.state.setFlag(isTicked ? QStyle::State_On : QStyle::State_Off);
+    // A tick that changes nothing looks it.
+    box.state.setFlag(QStyle::State_Enabled, toneOf(index) != TextTone::secondary);
     style->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, &painter, option.widget);
 }
 

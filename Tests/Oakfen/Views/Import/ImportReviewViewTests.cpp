@@ -36,12 +36,20 @@ protected:
     }
 
     [[nodiscard]] ImportReviewView review(const UUID& accountID) {
-        return {*test_, std::make_shared<const ImportSession>(
-                            ImportSession{.id = UUID::random(),
-                                          .fileName = "march.csv",
-                                          .items = {line("Bakery", "-4.50", 3),
-                                                    line("SHOP", "-40", 5), line("Pay", "1000", 6)},
-                                          .accountID = accountID})};
+        return review(accountID,
+                      {line("Bakery", "-4.50", 3), line("SHOP", "-40", 5), line("Pay", "1000", 6)});
+    }
+    [[nodiscard]] ImportReviewView review(const UUID& accountID,
+                                          std::vector<ImportedTransaction> lines) {
+        return {*test_,
+                std::make_shared<const ImportSession>(ImportSession{.id = UUID::random(),
+                                                                    .fileName = "march.csv",
+                                                                    .items = std::move(lines),
+                                                                    .accountID = accountID})};
+    }
+    static Cell cell(const ImportReviewView& view, std::size_t line, std::string_view column) {
+        const auto table = view.content()->table;
+        return table->cell(line, columnNamed(*table, column).value());
     }
 
     static std::optional<RepeatedEntry> duplicate(const ImportReviewView& view, std::size_t line) {
@@ -185,7 +193,7 @@ TEST_F(ImportReview, SaysWhichEntryALineRepeats) {
     ImportReviewView view = review(everyday_.id);
     const auto described = [&](int dayOfMonth, const std::string& rest) {
         return "Already in this account: " +
-               numericDateText(day(2026, 3, dayOfMonth), Calendar::utc()) + ", " + rest;
+               abbreviatedDateText(day(2026, 3, dayOfMonth), Calendar::utc()) + ", " + rest;
     };
     EXPECT_EQ(description(view, 0), "");
     EXPECT_EQ(description(view, 1), described(4, "Shop, -$40.00"));
@@ -200,6 +208,38 @@ TEST_F(ImportReview, AddsToTheChosenAccount) {
     view.setAccountID(savings_.id);
     view.importLines();
     EXPECT_EQ(test_.index().transactions(savings_.id).size(), 3U);
+}
+
+TEST_F(ImportReview, MutesTheTickOfALineThatTheAccountHas) {
+    ImportReviewView view = review(everyday_.id);
+    EXPECT_EQ(cell(view, 0, "included").tone, TextTone::primary);
+    EXPECT_EQ(cell(view, 1, "included").tone, TextTone::secondary);
+    EXPECT_EQ(cell(view, 1, "payee").tone, TextTone::secondary);
+    view.setIncluded({view.items()[1].id}, false);
+    EXPECT_EQ(cell(view, 1, "included").spoken, "Left out: already in this account");
+}
+
+TEST_F(ImportReview, NamesTheMonthInItsDates) {
+    const LocaleForTest locale("en_CA");
+    const ImportReviewView view = review(everyday_.id);
+    EXPECT_EQ(cell(view, 0, "date").text, "Mar 3, 2026");
+    EXPECT_EQ(view.content()->table->wholeTexts(1).size(), 12U);
+}
+
+TEST_F(ImportReview, ShowsOneBlankForEachRunOfThemAndImportsThePayeeAsItIs) {
+    const std::string payee = "CLINIC      ANYTOWN\t\u00A0 ON ";
+    ImportReviewView view = review(everyday_.id, {line(payee, "-1", 1)});
+    EXPECT_EQ(cell(view, 0, "payee").text, "CLINIC ANYTOWN ON");
+    view.importLines();
+    EXPECT_EQ(test_.library().transactions.back().payee, payee);
+}
+
+TEST_F(ImportReview, NeedsRoomForItsMarkOnlyWhereALineHasIt) {
+    ImportReviewView view = review(everyday_.id);
+    const auto mark = columnNamed(*view.content()->table, "mark").value();
+    EXPECT_EQ(view.content()->table->wholeTexts(mark), std::vector<std::string>{"Duplicate"});
+    view.setAccountID(savings_.id);
+    EXPECT_TRUE(view.content()->table->wholeTexts(mark).empty());
 }
 
 } // namespace oakfen

@@ -9,6 +9,7 @@
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/Components/PickerBox.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
 #include "OakfenCore/LibraryOperations/Transactions.h"
 #include "OakfenCore/Support/Text/Formatting.h"
 #include "Tests/Support/TestEnvironment.h"
@@ -83,7 +84,7 @@ protected:
 TEST_F(ImportReviewSheet, ShowsTheLines) {
     show();
     EXPECT_EQ(dialog_->windowTitle(), QStringLiteral("Import march.csv"));
-    EXPECT_EQ(cell(0, Column::Day), numericDateText(day(2026, 3, 3), Calendar::utc()));
+    EXPECT_EQ(cell(0, Column::Day), abbreviatedDateText(day(2026, 3, 3), Calendar::utc()));
     EXPECT_EQ(cell(0, Column::Amount), "-$4.50");
     EXPECT_EQ(cell(0, Column::Mark), "");
     EXPECT_EQ(cell(1, Column::Mark), "Duplicate");
@@ -146,7 +147,7 @@ TEST_F(ImportReviewSheet, ImportsNothingWithEscape) {
 TEST_F(ImportReviewSheet, SaysOnHoverWhichEntryADuplicateRepeats) {
     show();
     const std::string match =
-        "Already in this account: " + numericDateText(day(2026, 3, 4), Calendar::utc()) +
+        "Already in this account: " + abbreviatedDateText(day(2026, 3, 4), Calendar::utc()) +
         ", Shop & Co, -$40.00";
     const std::string shown = utf8(qt(match).toHtmlEscaped()) + "</qt>";
     const std::string memo = "<qt>say &lt;b&gt;&quot;hi&quot;&lt;/b&gt;<br>";
@@ -180,6 +181,28 @@ TEST_F(ImportReviewSheet, MarksDuplicatesOfTheChosenAccount) {
     dialog_->accountPicker()->chosen();
     EXPECT_EQ(cell(1, Column::Mark), "");
     EXPECT_EQ(view().accountID(), savings_.id);
+}
+
+TEST_F(ImportReviewSheet, GivesItsMarkNoMoreRoomThanItNeeds) {
+    show();
+    const int word = table()->fontMetrics().horizontalAdvance(QStringLiteral("Duplicate"));
+    EXPECT_GE(table()->columnWidth(Column::Mark), word);
+    EXPECT_LE(table()->columnWidth(Column::Mark), word + (3 * Theme::grid));
+    EXPECT_GT(table()->columnWidth(Column::Payee), table()->columnWidth(Column::Category));
+    dialog_->view().setAccountID(savings_.id);
+    EXPECT_LT(table()->columnWidth(Column::Mark), word);
+}
+
+TEST_F(ImportReviewSheet, DrawsTheTickOfADuplicateOtherwise) {
+    show();
+    const auto tick = [this](int row) {
+        const QRect cell = table()->visualRect(table()->model()->index(row, Column::Included));
+        return table()->viewport()->grab(cell.adjusted(1, 1, -1, -2)).toImage();
+    };
+    table()->clearSelection();
+    table()->clearFocus();
+    EXPECT_EQ(tick(0), tick(2));
+    EXPECT_NE(tick(0), tick(1));
 }
 
 TEST_F(ImportReviewSheet, StillNamesAClosedAccount) {
