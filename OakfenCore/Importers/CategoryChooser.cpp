@@ -22,6 +22,10 @@ std::optional<UUID> CategoryChooser::category(const ImportedTransaction& item) {
     return memorized != nullptr && !memorized->isTransfer() ? memorized->categoryID : std::nullopt;
 }
 
+bool CategoryChooser::namesUnknownCategory(const ImportedTransaction& item) {
+    return namesCategory(item) && !categoryOfName(*item.categoryName);
+}
+
 std::optional<UUID> CategoryChooser::categoryOfName(const std::string& name) {
     const auto [place, isNew] = named_.try_emplace(name);
     if (isNew) {

@@ -19,6 +19,9 @@ public:
     /// Nothing for a line that stays without a category.
     [[nodiscard]] std::optional<UUID> category(const ImportedTransaction& item);
 
+    /// Whether the line names a category that the document doesn't have.
+    [[nodiscard]] bool namesUnknownCategory(const ImportedTransaction& item);
+
 private:
     [[nodiscard]] std::optional<UUID> categoryOfName(const std::string& name);
 

@@ -40,12 +40,12 @@ def make_an_account(desktop, name):
     screen.find("label", "No Transactions")
 
 
-def import_statement(desktop, path, name):
+def import_statement(desktop, path, name, button):
     screen.press("Import")
     screen.write(desktop, "File name:", path)
     desktop.key("Return")
     screen.find("label", f"Import {name}")
-    screen.press("Import")
+    screen.press(button)
 
 
 def rows_on_screen():
@@ -89,7 +89,7 @@ def walk(program, network_log):
         first = desktop.start(program)
         choose_to_start_fresh()
         make_an_account(desktop, "Everyday")
-        import_statement(desktop, statement, "statement.csv")
+        import_statement(desktop, statement, "statement.csv", f"Import {len(EXPECTED)}")
         before = rows_on_screen()
         # At once, while the save still waits.
         assert stop(first, signal.SIGTERM) == 0, "the program did not end well"
@@ -100,7 +100,8 @@ def walk(program, network_log):
         screen.open_account(desktop, "Everyday")
         after = rows_on_screen()
         assert after == before, (before, after)
-        import_statement(desktop, statement, "statement.csv")  # a second time: nothing is added
+        # A second time: nothing is added.
+        import_statement(desktop, statement, "statement.csv", "Import")
         assert rows_on_screen() == before
         assert stop(second, signal.SIGTERM) == 0
         assert entries_in_file(desktop) == EXPECTED

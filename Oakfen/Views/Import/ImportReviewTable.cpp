@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "OakfenCore/Support/Text/Formatting.h"
+#include "OakfenCore/Support/Text/Quotation.h"
 #include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen {
@@ -49,6 +50,23 @@ void dressPayee(Cell& cell, const ImportReviewRow& row, const CellContext& conte
     cell.detail = withSingleBlanks(row.item->memo);
 }
 
+void dressCategory(Cell& cell, const ImportReviewRow& row, const CellContext& context) {
+    dressLine(cell, row, context);
+    if (!row.category) {
+        cell.tone = TextTone::secondary;
+    }
+    if (row.namesUnknownCategory) {
+        const std::string name = quoted(*row.item->categoryName);
+        cell.detail = "not " + name;
+        const std::string reason = name + " isn’t one of your categories";
+        cell.description = linesOf({reason, cell.description});
+        cell.toolTip = linesOf({reason, cell.toolTip});
+        if (row.comesIn()) {
+            cell.tone = TextTone::warning;
+        }
+    }
+}
+
 void dressMark(Cell& cell, const ImportReviewRow& row, const CellContext& context) {
     dressLine(cell, row, context);
     cell.tone = TextTone::warning;
@@ -74,11 +92,11 @@ const Columns<ImportReviewRow>& importReviewColumns() {
          .value =
              LineColumn::Text{[](const Row& row) -> std::string_view { return row.item->payee; }},
          .dress = dressPayee},
-        {.head = {.id = "category", .title = "Category", .width = 170, .least = 90},
+        {.head = {.id = "category", .title = "Category", .width = 210, .least = 110},
          .value = LineColumn::Text{[](const Row& row) -> std::string_view {
-             return row.item->categoryName ? *row.item->categoryName : std::string_view();
+             return row.category.value_or(uncategorizedName);
          }},
-         .dress = dressLine},
+         .dress = dressCategory},
         {.head = {.id = "amount", .title = "Amount", .width = 116},
          .value = LineColumn::Money{[](const Row& row) { return row.item->amount; }},
          .dress = dressLine},

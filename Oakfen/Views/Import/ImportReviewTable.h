@@ -21,6 +21,10 @@ struct ImportReviewRow {
     const ImportedTransaction* item = nullptr;
     /// The account's entry that the line repeats, if it repeats one.
     std::optional<RepeatedEntry> duplicate = {};
+    /// The path of the category under which the line is filed, if any. The text is the index's.
+    std::optional<std::string_view> category = {};
+    /// Whether the line names a category that the document doesn't have.
+    bool namesUnknownCategory = false;
     bool isIncluded = true;
 
     /// Whether the import adds the line: it leaves out what the account has, ticked or not.

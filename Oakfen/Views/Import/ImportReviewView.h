@@ -16,6 +16,17 @@ struct ImportReviewContent {
     std::string summary;
     /// Needs an account and a line.
     bool canImport = false;
+    /// "Import 142": how many lines come in, where any do.
+    std::string importTitle;
+    /// What the lines that come in add to the account and take from it; this is zero or negative.
+    Decimal moneyIn;
+    Decimal moneyOut;
+    /// Which categories the lines name that the document doesn't have, and what becomes of these;
+    /// empty where there is none.
+    std::string note;
+    /// Whether a line is left to be ticked, and one whose tick can be taken away.
+    bool canTick = false;
+    bool canUntick = false;
     std::shared_ptr<const Table<ImportReviewRow>> table;
 
     friend bool operator==(const ImportReviewContent&, const ImportReviewContent&) = default;
@@ -34,6 +45,8 @@ public:
     [[nodiscard]] const UUIDSet& included() const { return included_; }
     /// Ticks the lines, or leaves them out.
     void setIncluded(const std::vector<UUID>& ids, bool isIncluded);
+    void tickAll();
+    void tickNone();
 
     [[nodiscard]] const std::vector<ImportedTransaction>& items() const { return session_->items; }
     /// "Import statement.csv".
@@ -46,21 +59,24 @@ protected:
     [[nodiscard]] ImportReviewContent derive(const ImportReviewContent* earlier) const override;
 
 private:
-    /// What each line repeats in the account.
-    struct Duplicates {
+    /// What the account and the document make of each line.
+    struct Findings {
         std::shared_ptr<const LibraryIndex> index;
         std::optional<UUID> accountID;
-        std::vector<const Transaction*> matches;
+        /// The rows, ticks aside.
+        std::vector<ImportReviewRow> rows;
     };
 
-    [[nodiscard]] const Duplicates& duplicates() const;
+    [[nodiscard]] const Findings& findings() const;
+    [[nodiscard]] std::string importTitle(const std::vector<ImportReviewRow>& rows) const;
+    void includeAll();
     [[nodiscard]] bool canImport() const { return accountID_ && !included_.empty(); }
 
     std::shared_ptr<const ImportSession> session_;
     std::optional<UUID> accountID_;
     UUIDSet included_;
     // Found once for an index and an account, since ticks change more often.
-    mutable Duplicates duplicates_;
+    mutable Findings findings_;
 };
 
 } // namespace oakfen

@@ -1,9 +1,11 @@
 #include "Oakfen/Widgets/Import/ImportReviewDialog.h"
 
 #include <QFormLayout>
-#include <QHeaderView>
+#include <QPushButton>
 #include <utility>
 
+#include "Oakfen/Widgets/Components/CaptionedAmount.h"
+#include "Oakfen/Widgets/Components/HintRow.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/Components/PickerBox.h"
 #include "Oakfen/Widgets/Components/RowTicker.h"
@@ -15,20 +17,24 @@ namespace oakfen {
 
 namespace {
 
-constexpr QSize usualSize(820, 560);
+constexpr QSize usualSize(880, 600);
 
 } // namespace
 
 ImportReviewDialog::ImportReviewDialog(AppEnvironment& environment,
                                        std::shared_ptr<const ImportSession> session,
                                        QWidget* parent)
-    : SheetScaffold(environment.panels, qt(ImportReviewView::heading(*session)), tr("Import"),
-                    parent),
-      view_(environment, std::move(session)), model_(new TableModel(view_.content()->table, this)),
-      account_(new AccountPicker(tr("Into Account"))), table_(new LedgerTable) {
+    : SheetScaffold(environment.panels, qt(ImportReviewView::heading(*session)), QString(), parent),
+      environment_(environment), view_(environment, std::move(session)),
+      model_(new TableModel(view_.content()->table, this)),
+      account_(new AccountPicker(tr("Into Account"))), table_(new LedgerTable), note_(new HintRow),
+      tickAll_(new QPushButton(tr("Tick All"))), tickNone_(new QPushButton(tr("Tick None"))),
+      moneyIn_(new CaptionedAmount(tr("Money In"))),
+      moneyOut_(new CaptionedAmount(tr("Money Out"))) {
     resize(usualSize);
     setUpAccount(environment.store.index());
     setUpTable();
+    addFooter();
     changed_ = view_.changed.observe([this] { showContent(); });
     showContent();
     table_->setFocus();
@@ -63,10 +69,43 @@ void ImportReviewDialog::setUpTable() {
     });
 }
 
+void ImportReviewDialog::addFooter() {
+    content()->addWidget(note_);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(Theme::grid);
+    content()->addLayout(row);
+    tickAll_->setToolTip(tr("Import every line that the account doesn’t have yet"));
+    // Each leaves the keyboard to the other, since it is disabled then, and what comes next would
+    // close the sheet.
+    connect(tickAll_, &QPushButton::clicked, this, [this] {
+        view_.tickAll();
+        tickNone_->setFocus(Qt::OtherFocusReason);
+    });
+    tickNone_->setToolTip(tr("Leave every line out"));
+    connect(tickNone_, &QPushButton::clicked, this, [this] {
+        view_.tickNone();
+        tickAll_->setFocus(Qt::OtherFocusReason);
+    });
+    for (QPushButton* button : {tickAll_, tickNone_}) {
+        button->setAutoDefault(false);
+        row->addWidget(button, 0, Qt::AlignTop);
+    }
+    row->addStretch(1);
+    row->addWidget(moneyIn_);
+    row->addSpacing(2 * Theme::grid);
+    row->addWidget(moneyOut_);
+}
+
 void ImportReviewDialog::showContent() {
     const auto shown = view_.content();
     model_->show(shown->table);
     setSubtitle(qt(shown->summary));
+    note_->showHint(qt(shown->note));
+    tickAll_->setEnabled(shown->canTick);
+    tickNone_->setEnabled(shown->canUntick);
+    moneyIn_->setMoney(moneyText(shown->moneyIn, environment_.currencyCode()));
+    moneyOut_->setMoney(moneyText(shown->moneyOut, environment_.currencyCode()));
+    setPrimaryTitle(qt(shown->importTitle));
     setCanSave(shown->canImport);
 }
 

@@ -6,6 +6,8 @@
 namespace oakfen {
 
 class AccountPicker;
+class CaptionedAmount;
+class HintRow;
 class LedgerTable;
 class TableModel;
 
@@ -20,6 +22,10 @@ public:
     [[nodiscard]] ImportReviewView& view() { return view_; }
     [[nodiscard]] LedgerTable* table() const { return table_; }
     [[nodiscard]] AccountPicker* accountPicker() const { return account_; }
+    [[nodiscard]] QPushButton* tickAllButton() const { return tickAll_; }
+    [[nodiscard]] QPushButton* tickNoneButton() const { return tickNone_; }
+    /// Tells of categories that the lines name and nobody has.
+    [[nodiscard]] HintRow* note() const { return note_; }
 
 protected:
     void save() override;
@@ -27,12 +33,19 @@ protected:
 private:
     void setUpAccount(const LibraryIndex& index);
     void setUpTable();
+    void addFooter();
     void showContent();
 
+    AppEnvironment& environment_;
     ImportReviewView view_;
     TableModel* model_;
     AccountPicker* account_;
     LedgerTable* table_;
+    HintRow* note_;
+    QPushButton* tickAll_;
+    QPushButton* tickNone_;
+    CaptionedAmount* moneyIn_;
+    CaptionedAmount* moneyOut_;
     Subscription changed_;
 };
 

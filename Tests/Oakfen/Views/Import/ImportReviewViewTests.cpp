@@ -5,6 +5,7 @@
 #include "Oakfen/Views/TableChanges.h"
 #include "OakfenCore/LibraryOperations/Transactions.h"
 #include "OakfenCore/Support/Text/Formatting.h"
+#include "Tests/Generators/RandomLibrary.h"
 #include "Tests/Support/LocaleForTest.h"
 #include "Tests/Support/TestEnvironment.h"
 
@@ -46,6 +47,10 @@ protected:
                                                                     .fileName = "march.csv",
                                                                     .items = std::move(lines),
                                                                     .accountID = accountID})};
+    }
+    static ImportedTransaction filed(ImportedTransaction item, std::string category) {
+        item.categoryName = std::move(category);
+        return item;
     }
     static Cell cell(const ImportReviewView& view, std::size_t line, std::string_view column) {
         const auto table = view.content()->table;
@@ -210,6 +215,108 @@ TEST_F(ImportReview, AddsToTheChosenAccount) {
     EXPECT_EQ(test_.index().transactions(savings_.id).size(), 3U);
 }
 
+TEST_F(ImportReview, CountsWithTheLocalesSeparators) {
+    const LocaleForTest locale("en_CA");
+    std::vector<ImportedTransaction> lines;
+    for (int each = 0; each < 1'200; ++each) {
+        lines.push_back(line("SHOP", "-40", 5));
+    }
+    lines.resize(2'400, line("New", "1", 5));
+    for (ImportedTransaction& each : lines) {
+        each.id = UUID::random();
+    }
+    const ImportReviewView view = review(everyday_.id, std::move(lines));
+    EXPECT_EQ(view.content()->summary, "2,400 transactions found · 1,200 already in this account");
+    EXPECT_EQ(view.content()->importTitle, "Import 1,200");
+}
+
+TEST_F(ImportReview, SaysHowManyLinesComeIn) {
+    ImportReviewView view = review(everyday_.id);
+    EXPECT_EQ(view.content()->importTitle, "Import 2");
+    view.setIncluded({view.items()[0].id}, false);
+    EXPECT_EQ(view.content()->importTitle, "Import 1");
+    view.setIncluded({view.items()[2].id}, false);
+    EXPECT_EQ(view.content()->importTitle, "Import");
+    view.setAccountID(savings_.id);
+    EXPECT_EQ(view.content()->importTitle, "Import 1");
+    view.setAccountID(std::nullopt);
+    EXPECT_EQ(view.content()->importTitle, "Import");
+}
+
+TEST_F(ImportReview, AddsUpWhatComesInOnly) {
+    ImportReviewView view = review(everyday_.id);
+    EXPECT_EQ(view.content()->moneyIn, amount("1000"));
+    EXPECT_EQ(view.content()->moneyOut, amount("-4.5"));
+    view.setIncluded({view.items()[2].id}, false);
+    EXPECT_EQ(view.content()->moneyIn, Decimal());
+    view.setAccountID(savings_.id);
+    EXPECT_EQ(view.content()->moneyOut, amount("-44.5"));
+}
+
+TEST_F(ImportReview, TicksAllOrNone) {
+    ImportReviewView view = review(everyday_.id);
+    EXPECT_FALSE(view.content()->canTick);
+    EXPECT_TRUE(view.content()->canUntick);
+    view.tickNone();
+    EXPECT_TRUE(view.included().empty());
+    EXPECT_TRUE(view.content()->canTick);
+    EXPECT_FALSE(view.content()->canUntick);
+    EXPECT_FALSE(view.content()->canImport);
+    view.tickAll();
+    EXPECT_EQ(view.included().size(), 3U);
+}
+
+TEST_F(ImportReview, ShowsTheCategoryThatALineIsGoingToHave) {
+    const Category food = testing::makeCategory("Food");
+    const Category groceries = testing::makeCategory("Groceries", CategoryKind::expense, food.id);
+    test_.store->mutate("Add", [&](Library& library) {
+        library.categories.push_back(food);
+        library.categories.push_back(groceries);
+        Transaction filedBefore = makeTransaction(savings_.id, day(2026, 1, 1), "Market", "-9");
+        filedBefore.categoryID = food.id;
+        upsert(library, filedBefore);
+    });
+    const ImportReviewView view =
+        review(everyday_.id, {filed(line("A", "-1", 1), "groceries"), line("market", "-2", 2),
+                              line("B", "-3", 3), filed(line("Clinic", "-4", 4), "Medical"),
+                              filed(line("Market", "-5", 5), "Medical")});
+    EXPECT_EQ(cell(view, 0, "category").text, "Food: Groceries");
+    EXPECT_EQ(cell(view, 1, "category").text, "Food");
+    EXPECT_EQ(cell(view, 2, "category").text, "Uncategorized");
+    EXPECT_EQ(cell(view, 2, "category").detail, "");
+    EXPECT_EQ(cell(view, 3, "category").text, "Uncategorized");
+    EXPECT_EQ(cell(view, 3, "category").detail, "not “Medical”");
+    EXPECT_EQ(cell(view, 3, "category").toolTip, "“Medical” isn’t one of your categories");
+    EXPECT_EQ(cell(view, 4, "category").text, "Food");
+    EXPECT_EQ(cell(view, 4, "category").detail, "not “Medical”");
+}
+
+TEST_F(ImportReview, NamesTheCategoriesThatAreMissing) {
+    const std::string outcome = ": these lines are filed as their payee was last, or stay "
+                                "uncategorized";
+    const auto note = [&](const std::vector<std::string>& names) {
+        std::vector<ImportedTransaction> lines;
+        for (const std::string& name : names) {
+            lines.push_back(filed(line("A", "-1", 1), name));
+        }
+        return review(everyday_.id, std::move(lines)).content()->note;
+    };
+    EXPECT_EQ(note({""}), "");
+    EXPECT_EQ(note({"Medical", "Medical"}), "“Medical” isn’t one of your categories" + outcome);
+    EXPECT_EQ(note({"Medical", "Pets"}),
+              "“Medical” and “Pets” aren’t among your categories" + outcome);
+    EXPECT_EQ(note({"Medical", "Pets", "Fun", "Pets", "Sea"}),
+              "“Medical”, “Pets” and 2 more aren’t among your categories" + outcome);
+}
+
+TEST_F(ImportReview, DoesNotMindTheMissingCategoryOfALineThatIsLeftOut) {
+    ImportReviewView view = review(
+        everyday_.id, {filed(line("A", "-1", 1), "Pets"), filed(line("Shop", "-40", 5), "Fun")});
+    EXPECT_NE(view.content()->note.find("“Pets” isn’t"), std::string::npos);
+    view.setIncluded({view.items()[0].id}, false);
+    EXPECT_EQ(view.content()->note, "");
+}
+
 TEST_F(ImportReview, MutesTheTickOfALineThatTheAccountHas) {
     ImportReviewView view = review(everyday_.id);
     EXPECT_EQ(cell(view, 0, "included").tone, TextTone::primary);
@@ -240,6 +347,60 @@ TEST_F(ImportReview, NeedsRoomForItsMarkOnlyWhereALineHasIt) {
     EXPECT_EQ(view.content()->table->wholeTexts(mark), std::vector<std::string>{"Duplicate"});
     view.setAccountID(savings_.id);
     EXPECT_TRUE(view.content()->table->wholeTexts(mark).empty());
+}
+
+/// Statements made of what the ledger has and of what it hasn't.
+std::vector<ImportedTransaction> randomStatement(testing::RandomLibrary& random,
+                                                 const Library& library) {
+    std::vector<ImportedTransaction> lines;
+    for (int count = 0; count < 40; ++count) {
+        const Transaction& entry = library.transactions[random.below(library.transactions.size())];
+        ImportedTransaction line{.id = UUID::random(),
+                                 .date = random.chance(2) ? entry.date : random.date(),
+                                 .payee = random.chance(4) ? random.text() : entry.payee,
+                                 .amount = random.chance(3) ? random.amount() : entry.amount};
+        if (random.chance(2)) {
+            line.categoryName =
+                random.chance(3) ? random.text()
+                                 : library.categories[random.below(library.categories.size())].name;
+        }
+        lines.push_back(std::move(line));
+    }
+    return lines;
+}
+
+TEST_F(ImportReview, ShowsWhatTheImportDoesInAnyLedger) {
+    const LocaleForTest locale("en_CA");
+    for (std::uint64_t seed = 1; seed <= 30; ++seed) {
+        SCOPED_TRACE(seed);
+        testing::RandomLibrary random(seed, testing::RandomLibrary::Amounts::wholeCents);
+        test_.store->replaceLibrary(random.make(80), std::nullopt);
+        const Library before = test_.library();
+        const UUID account = before.accounts[random.below(before.accounts.size())].id;
+        ImportReviewView view = review(account, randomStatement(random, before));
+        for (const ImportedTransaction& item : view.items()) {
+            view.setIncluded({item.id}, !random.chance(4));
+        }
+        const auto shown = view.content();
+        std::vector<std::string> expected;
+        for (std::size_t row = 0; row < shown->table->rowCount(); ++row) {
+            if (shown->table->rows()[row]->comesIn()) {
+                expected.push_back(cell(view, row, "category").text);
+            }
+        }
+        view.importLines();
+        const auto& entries = test_.library().transactions;
+        const std::size_t added = entries.size() - before.transactions.size();
+        EXPECT_EQ(shown->importTitle, added == 0 ? "Import" : "Import " + countText(added));
+        std::vector<std::string> categories;
+        Decimal sum;
+        for (std::size_t each = before.transactions.size(); each < entries.size(); ++each) {
+            categories.push_back(singleLine(test_.index().categoryName(entries[each].categoryID)));
+            sum = sum + entries[each].amount;
+        }
+        EXPECT_EQ(categories, expected);
+        EXPECT_EQ(shown->moneyIn + shown->moneyOut, sum);
+    }
 }
 
 } // namespace oakfen

@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLabel>
 #include <QPushButton>
 #include <QTest>
 
+#include "Oakfen/Widgets/Components/HintRow.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/Components/PickerBox.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
@@ -59,6 +61,7 @@ protected:
                           .accountID = everyday_.id};
         session.items[1].memo = "say <b>\"hi\"</b>";
         session.items[2].memo = "Fees & more";
+        session.items[0].categoryName = category_;
         return std::make_shared<const ImportSession>(std::move(session));
     }
 
@@ -75,6 +78,7 @@ protected:
     }
 
     std::string fileName_ = "march.csv";
+    std::optional<std::string> category_;
     Account everyday_ = makeAccount("Everyday");
     Account savings_ = makeAccount("Savings", AccountType::savings);
     TestEnvironment test_;
@@ -183,6 +187,45 @@ TEST_F(ImportReviewSheet, MarksDuplicatesOfTheChosenAccount) {
     EXPECT_EQ(view().accountID(), savings_.id);
 }
 
+TEST_F(ImportReviewSheet, SaysOnItsButtonHowManyLinesComeIn) {
+    show();
+    EXPECT_EQ(dialog_->primaryButton()->text(), QStringLiteral("Import 2"));
+    QTest::mouseClick(dialog_->tickNoneButton(), Qt::LeftButton);
+    EXPECT_EQ(dialog_->primaryButton()->text(), QStringLiteral("Import"));
+    EXPECT_FALSE(dialog_->primaryButton()->isEnabled());
+    EXPECT_FALSE(dialog_->tickNoneButton()->isEnabled());
+    QTest::mouseClick(dialog_->tickAllButton(), Qt::LeftButton);
+    EXPECT_EQ(dialog_->primaryButton()->text(), QStringLiteral("Import 2"));
+    EXPECT_FALSE(dialog_->tickAllButton()->isEnabled());
+    EXPECT_TRUE(dialog_->isVisible());
+}
+
+TEST_F(ImportReviewSheet, ReadsWhatComesInAndGoesOut) {
+    show();
+    const auto reads = [this](const std::string& sentence) {
+        for (const QLabel* label : dialog_->findChildren<QLabel*>()) {
+            if (label->accessibleName() == qt(sentence)) {
+                return true;
+            }
+        }
+        return false;
+    };
+    EXPECT_TRUE(reads("Money In, " + currencyText(amount("1000"), "CAD")));
+    EXPECT_TRUE(reads("Money Out, " + currencyText(amount("-4.5"), "CAD")));
+}
+
+TEST_F(ImportReviewSheet, TellsOfACategoryThatNobodyHas) {
+    show();
+    EXPECT_FALSE(dialog_->note()->isVisible());
+    category_ = "Medical";
+    show();
+    EXPECT_TRUE(dialog_->note()->isVisible());
+    EXPECT_TRUE(dialog_->note()->sentence()->accessibleName().contains(qt("“Medical”")));
+    EXPECT_EQ(cell(0, Column::Category), "Uncategorized");
+    EXPECT_NE(cell(0, Column::Category, Qt::AccessibleDescriptionRole).find("“Medical”"),
+              std::string::npos);
+}
+
 TEST_F(ImportReviewSheet, GivesItsMarkNoMoreRoomThanItNeeds) {
     show();
     const int word = table()->fontMetrics().horizontalAdvance(QStringLiteral("Duplicate"));
@@ -203,6 +246,32 @@ TEST_F(ImportReviewSheet, DrawsTheTickOfADuplicateOtherwise) {
     table()->clearFocus();
     EXPECT_EQ(tick(0), tick(2));
     EXPECT_NE(tick(0), tick(1));
+}
+
+TEST_F(ImportReviewSheet, IsDoneByKeyboardAlone) {
+    show();
+    const auto press = [](int key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+    };
+    const auto tabTo = [&](const QWidget* widget) {
+        for (int tabs = 0; tabs < 10 && !widget->hasFocus(); ++tabs) {
+            press(Qt::Key_Tab);
+        }
+        return widget->hasFocus();
+    };
+    ASSERT_TRUE(tabTo(dialog_->tickNoneButton()));
+    press(Qt::Key_Return);
+    EXPECT_TRUE(view().included().empty());
+    EXPECT_TRUE(dialog_->tickAllButton()->hasFocus());
+    ASSERT_TRUE(tabTo(table()));
+    press(Qt::Key_End, Qt::ControlModifier);
+    press(Qt::Key_Space);
+    EXPECT_TRUE(isIncluded(2));
+    ASSERT_TRUE(tabTo(dialog_->primaryButton()));
+    EXPECT_EQ(dialog_->primaryButton()->text(), QStringLiteral("Import 1"));
+    press(Qt::Key_Return);
+    EXPECT_FALSE(dialog_->isVisible());
+    EXPECT_EQ(entries(), 2U);
 }
 
 TEST_F(ImportReviewSheet, StillNamesAClosedAccount) {
