@@ -58,14 +58,24 @@ ImportSession exampleStatement(const LibraryIndex& index, const Account& account
                                  .payee = entry.payee,
                                  .amount = entry.amount});
     }
-    const std::vector<std::pair<std::string, std::int64_t>> lines{
-        {"Harvest & Home", -8412}, {"Corner Coffee", -635}, {"Lakeview Transit", -2400},
-        {"Mobile Deposit", 12000}, {"Grand Cinema", -3250}, {"Riverside Pharmacy", -1889}};
-    for (const auto& [payee, cents] : lines) {
+    struct Line {
+        std::string payee;
+        std::int64_t cents;
+        std::string category = {};
+    };
+    // One padded as banks do it, one of a category that nobody has.
+    const std::vector<Line> lines{{"HARVEST & HOME          ANYTOWN", -8412},
+                                  {"Corner Coffee", -635, "Coffee Shops"},
+                                  {"Lakeview Transit", -2400},
+                                  {"Mobile Deposit", 12000},
+                                  {"Grand Cinema", -3250},
+                                  {"Riverside Pharmacy", -1889, "Medical"}};
+    for (const Line& line : lines) {
         session.items.push_back({.id = UUID::random(),
                                  .date = index.now(),
-                                 .payee = payee,
-                                 .amount = Decimal::cents(cents)});
+                                 .payee = line.payee,
+                                 .amount = Decimal::cents(line.cents),
+                                 .categoryName = line.category});
     }
     return session;
 }
