@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <utility>
 
+#include "Oakfen/FileActions.h"
+
 namespace oakfen {
 
 RegisterView::RegisterView(AppEnvironment& environment, const UUID& accountID)
-    : Screen(environment), accountID_(accountID), rows_(accountID),
+    : Screen(environment), EntryActions(environment), accountID_(accountID), rows_(accountID),
       transactionSaved_(
           environment.appState.transactionSaved.observe([this](const UUID& id) { reveal(id); })) {}
 
@@ -46,6 +48,12 @@ void RegisterView::select(UUIDSet ids) {
     }
 }
 
+void RegisterView::deleted(const UUIDSet& ids) {
+    UUIDSet rest = *selection_;
+    std::erase_if(rest, [&](const UUID& id) { return ids.contains(id); });
+    select(std::move(rest));
+}
+
 std::string RegisterView::copiedText() const {
     const auto shown = content();
     std::vector<std::size_t> selected;
@@ -55,6 +63,22 @@ std::string RegisterView::copiedText() const {
         }
     }
     return clipboardText(*shown->table, selected);
+}
+
+void RegisterView::newTransaction() {
+    environment_.appState.setSheet(ActiveSheet{ActiveSheet::NewTransaction{accountID_}});
+}
+
+void RegisterView::reconcile() {
+    environment_.appState.setSheet(ActiveSheet{ActiveSheet::Reconcile{accountID_}});
+}
+
+void RegisterView::editAccount() {
+    environment_.appState.setSheet(ActiveSheet{ActiveSheet::EditAccount{accountID_}});
+}
+
+void RegisterView::importTransactions() {
+    FileActions::importTransactions(environment_);
 }
 
 RegisterContent RegisterView::derive(const RegisterContent* earlier) const {

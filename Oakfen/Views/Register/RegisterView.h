@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Oakfen/MenuEntry.h"
+#include "Oakfen/Views/EntryActions.h"
 #include "Oakfen/Views/Register/RegisterContent.h"
 #include "Oakfen/Views/Register/RegisterRows.h"
 #include "Oakfen/Views/Screen.h"
@@ -17,7 +17,7 @@ namespace oakfen {
 /// The everyday screen of an account: its entries with their running balance, and what can be done
 /// with many of them at once. Lives as long as the person stays in the account. An entry that is
 /// saved meanwhile is selected and brought into sight.
-class RegisterView final : public Screen<RegisterContent> {
+class RegisterView final : public Screen<RegisterContent>, public EntryActions {
 public:
     RegisterView(AppEnvironment& environment, const UUID& accountID);
 
@@ -39,26 +39,8 @@ public:
     /// The selected rows as lines of tab-separated text for a spreadsheet, in all columns.
     [[nodiscard]] std::string copiedText() const;
 
-    /// A click on the state's mark: uncleared becomes cleared and back; reconciled stays.
-    void toggleCleared(const UUID& id);
-    void markAs(ClearedState state, const UUIDSet& ids);
-    void setCategory(const UUID& categoryID, const UUIDSet& ids);
-    /// Enters a copy dated now; a transfer's copy is a new transfer.
-    void duplicate(const UUID& id);
-    /// Shows the other account of a transfer.
-    void goToTransfer(const UUID& id);
-
-    /// What can be done with these entries. The view must outlive it.
-    [[nodiscard]] std::vector<MenuEntry> contextMenu(const UUIDSet& ids);
-
-    /// Asks whether to delete the entries; does it once confirmed.
-    void requestDelete(const UUIDSet& ids);
-    /// Entries that wait for the answer whether to delete them.
-    [[nodiscard]] const UUIDSet& pendingDelete() const { return pendingDelete_; }
-
     // The toolbar.
     void newTransaction();
-    void editTransaction(const UUID& id);
     void reconcile();
     void editAccount();
     void importTransactions();
@@ -66,8 +48,11 @@ public:
 protected:
     [[nodiscard]] RegisterContent derive(const RegisterContent* earlier) const override;
     void adopt(const RegisterContent& content) override { selection_ = content.selection; }
+    void deleted(const UUIDSet& ids) override;
 
 private:
+    using Screen::environment_;
+
     /// What a table was made of.
     struct Choice {
         std::shared_ptr<const LibraryIndex> index;
@@ -78,8 +63,6 @@ private:
         friend bool operator==(const Choice&, const Choice&) = default;
     };
     using SharedTable = std::shared_ptr<const Table<RegisterRow>>;
-    /// The entries that a menu is about. Its lines share them, since they may be a hundred
-    /// thousand.
     using SharedIDs = std::shared_ptr<const UUIDSet>;
 
     /// The account as it is now; null once it was deleted.
@@ -102,18 +85,11 @@ private:
     [[nodiscard]] std::optional<std::string> hiddenNotice() const;
     void selectAndReveal(UUIDSet ids, const UUID& last);
 
-    [[nodiscard]] std::vector<MenuEntry> menuForOne(const UUID& id);
-    [[nodiscard]] std::vector<MenuEntry> markMenu(const SharedIDs& ids);
-    [[nodiscard]] std::vector<MenuEntry> categoryMenu(const SharedIDs& ids);
-    [[nodiscard]] ConfirmationRequest deleteConfirmation() const;
-    void confirmDelete();
-
     UUID accountID_;
     SharedIDs selection_ = std::make_shared<const UUIDSet>();
     RegisterSort sort_;
     RegisterFilter filter_ = RegisterFilter::all;
     std::string searchText_;
-    UUIDSet pendingDelete_;
     // Entries that were saved while this filter and search hid them.
     std::vector<UUID> hidden_;
     std::optional<RevealedEntry> revealed_;

@@ -1,13 +1,13 @@
-#include "Oakfen/Views/Register/RegisterView.h"
+#include "Oakfen/Views/EntryActions.h"
 
 #include <utility>
 
-#include "Oakfen/FileActions.h"
+#include "Oakfen/Views/Components/Components.h"
 #include "OakfenCore/LibraryOperations/Transactions.h"
 
 namespace oakfen {
 
-void RegisterView::toggleCleared(const UUID& id) {
+void EntryActions::toggleCleared(const UUID& id) {
     const Transaction* entry = environment_.store.index().transaction(id);
     if (entry == nullptr || entry->cleared == ClearedState::reconciled) {
         return;
@@ -18,17 +18,17 @@ void RegisterView::toggleCleared(const UUID& id) {
     });
 }
 
-void RegisterView::markAs(ClearedState state, const UUIDSet& ids) {
+void EntryActions::markAs(ClearedState state, const UUIDSet& ids) {
     environment_.store.mutate("Mark " + std::string(oakfen::title(state)),
                               [&](Library& library) { setCleared(library, state, ids); });
 }
 
-void RegisterView::setCategory(const UUID& categoryID, const UUIDSet& ids) {
+void EntryActions::setCategory(const UUID& categoryID, const UUIDSet& ids) {
     environment_.store.mutate(
         "Set Category", [&](Library& library) { oakfen::setCategory(library, categoryID, ids); });
 }
 
-void RegisterView::duplicate(const UUID& id) {
+void EntryActions::duplicate(const UUID& id) {
     const Transaction* original = environment_.store.index().transaction(id);
     if (original == nullptr) {
         return;
@@ -46,14 +46,14 @@ void RegisterView::duplicate(const UUID& id) {
                               [&](Library& library) { upsert(library, copy); });
 }
 
-void RegisterView::goToTransfer(const UUID& id) {
+void EntryActions::goToTransfer(const UUID& id) {
     const Transaction* entry = environment_.store.index().transaction(id);
     if (entry != nullptr && entry->transferAccountID) {
         environment_.appState.setSelection(SidebarItem::account(*entry->transferAccountID));
     }
 }
 
-std::vector<MenuEntry> RegisterView::contextMenu(const UUIDSet& ids) {
+std::vector<MenuEntry> EntryActions::contextMenu(const UUIDSet& ids) {
     if (ids.empty()) {
         return {};
     }
@@ -70,7 +70,7 @@ std::vector<MenuEntry> RegisterView::contextMenu(const UUIDSet& ids) {
     return menu;
 }
 
-std::vector<MenuEntry> RegisterView::menuForOne(const UUID& id) {
+std::vector<MenuEntry> EntryActions::menuForOne(const UUID& id) {
     std::vector<MenuEntry> menu{
         {.title = "Edit", .symbolName = "pencil", .perform = [this, id] { editTransaction(id); }},
         {.title = "Duplicate", .symbolName = "plus.rectangle.on.rectangle", .perform = [this, id] {
@@ -88,7 +88,7 @@ std::vector<MenuEntry> RegisterView::menuForOne(const UUID& id) {
     return menu;
 }
 
-std::vector<MenuEntry> RegisterView::markMenu(const SharedIDs& ids) {
+std::vector<MenuEntry> EntryActions::markMenu(const SharedIDs& ids) {
     std::vector<MenuEntry> menu;
     for (const ClearedState state : allCases<ClearedState>) {
         menu.push_back({.title = std::string(oakfen::title(state)),
@@ -98,7 +98,7 @@ std::vector<MenuEntry> RegisterView::markMenu(const SharedIDs& ids) {
     return menu;
 }
 
-std::vector<MenuEntry> RegisterView::categoryMenu(const SharedIDs& ids) {
+std::vector<MenuEntry> EntryActions::categoryMenu(const SharedIDs& ids) {
     std::vector<MenuEntry> menu;
     for (const CategoryKind kind : {CategoryKind::expense, CategoryKind::income}) {
         bool startsGroup = kind == CategoryKind::income;
@@ -111,7 +111,7 @@ std::vector<MenuEntry> RegisterView::categoryMenu(const SharedIDs& ids) {
     return menu;
 }
 
-void RegisterView::requestDelete(const UUIDSet& ids) {
+void EntryActions::requestDelete(const UUIDSet& ids) {
     if (ids.empty()) {
         return;
     }
@@ -121,7 +121,7 @@ void RegisterView::requestDelete(const UUIDSet& ids) {
                                 }));
 }
 
-ConfirmationRequest RegisterView::deleteConfirmation() const {
+ConfirmationRequest EntryActions::deleteConfirmation() const {
     const std::size_t count = pendingDelete_.size();
     return {.title =
                 "Delete " + std::to_string(count) + " transaction" + (count == 1 ? "" : "s") + "?",
@@ -130,33 +130,15 @@ ConfirmationRequest RegisterView::deleteConfirmation() const {
             .isDestructive = true};
 }
 
-void RegisterView::confirmDelete() {
+void EntryActions::confirmDelete() {
     const UUIDSet ids = std::exchange(pendingDelete_, {});
     environment_.store.mutate("Delete Transactions",
                               [&](Library& library) { deleteTransactions(library, ids); });
-    UUIDSet rest = *selection_;
-    std::erase_if(rest, [&](const UUID& id) { return ids.contains(id); });
-    select(std::move(rest));
+    deleted(ids);
 }
 
-void RegisterView::newTransaction() {
-    environment_.appState.setSheet(ActiveSheet{ActiveSheet::NewTransaction{accountID_}});
-}
-
-void RegisterView::editTransaction(const UUID& id) {
+void EntryActions::editTransaction(const UUID& id) {
     environment_.appState.setSheet(ActiveSheet{ActiveSheet::EditTransaction{id}});
-}
-
-void RegisterView::reconcile() {
-    environment_.appState.setSheet(ActiveSheet{ActiveSheet::Reconcile{accountID_}});
-}
-
-void RegisterView::editAccount() {
-    environment_.appState.setSheet(ActiveSheet{ActiveSheet::EditAccount{accountID_}});
-}
-
-void RegisterView::importTransactions() {
-    FileActions::importTransactions(environment_);
 }
 
 } // namespace oakfen
