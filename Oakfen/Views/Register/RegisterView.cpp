@@ -8,7 +8,7 @@
 namespace oakfen {
 
 RegisterView::RegisterView(AppEnvironment& environment, const UUID& accountID)
-    : Screen(environment), EntryActions(environment), accountID_(accountID), rows_(accountID),
+    : Screen(environment), EntryList(environment), accountID_(accountID), rows_(accountID),
       transactionSaved_(
           environment.appState.transactionSaved.observe([this](const UUID& id) { reveal(id); })) {}
 
@@ -49,20 +49,12 @@ void RegisterView::select(UUIDSet ids) {
 }
 
 void RegisterView::deleted(const UUIDSet& ids) {
-    UUIDSet rest = *selection_;
-    std::erase_if(rest, [&](const UUID& id) { return ids.contains(id); });
-    select(std::move(rest));
+    select(without(*selection_, ids));
 }
 
 std::string RegisterView::copiedText() const {
     const auto shown = content();
-    std::vector<std::size_t> selected;
-    for (std::size_t row = 0; row < shown->table->rowCount(); ++row) {
-        if (shown->selection->contains(shown->table->id(row))) {
-            selected.push_back(row);
-        }
-    }
-    return clipboardText(*shown->table, selected);
+    return clipboardText(*shown->table, rowsOf(*shown->selection, *shown->table));
 }
 
 void RegisterView::newTransaction() {
@@ -93,7 +85,7 @@ RegisterContent RegisterView::derive(const RegisterContent* earlier) const {
         content.subtitle = shown->institution.empty() ? std::string(oakfen::title(shown->type))
                                                       : shown->institution;
     }
-    content.selection = selectionIn(*content.table);
+    content.selection = shownOf(selection_, *content.table);
     content.footer = footer(*content.table, *content.selection);
     return content;
 }
@@ -142,27 +134,6 @@ RegisterView::filteredRows(const SharedArray<RegisterRow>& all) const {
 RegisterRowTest RegisterView::rowTest() const {
     return {RegisterFilterTest(filter_, environment_.clock.now(), environment_.clock.calendar()),
             searchText_};
-}
-
-RegisterView::SharedIDs RegisterView::selectionIn(const Table<RegisterRow>& table) const {
-    if (selection_->empty()) {
-        return selection_;
-    }
-    const auto isSelected = [this](const RegisterRow* row) {
-        return selection_->contains(row->id);
-    };
-    // Mostly all of it is; a set of thousands isn't made again for nothing.
-    if (static_cast<std::size_t>(std::ranges::count_if(table.rows(), isSelected)) ==
-        selection_->size()) {
-        return selection_;
-    }
-    auto shown = std::make_shared<UUIDSet>();
-    for (const RegisterRow* row : table.rows()) {
-        if (isSelected(row)) {
-            shown->insert(row->id);
-        }
-    }
-    return shown->size() == selection_->size() ? selection_ : shown;
 }
 
 RegisterFooter RegisterView::footer(const Table<RegisterRow>& table,

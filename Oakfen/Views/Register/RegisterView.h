@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Oakfen/Views/EntryActions.h"
+#include "Oakfen/Views/EntryList.h"
 #include "Oakfen/Views/Register/RegisterContent.h"
 #include "Oakfen/Views/Register/RegisterRows.h"
 #include "Oakfen/Views/Screen.h"
@@ -17,7 +17,7 @@ namespace oakfen {
 /// The everyday screen of an account: its entries with their running balance, and what can be done
 /// with many of them at once. Lives as long as the person stays in the account. An entry that is
 /// saved meanwhile is selected and brought into sight.
-class RegisterView final : public Screen<RegisterContent>, public EntryActions {
+class RegisterView final : public Screen<RegisterContent>, public EntryList {
 public:
     RegisterView(AppEnvironment& environment, const UUID& accountID);
 
@@ -25,10 +25,8 @@ public:
     void setFilter(RegisterFilter filter);
     void setSearchText(std::string text);
     void setSort(const RegisterSort& sort);
-    /// A click on a column's header: sorts by it, or turns the direction round.
-    void sortBy(std::string_view column);
-    /// Selects these of the rows that are shown.
-    void select(UUIDSet ids);
+    void sortBy(std::string_view column) override;
+    void select(UUIDSet ids) override;
 
     /// Selects the row of an entry that was saved just now, or of its leg in this account, and
     /// reveals it. One that the filter or the search hides is noted.
@@ -36,8 +34,7 @@ public:
     /// Ends filter and search, selects what the notice is about and reveals what came last.
     void showHidden();
 
-    /// The selected rows as lines of tab-separated text for a spreadsheet, in all columns.
-    [[nodiscard]] std::string copiedText() const;
+    [[nodiscard]] std::string copiedText() const override;
 
     // The toolbar.
     void newTransaction();
@@ -63,7 +60,6 @@ private:
         friend bool operator==(const Choice&, const Choice&) = default;
     };
     using SharedTable = std::shared_ptr<const Table<RegisterRow>>;
-    using SharedIDs = std::shared_ptr<const UUIDSet>;
 
     /// The account as it is now; null once it was deleted.
     [[nodiscard]] const Account* account() const;
@@ -74,8 +70,6 @@ private:
     /// Those that filter and search let be seen, in the order of the sort.
     [[nodiscard]] std::vector<const RegisterRow*>
     filteredRows(const SharedArray<RegisterRow>& all) const;
-    /// Those of the selected entries that the table shows.
-    [[nodiscard]] SharedIDs selectionIn(const Table<RegisterRow>& table) const;
     [[nodiscard]] RegisterFooter footer(const Table<RegisterRow>& table,
                                         const UUIDSet& selection) const;
     /// Which rows filter and search let be seen now.
@@ -86,7 +80,7 @@ private:
     void selectAndReveal(UUIDSet ids, const UUID& last);
 
     UUID accountID_;
-    SharedIDs selection_ = std::make_shared<const UUIDSet>();
+    SharedSelection selection_ = std::make_shared<const UUIDSet>();
     RegisterSort sort_;
     RegisterFilter filter_ = RegisterFilter::all;
     std::string searchText_;
