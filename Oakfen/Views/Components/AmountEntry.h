@@ -8,7 +8,8 @@ namespace oakfen {
 /// What a field for a number is about.
 enum class AmountKind {
     money,  ///< what is typed or calculated is rounded to the cent, half away from zero
-    number, ///< shares, prices and rates, which are held as exactly as they are typed
+    number, ///< shares and prices, which are held as exactly as they are typed
+    rate,   ///< a number of percent, held as exactly as it is typed, with or without its sign
 };
 
 /// The state of a field for an amount. It shows two decimals, yet holds the value unrounded until

@@ -135,6 +135,13 @@ std::string withLeadingMinus(const std::string& text) {
     return text;
 }
 
+/// "(-12)", of which nobody can tell whether it is meant as a negative amount or as the negative of
+/// one.
+bool isNegativeTwice(std::string_view text) {
+    return text.starts_with("(-") && text.ends_with(')') &&
+           isOneNumber(text.substr(2, text.size() - 3));
+}
+
 /// The text beside the digits of an amount in the currency of the place.
 std::string localCurrencyName(char decimal) {
     const std::string sample = simplified(currencyText(Decimal(1), localeCurrencyCode()), decimal);
@@ -179,7 +186,9 @@ AmountReading readAmount(std::string_view text, const NumberPunctuation& punctua
     if (entry.empty()) {
         return {.explanation = "Enter an amount, for example " + exampleAmount() + "."};
     }
-    const auto value = calculate(entry, punctuation.decimal, punctuation.grouping);
+    const auto value = isNegativeTwice(entry)
+                           ? std::nullopt
+                           : calculate(entry, punctuation.decimal, punctuation.grouping);
     if (!value) {
         return {.explanation = "“" + std::string(trimmingWhitespacesAndNewlines(text)) +
                                "” isn’t an amount. Enter a number, for example " + exampleAmount() +

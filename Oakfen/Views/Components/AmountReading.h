@@ -35,8 +35,8 @@ struct AmountReading {
 
 /// Reads an amount the way people write them: grouping, a comma or a point before the decimals, a
 /// minus on either side, brackets for a negative, a currency's sign or code around it, the digits
-/// of any script, and simple arithmetic ("12.50+3*2"). The locale's punctuation is tried first,
-/// then the other one.
+/// of any script, and arithmetic as on a pocket calculator ("(12.50+3)*2", "100+13%"). The locale's
+/// punctuation is tried first, then the other one.
 [[nodiscard]] AmountReading
 readAmount(std::string_view text, const NumberPunctuation& punctuation = NumberPunctuation::user());
 

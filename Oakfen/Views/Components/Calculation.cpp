@@ -13,6 +13,10 @@ namespace oakfen {
 
 namespace {
 
+/// Parentheses within parentheses: more than a field for an amount has room for, yet few enough
+/// for the stack, whatever is pasted.
+constexpr int greatestDepth = 200;
+
 /// The digits of a whole number without the separators of its groups; nothing when it isn't
 /// grouped as people do it, by three digits or by two and then three.
 std::optional<std::string> ungrouped(std::string_view whole, char grouping) {
@@ -54,6 +58,12 @@ std::optional<std::string> plainNumber(std::string_view number, char decimal, ch
     return plain;
 }
 
+/// A product, and whether it was one percentage and nothing else.
+struct Term {
+    Decimal value;
+    bool isPercentage = false;
+};
+
 /// Walks through the text once, from left to right.
 class Calculation {
 public:
@@ -62,38 +72,80 @@ public:
 
     /// The result, if the text holds a calculation and nothing else.
     std::optional<Decimal> run() {
-        auto total = product();
-        while (total && (peek() == '+' || peek() == '-')) {
-            const bool adds = take() == '+';
-            const auto next = product();
-            total = next ? std::optional(adds ? *total + *next : *total - *next) : std::nullopt;
-        }
+        const auto total = sum();
         return position_ == text_.size() ? total : std::nullopt;
     }
 
 private:
-    std::optional<Decimal> product() {
+    std::optional<Decimal> sum() {
+        const auto first = product();
+        auto total = first ? std::optional(first->value) : std::nullopt;
+        while (total && (peek() == '+' || peek() == '-')) {
+            const bool adds = take() == '+';
+            const auto next = product();
+            if (!next) {
+                return std::nullopt;
+            }
+            const Decimal change = next->isPercentage ? *total * next->value : next->value;
+            total = adds ? *total + change : *total - change;
+        }
+        return total;
+    }
+
+    std::optional<Term> product() {
         auto result = factor();
         while (result && (peek() == '*' || peek() == '/')) {
             const bool multiplies = take() == '*';
             const auto next = factor();
+            if (!next) {
+                return std::nullopt;
+            }
             result =
-                next ? std::optional(multiplies ? *result * *next : *result / *next) : std::nullopt;
+                Term{multiplies ? result->value * next->value : result->value / next->value, false};
         }
         return result;
     }
 
-    std::optional<Decimal> factor() {
+    std::optional<Term> factor() {
         skipBlanks();
         const bool isSigned = peek() == '-' || peek() == '+';
         const bool isNegative = isSigned && take() == '-';
         skipBlanks();
+        const auto magnitude = peek() == '(' ? sumInParentheses() : number();
+        if (!magnitude) {
+            return std::nullopt;
+        }
+        const Decimal value = isNegative ? -*magnitude : *magnitude;
+        if (peek() != '%') {
+            return Term{value, false};
+        }
+        take();
+        skipBlanks();
+        return Term{value / Decimal(100), true};
+    }
+
+    std::optional<Decimal> sumInParentheses() {
+        if (depth_ == greatestDepth) {
+            return std::nullopt;
+        }
+        take();
+        ++depth_;
+        const auto inner = sum();
+        --depth_;
+        if (!inner || peek() != ')') {
+            return std::nullopt;
+        }
+        take();
+        skipBlanks();
+        return inner;
+    }
+
+    std::optional<Decimal> number() {
         const std::size_t start = position_;
         while (isASCIIDigit(peek()) || peek() == '.' || peek() == ',' || peek() == ' ') {
             take();
         }
-        const auto value = number(trimmingWhitespaces(text_.substr(start, position_ - start)));
-        return value && isNegative ? std::optional(-*value) : value;
+        return number(trimmingWhitespaces(text_.substr(start, position_ - start)));
     }
 
     [[nodiscard]] std::optional<Decimal> number(std::string_view text) const {
@@ -125,6 +177,7 @@ private:
     char decimal_;
     char grouping_;
     std::size_t position_ = 0;
+    int depth_ = 0;
 };
 
 } // namespace

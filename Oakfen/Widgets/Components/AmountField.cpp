@@ -18,7 +18,9 @@ constexpr int greatestWidth = 260;
 } // namespace
 
 AmountField::AmountField(const QString& title, AmountKind kind, QWidget* parent)
-    : EntryField(title, tr("An amount, or a sum such as %1").arg(qt(exampleCalculation())), parent),
+    : EntryField(title,
+                 tr("An amount, or a sum such as %1 or 100+13%").arg(qt(exampleCalculation())),
+                 parent),
       entry_(kind) {
     setAlignment(Qt::AlignRight);
     setMaxLength(greatestLength);

@@ -23,7 +23,7 @@ AccountEditorDialog::AccountEditorDialog(AppEnvironment& environment, std::optio
         return edited.showsCreditLimit();
     });
     form()
-        .amount(tr("Interest Rate (%)"), edited.interestRate, AmountKind::number)
+        .amount(tr("Interest Rate (%)"), edited.interestRate, AmountKind::rate)
         .shownWhen([&edited] { return edited.showsInterestRate(); });
     form().toggle(tr("Alert When Balance Is Low"), edited.hasLowBalanceAlert).shownWhen([&edited] {
         return edited.showsLowBalanceAlert();

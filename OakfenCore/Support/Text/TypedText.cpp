@@ -8,6 +8,7 @@ namespace oakfen {
 namespace {
 
 constexpr UChar32 minusSign = 0x2212;
+constexpr UChar32 arabicPercentSign = 0x066A;
 constexpr UChar32 firstFullWidth = 0xFF01;
 constexpr UChar32 lastFullWidth = 0xFF5E;
 constexpr UChar32 fullWidthOffset = 0xFEE0;
@@ -33,7 +34,15 @@ UChar32 plainCharacter(UChar32 character) {
     case U_FORMAT_CHAR:
         return 0;
     default:
-        return character == minusSign ? '-' : character;
+        break;
+    }
+    switch (character) {
+    case minusSign:
+        return '-';
+    case arabicPercentSign:
+        return '%';
+    default:
+        return character;
     }
 }
 

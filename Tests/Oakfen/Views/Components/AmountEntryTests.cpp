@@ -73,6 +73,24 @@ TEST(AmountEntry, HoldsSharesPricesAndRatesAsTheyAreTyped) {
     EXPECT_EQ(entry.value(), Decimal(200) / Decimal(3));
 }
 
+TEST(AmountEntry, HoldsARateInPercentWithOrWithoutItsSign) {
+    const LocaleForTest locale("en_CA");
+    AmountEntry entry(AmountKind::rate);
+    for (const char* typed : {"5.125", "5.125%", "5.125 %", "4.125% + 1%", "5.125\u066A"}) {
+        entry.edit(typed);
+        EXPECT_EQ(entry.value(), amount("5.125")) << typed;
+    }
+    entry.edit("%");
+    EXPECT_FALSE(entry.explanation().empty());
+}
+
+TEST(AmountEntry, RoundsAPercentageOfMoneyToTheCent) {
+    const LocaleForTest locale("en_CA");
+    AmountEntry entry;
+    entry.edit("19.99+13%");
+    EXPECT_EQ(entry.value(), amount("22.59"));
+}
+
 TEST(AmountEntry, KeepsTheValueWhenTheFieldIsEmptied) {
     AmountEntry entry(amount("40"));
     entry.edit("");

@@ -167,7 +167,6 @@ TEST(AmountReading, RefusesWhatIsNoNumber) {
     EXPECT_EQ(read("CAD"), "?");
     EXPECT_EQ(read("$"), "?");
     EXPECT_EQ(read("."), "?");
-    EXPECT_EQ(read("15%"), "?");
     EXPECT_EQ(read("0x10"), "?");
     EXPECT_EQ(read("()"), "?");
 }
@@ -187,12 +186,30 @@ TEST(AmountReading, Calculates) {
     EXPECT_EQ(read("10/4"), "2.5");
     EXPECT_EQ(read("1,200.00+1,200.00"), "2400");
     EXPECT_EQ(read("6 \u00D7 7"), "42");
+    EXPECT_EQ(read("(100-20)*1.13"), "90.4");
+    EXPECT_EQ(read("(100,00-20)*1,13", german), "90.4");
+    EXPECT_EQ(read("$100+13%"), "113");
+    EXPECT_EQ(read("(100-20)"), "80");
+    EXPECT_EQ(read("(100)*2"), "200");
+}
+
+TEST(AmountReading, TakesBracketsAroundOneNumberForANegativeAsStatementsDo) {
+    EXPECT_EQ(read("(100)"), "-100");
+    EXPECT_EQ(read("((100))"), "100");
+}
+
+TEST(AmountReading, TakesThePercentSignOfEveryScript) {
+    EXPECT_EQ(read("\u0661\u0660\u0660+\u0661\u0663\u066A"), "113");
+    EXPECT_EQ(read("100+13\uFF05"), "113");
+    EXPECT_EQ(read("13\u00A0%"), "0.13");
 }
 
 TEST(AmountReading, RefusesAnUnfinishedCalculation) {
     EXPECT_EQ(read("12+"), "?");
     EXPECT_EQ(read("*3"), "?");
     EXPECT_EQ(read("1+2-"), "?");
+    EXPECT_EQ(read("(100-20"), "?");
+    EXPECT_EQ(read("100-20)"), "?");
     EXPECT_EQ(read("-"), "?");
 }
 

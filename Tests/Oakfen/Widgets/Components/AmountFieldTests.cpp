@@ -116,7 +116,7 @@ TEST(AmountFieldWidget, MarksATextThatIsNoAmountAndNoOther) {
     EXPECT_EQ(form.field->accessibleDescription(), form.field->explanation());
     form.type("3");
     EXPECT_FALSE(form.field->property("invalid").toBool());
-    EXPECT_EQ(form.field->toolTip(), qs("An amount, or a sum such as 12.50+3*2"));
+    EXPECT_EQ(form.field->toolTip(), qs("An amount, or a sum such as 12.50+3*2 or 100+13%"));
 }
 
 TEST(AmountFieldWidget, StaysAsItIsTypedBeneathAMenuOrAnotherWindow) {
