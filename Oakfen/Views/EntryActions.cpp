@@ -4,6 +4,7 @@
 
 #include "Oakfen/Views/Components/Components.h"
 #include "OakfenCore/LibraryOperations/Transactions.h"
+#include "OakfenCore/Support/Text/Formatting.h"
 
 namespace oakfen {
 
@@ -123,8 +124,7 @@ void EntryActions::requestDelete(const UUIDSet& ids) {
 
 ConfirmationRequest EntryActions::deleteConfirmation() const {
     const std::size_t count = pendingDelete_.size();
-    return {.title =
-                "Delete " + std::to_string(count) + " transaction" + (count == 1 ? "" : "s") + "?",
+    return {.title = "Delete " + countText(count) + " transaction" + (count == 1 ? "" : "s") + "?",
             .message = "Transfers are removed from both accounts. You can undo this.",
             .confirmTitle = "Delete",
             .isDestructive = true};

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "Oakfen/FileActions.h"
+#include "OakfenCore/Support/Text/Formatting.h"
 
 namespace oakfen {
 
@@ -151,7 +152,7 @@ RegisterFooter RegisterView::footer(const Table<RegisterRow>& table,
         const Decimal total = sum(table.rows(), [&](const RegisterRow* row) {
             return selection.contains(row->id) ? row->amount : Decimal();
         });
-        footer.selection = {std::to_string(selection.size()) + " selected", total};
+        footer.selection = {countText(selection.size()) + " selected", total};
     }
     return footer;
 }

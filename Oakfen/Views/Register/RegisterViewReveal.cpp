@@ -4,6 +4,7 @@
 #include <iterator>
 #include <utility>
 
+#include "OakfenCore/Support/Text/Formatting.h"
 #include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen {
@@ -52,7 +53,7 @@ std::optional<std::string> RegisterView::hiddenNotice() const {
                            : isSearched                   ? "search and filter"
                                                           : "filter";
     return (count == 1 ? "The saved transaction is"
-                       : std::to_string(count) + " saved transactions are") +
+                       : countText(count) + " saved transactions are") +
            " hidden by the " + by + ".";
 }
 
