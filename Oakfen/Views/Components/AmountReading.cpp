@@ -202,6 +202,22 @@ AmountReading readAmount(std::string_view text, const NumberPunctuation& punctua
     return {.value = value};
 }
 
+std::optional<std::string> amountDigits(std::string_view text,
+                                        const NumberPunctuation& punctuation) {
+    std::string number;
+    for (const char character : withoutSigns(simplified(text, punctuation.decimal))) {
+        if (character == punctuation.grouping) {
+            continue;
+        }
+        const bool isPoint = character == punctuation.decimal;
+        if (!isPlainDigit(character) && (!isPoint || number.find('.') != std::string::npos)) {
+            return std::nullopt;
+        }
+        number += isPoint ? '.' : character;
+    }
+    return std::ranges::any_of(number, isPlainDigit) ? std::optional(number) : std::nullopt;
+}
+
 std::string exampleCalculation() {
     return numberText(Decimal::cents(1250), 2) + "+3*2";
 }

@@ -40,6 +40,12 @@ struct AmountReading {
 [[nodiscard]] AmountReading
 readAmount(std::string_view text, const NumberPunctuation& punctuation = NumberPunctuation::user());
 
+/// The digits of a number, or of a part of one, with a point before the decimals and nothing
+/// between the groups; nothing for any other text, such as one with a sign. Currencies' signs don't
+/// count.
+[[nodiscard]] std::optional<std::string> amountDigits(std::string_view text,
+                                                      const NumberPunctuation& punctuation);
+
 /// A calculation as an example of what can be typed, in the user's punctuation.
 [[nodiscard]] std::string exampleCalculation();
 

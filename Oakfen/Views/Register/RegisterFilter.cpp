@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Oakfen/Views/Components/AmountReading.h"
 #include "OakfenCore/Exporters/Exporter.h"
 #include "OakfenCore/Models/Money.h"
 
@@ -70,20 +71,57 @@ bool RegisterFilterTest::keeps(const RegisterRow& row) const {
     return true;
 }
 
+namespace {
+
+/// The digits and the point of an amount as a register shows it, with two decimals.
+std::string shownDigits(const Decimal& magnitude, std::string plain) {
+    constexpr std::size_t decimals = 2;
+    std::size_t point = plain.find('.');
+    if (point != std::string::npos && plain.size() - point - 1 > decimals) {
+        plain = Exporter::plain(magnitude.rounded(decimals, RoundingMode::plain));
+        point = plain.find('.');
+    }
+    if (point == std::string::npos) {
+        point = plain.size();
+        plain += '.';
+    }
+    plain.append(point + 1 + decimals - plain.size(), '0');
+    return plain;
+}
+
+} // namespace
+
 RegisterSearch::RegisterSearch(std::string_view searchText)
     : term_(trimmingWhitespaces(searchText)), anyCaseTerm_(term_) {
     // Only digits and a point stand in a plain amount, so most terms need not look there.
     mayBeAmount_ = std::ranges::all_of(term_, [](char character) {
         return (character >= '0' && character <= '9') || character == '.';
     });
+    if (isActive()) {
+        const NumberPunctuation punctuation = NumberPunctuation::user();
+        digits_ = amountDigits(term_, punctuation);
+        value_ = digits_ ? readAmount(term_, punctuation).value : std::nullopt;
+    }
 }
 
 bool RegisterSearch::finds(const RegisterRow& row) {
     return isInShared(row.payee) || isInShared(row.categoryName) || anyCaseTerm_.isIn(row.memo) ||
            row.checkNumber.find(term_) != std::string::npos ||
            std::ranges::any_of(row.tags, [this](const auto& tag) { return isInShared(tag); }) ||
-           (mayBeAmount_ &&
-            Exporter::plain(row.amount.magnitude()).find(term_) != std::string::npos);
+           isInAmount(row.amount);
+}
+
+bool RegisterSearch::isInAmount(const Decimal& amount) const {
+    if (!mayBeAmount_ && !digits_) {
+        return false;
+    }
+    const Decimal magnitude = amount.magnitude();
+    const std::string plain = Exporter::plain(magnitude);
+    if (mayBeAmount_ && plain.find(term_) != std::string::npos) {
+        return true;
+    }
+    return digits_ && (magnitude == value_ ||
+                       shownDigits(magnitude, plain).find(*digits_) != std::string::npos);
 }
 
 bool RegisterSearch::isInShared(std::string_view text) {

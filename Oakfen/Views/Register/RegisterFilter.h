@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -37,8 +38,10 @@ private:
 };
 
 /// Answers for many rows whether they hold a term: in the payee, category, memo or a tag without
-/// regard to case, in the check number or the plain amount to the letter. The rows must outlive it,
-/// since it remembers the payees, categories and tags that it looked into.
+/// regard to case, in the check number or the plain amount to the letter. A number as the user's
+/// locale writes it also finds the equal amount, and those that show its digits; the sign of an
+/// amount doesn't count, and a term with a minus finds none. The rows must outlive it, since it
+/// remembers the payees, categories and tags that it looked into.
 class RegisterSearch {
 public:
     /// Blanks around the text don't count.
@@ -51,10 +54,14 @@ public:
 private:
     /// The answer for a text that many rows share.
     bool isInShared(std::string_view text);
+    [[nodiscard]] bool isInAmount(const Decimal& amount) const;
 
     std::string term_;
     CaseInsensitiveTerm anyCaseTerm_;
     bool mayBeAmount_ = false;
+    /// What a term that is written as a number is made of, and its value.
+    std::optional<std::string> digits_;
+    std::optional<Decimal> value_;
     std::unordered_map<std::string_view, bool> answers_;
 };
 

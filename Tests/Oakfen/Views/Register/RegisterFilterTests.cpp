@@ -2,12 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include "Tests/Support/LocaleForTest.h"
 #include "Tests/Support/TestLedger.h"
 
 namespace oakfen {
 
 using testing::amount;
 using testing::day;
+using testing::LocaleForTest;
 
 namespace {
 
@@ -102,9 +104,44 @@ TEST(RegisterSearch, LooksForCheckNumbersToTheLetter) {
 TEST(RegisterSearch, LooksForThePlainAmountWithoutItsSign) {
     EXPECT_TRUE(finds("12.5", {.amount = amount("-12.50")}));
     EXPECT_TRUE(finds("1234", {.amount = amount("1234.56")}));
-    EXPECT_FALSE(finds("12.50", {.amount = amount("12.50")}));
-    EXPECT_FALSE(finds("-12.5", {.amount = amount("-12.50")}));
-    EXPECT_FALSE(finds("1,234", {.amount = amount("1234.56")}));
+    EXPECT_TRUE(finds(".5", {.amount = amount("1234.56")}));
+    EXPECT_FALSE(finds("12.51", {.amount = amount("12.50")}));
+}
+
+TEST(RegisterSearch, FindsNoAmountByATermWithASign) {
+    for (const char* term :
+         {"-12.5", "-12.50", "\u221212.50", "12.50-", "(12.50)", "+12.50", "10+2.5", "12.5%"}) {
+        EXPECT_FALSE(finds(term, {.amount = amount("-12.50")})) << term;
+        EXPECT_FALSE(finds(term, {.amount = amount("12.50")})) << term;
+    }
+}
+
+TEST(RegisterSearch, FindsAnAmountAsItIsShown) {
+    const LocaleForTest locale("en_CA");
+    const RegisterRow row{.amount = amount("-1471.2")};
+    for (const char* term : {"1,471.20", "1,471.2", "1,471", "471.20", "1471.20", "$1,471.20",
+                             ".20", "1,47", "1471.200"}) {
+        EXPECT_TRUE(finds(term, row)) << term;
+    }
+    for (const char* term : {"1,472", "14712", "$", ",", "1.471", "a1471", "1,471.21"}) {
+        EXPECT_FALSE(finds(term, row)) << term;
+    }
+    EXPECT_TRUE(finds("50.00", {.amount = amount("50")}));
+    EXPECT_TRUE(finds("0.13", {.amount = amount("0.125")}));
+}
+
+TEST(RegisterSearch, FindsAnAmountAsTheUsersLocaleWritesIt) {
+    const LocaleForTest locale("de_DE");
+    const RegisterRow row{.amount = amount("-1128.53")};
+    for (const char* term : {"1.128,53", "128,53", "1.128", "1128,53", "128.53", "8,5"}) {
+        EXPECT_TRUE(finds(term, row)) << term;
+    }
+    EXPECT_FALSE(finds("128,54", row));
+}
+
+TEST(RegisterSearch, FindsAnAmountByTheDigitsOfEveryScript) {
+    const LocaleForTest locale("en_CA");
+    EXPECT_TRUE(finds("\u0661\u0662", {.amount = amount("12")}));
 }
 
 TEST(RegisterSearch, IgnoresBlanksAroundTheTerm) {
