@@ -99,6 +99,8 @@ struct Notice {
     std::function<void()> action = {};
     /// Stays until it is dismissed: it speaks of something that is still so.
     bool stays = false;
+    /// Goes with the next change of the document: its action would then mean another.
+    bool isOfLastChange = false;
 };
 
 /// The navigation state: all that screens and commands tell each other. A write of an equal value

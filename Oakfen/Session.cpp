@@ -36,6 +36,11 @@ Session::Session(const SessionServices& services, std::unique_ptr<LibraryStore> 
       otherVersion_(environment_) {
     store_->setUndoManager(undoManager_);
     dayChanged_ = dayChange_.dayChanged.observe([this] { store_->refreshIndex(); });
+    documentChanged_ = store_->libraryChanged.observe([this] {
+        if (appState_.notice() && appState_.notice()->isOfLastChange) {
+            appState_.dismissNotice();
+        }
+    });
     missingFileWritten_ = store_->missingFileWritten.observe([this] {
         appState_.showNotice({.text = quoted(fileCalls::nameOf(*store_->filePath())) +
                                       " had gone and was written again."});

@@ -57,6 +57,7 @@ private:
     AppEnvironment environment_;
     OtherVersionFlow otherVersion_;
     Subscription dayChanged_;
+    Subscription documentChanged_;
     Subscription missingFileWritten_;
     std::vector<Subscription> freeing_;
     ScheduledWork look_;

@@ -4,6 +4,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "Oakfen/Cover.h"
 #include "OakfenCore/Importers/CategoryChooser.h"
 #include "OakfenCore/Importers/DuplicateFinder.h"
 #include "OakfenCore/Importers/Merging.h"
@@ -48,6 +49,25 @@ std::string unknownCategoriesNote(const std::vector<ImportReviewRow>& rows) {
     return note +
            (names.size() == 1 ? " isn’t one of your categories" : " aren’t among your categories") +
            ": these lines are filed as their payee was last, or stay uncategorized";
+}
+
+void tellOfImport(AppEnvironment& environment, std::size_t added) {
+    if (added == 0) {
+        environment.appState.showNotice(
+            {.text = "Nothing was imported: all of it is in the account already"});
+        return;
+    }
+    environment.appState.showNotice(
+        {.text = countText(added) + (added == 1 ? " transaction" : " transactions") + " imported",
+         .actionTitle = "Undo",
+         .action =
+             [&environment] {
+                 // Not for whoever finds the window locked.
+                 if (!isObscured(environment)) {
+                     environment.undoManager.undo();
+                 }
+             },
+         .isOfLastChange = true});
 }
 
 } // namespace
@@ -105,10 +125,16 @@ void ImportReviewView::importLines() {
     std::ranges::copy_if(items(), std::back_inserter(chosen),
                          [this](const auto& item) { return included_.contains(item.id); });
     stopFollowingLibrary();
+    const auto before = environment_.store.sharedIndex();
+    std::size_t added = 0;
     environment_.store.mutate("Import Transactions", [&](Library& library) {
-        importTransactions(library, chosen, *accountID_, environment_.clock.now(),
-                           environment_.clock.calendar());
+        added = importTransactions(library, chosen, *accountID_, environment_.clock.now(),
+                                   environment_.clock.calendar());
     });
+    // A refused change has an alert of its own.
+    if (added == 0 || environment_.store.sharedIndex() != before) {
+        tellOfImport(environment_, added);
+    }
 }
 
 ImportReviewContent ImportReviewView::derive(const ImportReviewContent* earlier) const {

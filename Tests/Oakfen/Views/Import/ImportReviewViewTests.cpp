@@ -168,6 +168,43 @@ TEST_F(ImportReview, AddsTheTickedLinesInOneStepAndSkipsATickedDuplicate) {
     EXPECT_EQ(test_.library().transactions.size(), 1U);
 }
 
+TEST_F(ImportReview, TellsHowManyLinesCameInAndTakesThemBack) {
+    const Library before = test_.library();
+    review(everyday_.id).importLines();
+    ASSERT_TRUE(test_.appState->notice());
+    EXPECT_EQ(test_.appState->notice()->text, "2 transactions imported");
+    EXPECT_EQ(test_.appState->notice()->actionTitle, "Undo");
+    const auto undo = test_.appState->notice()->action;
+    undo();
+    EXPECT_EQ(test_.library(), before);
+    EXPECT_FALSE(test_.appState->notice());
+}
+
+TEST_F(ImportReview, TellsOfOneLineInTheSingular) {
+    ImportReviewView view = review(everyday_.id);
+    view.setIncluded({view.items()[2].id}, false);
+    view.importLines();
+    EXPECT_EQ(test_.appState->notice()->text, "1 transaction imported");
+}
+
+TEST_F(ImportReview, OffersNoUndoOnceAnotherStepIsMade) {
+    review(everyday_.id).importLines();
+    ASSERT_TRUE(test_.appState->notice());
+    test_.store->mutate("Add", [this](Library& library) {
+        upsert(library, makeTransaction(everyday_.id, day(2026, 3, 7), "Later", "-1"));
+    });
+    EXPECT_FALSE(test_.appState->notice());
+}
+
+TEST_F(ImportReview, TakesNothingBackForWhoeverFindsTheWindowLocked) {
+    review(everyday_.id).importLines();
+    const Library after = test_.library();
+    test_.defaults.set(settings::requireAuthentication, true);
+    test_.appState->setUnlocked(false);
+    test_.appState->notice()->action();
+    EXPECT_EQ(test_.library(), after);
+}
+
 TEST_F(ImportReview, LeavesNothingBehindWhenItIsTakenBack) {
     const Library before = test_.library();
     review(everyday_.id).importLines();
@@ -186,6 +223,9 @@ TEST_F(ImportReview, MarksEveryLineOfAFileThatComesAgainAndAddsNone) {
     EXPECT_EQ(again.content()->summary, "3 transactions found · 3 already in this account");
     again.importLines();
     EXPECT_EQ(test_.library().transactions.size(), 3U);
+    EXPECT_EQ(test_.appState->notice()->text,
+              "Nothing was imported: all of it is in the account already");
+    EXPECT_EQ(test_.appState->notice()->actionTitle, "");
     EXPECT_FALSE(test_.undoManager->canUndo());
 }
 
