@@ -122,6 +122,21 @@ std::optional<CivilTime> readDay(std::string_view text, DateOrder order, const C
     }
 }
 
+std::optional<int> readDayStep(std::string_view text) {
+    const std::string plain = plainTyping(text);
+    std::string_view step = trimmingWhitespaces(plain);
+    if (!step.starts_with('+') && !step.starts_with('-')) {
+        return std::nullopt;
+    }
+    const bool isBack = step.front() == '-';
+    step = trimmingWhitespaces(step.substr(1));
+    if (step.empty() || !std::ranges::all_of(step, isPlainDigit)) {
+        return std::nullopt;
+    }
+    const auto days = number(step);
+    return days && isBack ? std::optional(-*days) : days;
+}
+
 void DateEntry::setValue(Date value) {
     record_ = value;
     value_ = value;
@@ -144,8 +159,23 @@ std::string DateEntry::valueText() const {
     return numericDateText(value_, calendar_);
 }
 
+std::optional<CivilTime> DateEntry::meantDay(std::string_view text) const {
+    const std::string plain = lowercased(plainTyping(text));
+    const std::string_view word = trimmingWhitespaces(plain);
+    if (word == "t" || word == "today") {
+        return calendar_.civil(clock_->now());
+    }
+    if (word == "y" || word == "yesterday") {
+        return calendar_.civil(calendar_.addingDays(clock_->now(), -1));
+    }
+    if (const auto step = readDayStep(plain)) {
+        return calendar_.civil(calendar_.addingDays(shownValue_, *step));
+    }
+    return readDay(plain, userDateOrder(), calendar_.civil(shownValue_));
+}
+
 std::string DateEntry::take(std::string_view text) {
-    const auto day = readDay(text, userDateOrder(), calendar_.civil(shownValue_));
+    const auto day = meantDay(text);
     const auto date = day ? std::optional(onDay(*day)) : std::nullopt;
     if (date && isPossible(*date)) {
         value_ = *date;

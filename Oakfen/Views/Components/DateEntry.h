@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "Oakfen/Views/Components/TypedEntry.h"
+#include "OakfenCore/Platform/Clock.h"
 #include "OakfenCore/Support/Time/Calendar.h"
 
 namespace oakfen {
@@ -20,11 +21,16 @@ enum class DateOrder { yearMonthDay, dayMonthYear, monthDayYear };
 [[nodiscard]] std::optional<CivilTime> readDay(std::string_view text, DateOrder order,
                                                const CivilTime& shown);
 
+/// How many days before (negative) or after the shown one a typed text means: a sign and a number.
+[[nodiscard]] std::optional<int> readDayStep(std::string_view text);
+
 /// The state of a field for a day. Keeps the time of day that the record had, and the whole
-/// instant as long as, or as soon as, the day is the record's.
+/// instant as long as, or as soon as, the day is the record's. Besides days it takes words ("t",
+/// "today", "y", "yesterday") and steps from the day that it showed ("+7", "-3").
 class DateEntry final : public TypedEntry {
 public:
-    explicit DateEntry(const Calendar& calendar) : calendar_(calendar) { show(); }
+    /// Asks the clock, which must outlive the entry, what day is today.
+    explicit DateEntry(const Clock& clock) : clock_(&clock), calendar_(clock.calendar()) { show(); }
 
     /// With the record’s time of day.
     [[nodiscard]] Date value() const { return value_; }
@@ -45,11 +51,14 @@ private:
     void restoreValue() override { value_ = shownValue_; }
     [[nodiscard]] std::string take(std::string_view text) override;
 
+    /// The day that the text means in some way; nothing if it means none.
+    [[nodiscard]] std::optional<CivilTime> meantDay(std::string_view text) const;
     /// The record's time of day on another day.
     [[nodiscard]] Date onDay(const CivilTime& day) const;
     /// Holds and shows the value, unless it lies past the times that a date can have.
     void moveTo(Date value);
 
+    const Clock* clock_;
     Calendar calendar_;
     Date value_;
     Date shownValue_;

@@ -20,11 +20,19 @@ namespace {
 /// Room for any date; keeps a wrong paste from being a novel.
 constexpr int greatestLength = 64;
 
+bool isModifier(int key) {
+    return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt ||
+           key == Qt::Key_AltGr || key == Qt::Key_Meta;
+}
+
 } // namespace
 
-DateField::DateField(const QString& title, const Calendar& calendar, QWidget* parent)
-    : EntryField(title, tr("Up and down change the day; Alt+Down opens a calendar"), parent),
-      entry_(calendar) {
+DateField::DateField(const QString& title, const Clock& clock, QWidget* parent)
+    : EntryField(title,
+                 tr("Up and down change the day; t is today, y yesterday, +7 a week later; "
+                    "Alt+Down opens a calendar"),
+                 parent),
+      entry_(clock) {
     QAction* open = addAction(symbolIcon("calendar.badge.clock", ThemeColor::secondaryText),
                               QLineEdit::TrailingPosition);
     open->setText(tr("Choose in a Calendar"));
@@ -40,17 +48,45 @@ void DateField::setValue(oakfen::Date value) {
 }
 
 void DateField::keyPressEvent(QKeyEvent* event) {
+    if (isModifier(event->key())) {
+        EntryField::keyPressEvent(event);
+        return;
+    }
+    const auto sign = std::exchange(lastSign_, std::nullopt);
     const bool opens = event->key() == Qt::Key_F4 ||
                        (event->key() == Qt::Key_Down && event->modifiers() == Qt::AltModifier);
+    const bool isFresh = selectedText() == text();
+    const QString typed = event->text();
     if (opens) {
         openCalendar();
+    } else if (sign && sign->count == 1 && isFresh && typed.size() == 1 && typed[0].isDigit()) {
+        beginStep(*sign, typed);
+    } else if (isFresh && (typed == QLatin1String("+") || typed == QLatin1String("-"))) {
+        // Within a date that is being typed they stand between its parts.
+        moveBySign(typed, sign ? sign->count + 1 : 1);
     } else if (!moveByKey(*event)) {
         EntryField::keyPressEvent(event);
     }
 }
 
+void DateField::focusOutEvent(QFocusEvent* event) {
+    lastSign_.reset();
+    EntryField::focusOutEvent(event);
+}
+
+void DateField::moveBySign(const QString& text, int count) {
+    const CivilTime from = entry_.day();
+    entry_.moveDays(text == QLatin1String("+") ? 1 : -1);
+    showMove();
+    lastSign_ = Sign{.text = text, .count = count, .from = from};
+}
+
+void DateField::beginStep(const Sign& sign, const QString& digit) {
+    entry_.setDay(sign.from.year, sign.from.month, sign.from.day);
+    setText(sign.text + digit);
+}
+
 bool DateField::moveByKey(const QKeyEvent& event) {
-    const bool isFresh = selectedText() == text();
     switch (event.key()) {
     case Qt::Key_Up:
         entry_.moveDays(1);
@@ -63,14 +99,6 @@ bool DateField::moveByKey(const QKeyEvent& event) {
         break;
     case Qt::Key_PageDown:
         entry_.moveMonths(-1);
-        break;
-    case Qt::Key_Plus:
-    case Qt::Key_Minus:
-        // Within a date that is being typed they stand between its parts.
-        if (!isFresh) {
-            return false;
-        }
-        entry_.moveDays(event.key() == Qt::Key_Plus ? 1 : -1);
         break;
     default:
         return false;

@@ -29,7 +29,7 @@ void showObstacle(QPushButton& button, const std::optional<std::string>& obstacl
 
 EditorSheet::EditorSheet(AppEnvironment& environment, Editor& editor, QWidget* parent)
     : SheetScaffold(environment.panels, qt(editor.title()), qt(editor.primaryTitle()), parent),
-      environment_(environment), editor_(editor), form_(new Form(environment.clock.calendar())),
+      environment_(environment), editor_(editor), form_(new Form(environment.clock)),
       work_(new QLabel) {
     content()->addWidget(form_);
     form_->changed = [this] { refresh(); };

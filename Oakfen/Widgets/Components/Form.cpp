@@ -37,8 +37,8 @@ void showText(QLineEdit& field, const std::string& text) {
 
 } // namespace
 
-Form::Form(Calendar calendar, QWidget* parent)
-    : QWidget(parent), calendar_(std::move(calendar)), layout_(new QFormLayout(this)) {
+Form::Form(const Clock& clock, QWidget* parent)
+    : QWidget(parent), clock_(clock), layout_(new QFormLayout(this)) {
     layout_->setContentsMargins(0, 0, 0, 0);
     layout_->setHorizontalSpacing(2 * Theme::grid);
     layout_->setVerticalSpacing(Theme::grid);
@@ -116,7 +116,7 @@ FieldRow& Form::amount(const QString& label, const Bound<Decimal>& value, Amount
 }
 
 FieldRow& Form::day(const QString& label, const Bound<oakfen::Date>& value) {
-    auto* field = new DateField(label, calendar_);
+    auto* field = new DateField(label, clock_);
     FieldRow& row = addField(label, field);
     field->edited = tie<oakfen::Date>(
         row, value, [field] { return field->value(); },

@@ -11,7 +11,7 @@
 #include "Oakfen/Views/Components/AmountEntry.h"
 #include "Oakfen/Views/Components/Choices.h"
 #include "Oakfen/Widgets/Components/Bound.h"
-#include "OakfenCore/Support/Time/Calendar.h"
+#include "OakfenCore/Platform/Clock.h"
 
 class QFormLayout;
 class QLabel;
@@ -74,7 +74,8 @@ private:
 /// that is only half typed.
 class Form final : public QWidget {
 public:
-    explicit Form(Calendar calendar, QWidget* parent = nullptr);
+    /// The clock, which must outlive the form, says what day is today.
+    explicit Form(const Clock& clock, QWidget* parent = nullptr);
 
     FieldRow& text(const QString& label, const Bound<std::string>& value);
     /// A text of several lines.
@@ -148,7 +149,7 @@ private:
                                             std::function<Value()> take,
                                             std::function<void(const Value&)> put);
 
-    Calendar calendar_;
+    const Clock& clock_;
     QFormLayout* layout_;
     std::deque<FieldRow> rows_;
 };

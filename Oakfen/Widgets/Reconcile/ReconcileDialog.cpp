@@ -36,7 +36,7 @@ ReconcileDialog::ReconcileDialog(AppEnvironment& environment, const Account& acc
                     parent),
       environment_(environment), view_(environment, account.id),
       model_(new TableModel(view_.content()->table, this)),
-      statementDate_(new DateField(tr("Statement Date"), environment.clock.calendar())),
+      statementDate_(new DateField(tr("Statement Date"), environment.clock)),
       endingBalance_(new AmountField(tr("Ending Balance"))), table_(new LedgerTable),
       hint_(new HintRow), markAll_(new QPushButton(tr("Mark All"))),
       unmarkAll_(new QPushButton(tr("Unmark All"))),

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "OakfenCore/Testing/FixedClock.h"
 #include "Tests/Support/LocaleForTest.h"
 #include "Tests/Support/TestLedger.h"
 
@@ -21,10 +22,26 @@ std::string read(std::string_view text, DateOrder order = DateOrder::yearMonthDa
                : "?";
 }
 
-DateEntry entryOn(Date value, const Calendar& calendar = Calendar::utc()) {
-    DateEntry entry(calendar);
+const Calendar toronto = *Calendar::inZone("America/Toronto");
+const Calendar kiritimati = *Calendar::inZone("Pacific/Kiritimati");
+
+// Late on March 20th in the one zone is the 21st in the other two.
+const Date now = day(2026, 3, 21, 1);
+const FixedClock utcClock(now);
+const FixedClock torontoClock(now, toronto);
+const FixedClock kiritimatiClock(now, kiritimati);
+
+DateEntry entryOn(Date value, const Clock& clock = utcClock) {
+    DateEntry entry(clock);
     entry.setValue(value);
     return entry;
+}
+
+/// The day that an entry shows once the text was typed and the field left.
+std::string shownAfter(std::string_view text, DateEntry entry = entryOn(day(2026, 3, 15, 9))) {
+    entry.edit(std::string(text));
+    entry.finishEditing();
+    return entry.text();
 }
 
 } // namespace
@@ -132,8 +149,8 @@ INSTANTIATE_TEST_SUITE_P(Locales, DateInALocale,
 TEST(DateEntry, ShowsTheDayInTheZoneOfTheCalendar) {
     const LocaleForTest locale("en_CA");
     const Date noon = day(2026, 3, 15, 12);
-    EXPECT_EQ(entryOn(noon, *Calendar::inZone("America/Toronto")).text(), "03/15/2026");
-    EXPECT_EQ(entryOn(noon, *Calendar::inZone("Pacific/Kiritimati")).text(), "03/16/2026");
+    EXPECT_EQ(entryOn(noon, torontoClock).text(), "03/15/2026");
+    EXPECT_EQ(entryOn(noon, kiritimatiClock).text(), "03/16/2026");
 }
 
 TEST(DateEntry, KeepsTheTimeOfDayOnAnotherDay) {
@@ -158,14 +175,62 @@ TEST(DateEntry, HoldsTheVeryInstantAgainOnceTheDayIsTheRecords) {
 }
 
 TEST(DateEntry, KeepsTheTimeOfDayAcrossADayThatLacksIt) {
-    const Calendar toronto = *Calendar::inZone("America/Toronto");
     const auto halfPastTwo = [&](int dayOfMonth) {
         return toronto.date({.year = 2026, .month = 3, .day = dayOfMonth, .hour = 2, .minute = 30});
     };
-    DateEntry entry = entryOn(halfPastTwo(7), toronto);
+    DateEntry entry = entryOn(halfPastTwo(7), torontoClock);
     entry.moveDays(1);
     entry.moveDays(1);
     EXPECT_EQ(entry.value(), halfPastTwo(9));
+}
+
+TEST(DateEntry, TakesWordsForTodayAndYesterday) {
+    const LocaleForTest locale("en_CA");
+    for (const char* word : {"t", "T", "today", " Today "}) {
+        EXPECT_EQ(shownAfter(word), "03/21/2026") << word;
+    }
+    for (const char* word : {"y", "Yesterday", "YESTERDAY"}) {
+        EXPECT_EQ(shownAfter(word), "03/20/2026") << word;
+    }
+    EXPECT_EQ(shownAfter("t", entryOn(day(2026, 3, 15), torontoClock)), "03/20/2026");
+    EXPECT_EQ(shownAfter("y", entryOn(day(2026, 3, 15), torontoClock)), "03/19/2026");
+}
+
+TEST(DateEntry, TakesANumberOfDaysFromTheShownOne) {
+    const LocaleForTest locale("en_CA");
+    EXPECT_EQ(shownAfter("+7"), "03/22/2026");
+    EXPECT_EQ(shownAfter("-15"), "02/28/2026");
+    EXPECT_EQ(shownAfter(" \u2212 3 "), "03/12/2026");
+    EXPECT_EQ(shownAfter("+0"), "03/15/2026");
+    EXPECT_EQ(shownAfter("+\u0667"), "03/22/2026");
+    EXPECT_EQ(shownAfter("+9999"), "07/30/2053");
+}
+
+TEST(DateEntry, CountsDaysFromWhatItShowedBeforeTheTyping) {
+    DateEntry entry = entryOn(day(2026, 3, 15, 9));
+    entry.edit("+7");
+    entry.edit("+70");
+    EXPECT_EQ(entry.value(), day(2026, 5, 24, 9));
+    entry.edit("t");
+    EXPECT_EQ(entry.value(), day(2026, 3, 21, 9));
+}
+
+TEST(DateEntry, RefusesWordsThatMeanNoDay) {
+    for (const char* text :
+         {"tt", "tomorrow", "to", "t1", "+", "-", "+3x", "+99999", "+1.5.1.1", "+3w"}) {
+        DateEntry entry = entryOn(day(2026, 3, 15, 9));
+        entry.edit(text);
+        EXPECT_FALSE(entry.explanation().empty()) << text;
+        EXPECT_EQ(entry.value(), day(2026, 3, 15, 9)) << text;
+    }
+}
+
+TEST(DateEntry, KnowsThatTheDayChangedWhileItStoodOpen) {
+    FixedClock clock(day(2026, 3, 20, 23));
+    DateEntry entry = entryOn(day(2026, 3, 15), clock);
+    clock.set(day(2026, 3, 21, 1));
+    entry.edit("t");
+    EXPECT_EQ(entry.value(), day(2026, 3, 21));
 }
 
 TEST(DateEntry, MovesByMonthsToTheLastDayOfAShorterOne) {

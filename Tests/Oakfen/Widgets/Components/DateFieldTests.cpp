@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "Oakfen/Widgets/Theme/Bridge.h"
+#include "OakfenCore/Testing/FixedClock.h"
 #include "Tests/Support/LocaleForTest.h"
 #include "Tests/Support/TestLedger.h"
 
@@ -38,7 +39,8 @@ protected:
     void type(const char* text) { QTest::keyClicks(field, QString::fromUtf8(text)); }
 
     QWidget window;
-    DateField* field = new DateField(QStringLiteral("Date"), Calendar::utc());
+    FixedClock clock{day(2026, 3, 20, 17)};
+    DateField* field = new DateField(QStringLiteral("Date"), clock);
     QLineEdit* other = new QLineEdit;
 };
 
@@ -89,6 +91,52 @@ TEST_F(DateFieldWidget, MovesByPlusAndMinusBeforeAnythingIsTyped) {
     type("2026-01-02");
     EXPECT_EQ(field->text(), QStringLiteral("2026-01-02"));
     EXPECT_EQ(field->value(), day(2026, 1, 2, 9));
+}
+
+TEST_F(DateFieldWidget, TakesWordsForDaysAndShowsTheDayAfterwards) {
+    type("t");
+    EXPECT_EQ(field->value(), day(2026, 3, 20, 9));
+    EXPECT_EQ(field->text(), QStringLiteral("t"));
+    other->setFocus();
+    EXPECT_EQ(field->text(), QStringLiteral("03/20/2026"));
+    field->setFocus(Qt::TabFocusReason);
+    type("yesterday");
+    other->setFocus();
+    EXPECT_EQ(field->text(), QStringLiteral("03/19/2026"));
+}
+
+TEST_F(DateFieldWidget, TakesANumberOfDaysAfterOneSign) {
+    type("+7");
+    EXPECT_EQ(field->text(), QStringLiteral("+7"));
+    EXPECT_EQ(field->value(), day(2026, 3, 22, 9));
+    type("0");
+    EXPECT_EQ(field->value(), day(2026, 5, 24, 9));
+    other->setFocus();
+    EXPECT_EQ(field->text(), QStringLiteral("05/24/2026"));
+    field->setFocus(Qt::TabFocusReason);
+    type("-3");
+    EXPECT_EQ(field->value(), day(2026, 5, 21, 9));
+}
+
+TEST_F(DateFieldWidget, TakesANumberOfDaysHoweverItsDigitsAndSignsAreShifted) {
+    press(Qt::Key_Shift);
+    press(Qt::Key_Plus, Qt::ShiftModifier);
+    press(Qt::Key_Shift);
+    press(Qt::Key_7, Qt::ShiftModifier);
+    EXPECT_EQ(field->text(), QStringLiteral("+7"));
+}
+
+TEST_F(DateFieldWidget, TakesADayOfTheMonthAfterSeveralSignsAndAfterLeaving) {
+    type("++7");
+    EXPECT_EQ(field->text(), QStringLiteral("7"));
+    EXPECT_EQ(field->value(), day(2026, 3, 7, 9));
+    field->setValue(day(2026, 3, 15, 9));
+    field->selectAll();
+    type("+");
+    other->setFocus();
+    field->setFocus(Qt::TabFocusReason);
+    type("7");
+    EXPECT_EQ(field->text(), QStringLiteral("7"));
 }
 
 TEST_F(DateFieldWidget, TellsOfEachMove) {

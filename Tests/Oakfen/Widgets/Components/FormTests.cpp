@@ -19,6 +19,7 @@
 #include "Oakfen/Widgets/Components/SegmentedChoice.h"
 #include "Oakfen/Widgets/Components/StepField.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
+#include "OakfenCore/Testing/FixedClock.h"
 #include "Tests/Oakfen/Widgets/AccessibleTree.h"
 #include "Tests/Support/TestLedger.h"
 
@@ -168,7 +169,8 @@ protected:
     MoneyLabel* total = nullptr;
     Draft draft;
     QPushButton* button = new QPushButton(QStringLiteral("Return It"));
-    Form form{Calendar::utc()};
+    FixedClock clock{day(2026, 3, 20)};
+    Form form{clock};
 };
 
 TEST_F(Forms, ShowTheDraft) {
