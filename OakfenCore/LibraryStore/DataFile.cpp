@@ -66,7 +66,7 @@ bool isStrayOfACopy(const std::string& name, const std::string& path) {
 class NewFileGuard final : public ReplacementGuard {
 public:
     void requireReplaceable(const std::string& path) override {
-        throw fileCalls::failure(path, "couldn’t be saved", EEXIST);
+        throw fileCalls::failure(path, fileCalls::couldNotBeSaved, EEXIST);
     }
     void willPlace(const FileInformation& /*newFile*/) override {}
 };
@@ -129,7 +129,7 @@ void DataFile::requireKnown(const std::string& place) {
     try {
         information = fileInformation(files_, place);
     } catch (const FileError& error) {
-        throw fileCalls::failure(path_, "couldn’t be saved", error.code());
+        throw fileCalls::failure(path_, fileCalls::couldNotBeSaved, error.code());
     }
     if (!information || std::ranges::any_of(known_, [&](const Stamp& stamp) {
             return isSameFile(stamp.information, *information);

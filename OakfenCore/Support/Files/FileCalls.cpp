@@ -33,13 +33,51 @@ std::string above(const std::string& folder) {
     return slash == 0 ? "/" : folder.substr(0, slash);
 }
 
+/// Why it failed: in plain words for what happens to people, else in the system's.
+std::string reason(std::string_view what, int code) {
+    switch (code) {
+    case ENOSPC:
+        return "the disk is full";
+    case EDQUOT:
+        return "your share of the disk is used up";
+    case EACCES:
+    case EPERM:
+        return "you don’t have permission";
+    case EROFS:
+        return "it is on a disk that can only be read";
+    case ENOENT:
+        return what == couldNotBeSaved ? "its folder is gone" : "it isn’t there";
+    case EIO:
+        return "the disk reported an error";
+    case ENODEV:
+    case ENXIO:
+    case ENOTCONN:
+    case ESTALE:
+        return "its disk isn’t connected";
+    case EEXIST:
+        return "a file of that name is there already";
+    case EISDIR:
+        return "it is a folder";
+    case ENOTDIR:
+        return "a part of its path isn’t a folder";
+    case ENAMETOOLONG:
+        return "its name is too long";
+    case EFBIG:
+        return "it is too large";
+    case EBUSY:
+    case ETXTBSY:
+        return "another program is using it";
+    default:
+        // The description that does not follow the locale: Oakfen speaks English throughout.
+        const char* description = strerrordesc_np(code);
+        return description != nullptr ? description : "Unknown error";
+    }
+}
+
 } // namespace
 
 FileError failure(const std::string& path, std::string_view what, int code) {
-    // The description that does not follow the locale: Oakfen speaks English throughout.
-    const char* reason = strerrordesc_np(code);
-    return FileError(quoted(nameOf(path)) + " " + std::string(what) + ": " +
-                         (reason != nullptr ? reason : "Unknown error"),
+    return FileError(quoted(nameOf(path)) + " " + std::string(what) + ": " + reason(what, code),
                      code);
 }
 

@@ -10,7 +10,10 @@
 /// What the functions on files share; not for use elsewhere.
 namespace oakfen::fileCalls {
 
-/// “Library.tarnwick” couldn’t be saved: No space left on device
+/// What a write says of the file when it fails.
+inline constexpr std::string_view couldNotBeSaved = "couldn’t be saved";
+
+/// “Library.tarnwick” couldn’t be saved: the disk is full
 [[nodiscard]] FileError failure(const std::string& path, std::string_view what, int code);
 
 /// Runs a call again while a signal interrupts it.

@@ -39,7 +39,7 @@ public:
     }
 
 private:
-    static constexpr std::string_view what = "couldn’t be saved";
+    static constexpr std::string_view what = fileCalls::couldNotBeSaved;
 
     /// False when another program, which writes the same file at the same moment under the same
     /// temporary name, has put its own in the place of ours.

@@ -221,7 +221,7 @@ TEST_F(ChangedElsewhereTest, ItIsToldAlsoWhenThisVersionCannotBeKeptBeside) {
     EXPECT_EQ(store.lastError(), changedText +
                                      " This version couldn’t be kept beside it: "
                                      "“Library.unsaved-1700000000.tarnwick” couldn’t be saved: "
-                                     "Input/output error.");
+                                     "the disk reported an error.");
     files.stopFailing();
     addAccount(store, "Third");
     scheduler.advance(1);
@@ -420,7 +420,7 @@ TEST_F(ChangedElsewhereTest, NothingChangesWhenTheOtherCannotBeKept) {
     LibraryStore& store = openAndCollide();
     files.setFreeSpace(10);
     EXPECT_EQ(messageOf([&] { store.keepThisVersion(); }),
-              "“Library.other-1700000000.tarnwick” couldn’t be saved: No space left on device");
+              "“Library.other-1700000000.tarnwick” couldn’t be saved: the disk is full");
     files.stopFailing();
     expectKeptApart(store);
 }

@@ -122,7 +122,7 @@ TEST_F(OddFoldersTest, KeepsTheEarlierFileOnAFullDisk) {
     openEarlier(path);
     std::ofstream(folder / "filler") << std::string(diskSize, 'x') << std::flush;
     ASSERT_EQ(filesystem::space(folder.path()).available, 0U);
-    expectFailedSave(path, "No space left on device");
+    expectFailedSave(path, "the disk is full");
     EXPECT_THAT(names(folder.path()), UnorderedElementsAre("Library.tarnwick", "filler"));
     filesystem::remove(folder / "filler");
     expectGoodSave(path);
@@ -141,7 +141,7 @@ TEST_F(OddFoldersTest, KeepsTheEarlierFileOnADiskThatFillsUpHalfwayThrough) {
     LibraryStore& store = openEarlier(path);
     edit(store, tooManyAccounts);
     store.saveNow();
-    EXPECT_THAT(store.lastError().value_or(""), EndsWith("No space left on device"));
+    EXPECT_THAT(store.lastError().value_or(""), EndsWith("the disk is full"));
     EXPECT_EQ(readFile(systemFiles(), path), earlier);
     EXPECT_THAT(names(folder.path()), UnorderedElementsAre("Library.tarnwick"));
 }
@@ -156,7 +156,7 @@ TEST_F(OddFoldersTest, KeepsTheEarlierFileOnAReadOnlyDisk) {
     {
         const Mount mount = Mount::readOnly(folder.path());
         ASSERT_TRUE(mount.isMounted());
-        expectFailedSave(path, "Read-only file system");
+        expectFailedSave(path, "it is on a disk that can only be read");
     }
     expectGoodSave(path);
 }
@@ -203,7 +203,7 @@ TEST_F(OddFoldersTest, KeepsTheEarlierFileInAFolderThatMayNotBeWritten) {
     const std::string path = folder / "Library.tarnwick";
     openEarlier(path);
     filesystem::permissions(folder.path(), filesystem::perms(0500));
-    expectFailedSave(path, "Permission denied");
+    expectFailedSave(path, "you don’t have permission");
     filesystem::permissions(folder.path(), filesystem::perms(0700));
     expectGoodSave(path);
 }
@@ -356,7 +356,7 @@ TEST_F(OddFoldersTest, KeepsTheEarlierFileWhereFilesMayNotGrowThatLong) {
             ::signal(SIGXFSZ, SIG_IGN) != SIG_ERR && ::setrlimit(RLIMIT_FSIZE, &limit) == 0;
         store.saveNow();
         const bool isTold = store.lastError() == "Couldn’t save: “Library.tarnwick” couldn’t be "
-                                                 "saved: File too large";
+                                                 "saved: it is too large";
         ::_exit(isLimited && isTold ? 0 : 1);
     }
     int status = 0;

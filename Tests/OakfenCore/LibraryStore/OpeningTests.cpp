@@ -84,7 +84,7 @@ TEST_F(OpeningTest, LeavesAFileAloneThatCannotBeRead) {
     EXPECT_EQ(store.accessState(),
               (AccessState{.kind = Kind::legacyUnavailable,
                            .reason = "Your data file couldn’t be read: “Library.tarnwick” couldn’t "
-                                     "be opened: Permission denied"}));
+                                     "be opened: you don’t have permission"}));
     EXPECT_FALSE(store.isNewLibrary());
     EXPECT_FALSE(store.lastError().has_value());
     EXPECT_EQ(store.library(), Library{.currencyCode = defaultCurrencyCode()});

@@ -202,7 +202,7 @@ TEST_F(UseNoPasswordTest, ChangesNothingWhenTheFileCannotBeWritten) {
         FAIL() << "nothing was thrown";
     } catch (const LocalizedError& error) {
         EXPECT_EQ(error.localizedDescription(),
-                  "“Library.tarnwick” couldn’t be saved: No space left on device");
+                  "“Library.tarnwick” couldn’t be saved: the disk is full");
     }
     EXPECT_EQ(store.accessState().kind, Kind::needsPassword);
     EXPECT_TRUE(store.isNewLibrary());

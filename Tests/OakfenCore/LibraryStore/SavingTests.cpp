@@ -98,7 +98,7 @@ TEST_F(SavingTest, TellsOfAFailureAndKeepsTheEdit) {
     addAccount(store, "Savings");
     scheduler.advance(1);
     EXPECT_EQ(store.lastError(),
-              "Couldn’t save: “Library.tarnwick” couldn’t be saved: No space left on device");
+              "Couldn’t save: “Library.tarnwick” couldn’t be saved: the disk is full");
     EXPECT_EQ(notices, 1);
     EXPECT_EQ(onDisk(), withAccount("Chequing"));
     EXPECT_EQ(accountCount(store), 2U);

@@ -113,7 +113,7 @@ TEST(SystemFiles, SayWhichFileIsMissing) {
         FAIL() << "nothing was thrown";
     } catch (const FileError& error) {
         EXPECT_EQ(error.localizedDescription(),
-                  "“Library.tarnwick” couldn’t be opened: No such file or directory");
+                  "“Library.tarnwick” couldn’t be opened: it isn’t there");
         EXPECT_EQ(error.code(), ENOENT);
     }
 }
@@ -130,7 +130,7 @@ std::string messageOnReading(const std::string& path) {
 TEST(SystemFiles, NameAFileWithEscapesForWhatCannotBeSeen) {
     const TemporaryFolder folder;
     EXPECT_EQ(messageOnReading(folder / "a\nb\xFF\x1B[31m"),
-              "“a\\nb\\xFF\\u001B[31m” couldn’t be opened: No such file or directory");
+              "“a\\nb\\xFF\\u001B[31m” couldn’t be opened: it isn’t there");
     EXPECT_THAT(messageOnReading(folder / std::string(250, 'n')),
                 ::testing::StartsWith("“" + std::string(80, 'n') + "…” couldn’t"));
     ASSERT_EQ(::mkfifo((folder / "pipe\r").c_str(), 0600), 0);
@@ -175,7 +175,8 @@ TEST(ReadFile, SaysThatPermissionIsMissing) {
         (void)readFile(files, "/a");
         FAIL() << "nothing was thrown";
     } catch (const FileError& error) {
-        EXPECT_EQ(error.localizedDescription(), "“a” couldn’t be opened: Permission denied");
+        EXPECT_EQ(error.localizedDescription(),
+                  "“a” couldn’t be opened: you don’t have permission");
     }
 }
 

@@ -206,7 +206,7 @@ TEST(WriteOwnerOnly, NamesTheFileAndTheReason) {
         FAIL() << "nothing was thrown";
     } catch (const FileError& error) {
         EXPECT_EQ(error.localizedDescription(),
-                  "“Library.tarnwick” couldn’t be saved: No space left on device");
+                  "“Library.tarnwick” couldn’t be saved: the disk is full");
         EXPECT_EQ(error.code(), ENOSPC);
     }
 }
