@@ -28,6 +28,9 @@ void readDocument(std::string_view bytes) {
         library = decodeLibrary(bytes);
     } catch (const LibraryDecodingError& error) {
         requireLegible(error.localizedDescription());
+        if (!error.place().empty()) {
+            requireLegible(error.place());
+        }
         return;
     }
     requireReadableCopy(library);

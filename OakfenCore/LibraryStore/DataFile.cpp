@@ -213,18 +213,22 @@ void DataFile::start(std::function<Outcome()> write, std::function<void(const Ou
                   });
 }
 
-void DataFile::setAside() {
+std::optional<std::string> DataFile::setAside() {
     settle();
     try {
-        moveAside();
+        return moveAside();
     } catch (const FileError&) {
         mustSetAsideFirst_ = true;
+        return std::nullopt;
     }
 }
 
-void DataFile::moveAside() {
+std::optional<std::string> DataFile::moveAside() {
+    const std::string aside = oakfen::pathBeside(path_, damagedKind, clock_.now());
+    std::optional<std::string> newName;
     try {
-        moveFile(files_, path_, oakfen::pathBeside(path_, damagedKind, clock_.now()));
+        moveFile(files_, path_, aside);
+        newName = fileCalls::nameOf(aside);
     } catch (const FileError& error) {
         // A file that is not there needs no moving.
         if (error.code() != ENOENT) {
@@ -234,6 +238,7 @@ void DataFile::moveAside() {
     mustSetAsideFirst_ = false;
     wasThere_ = false;
     known_.clear();
+    return newName;
 }
 
 std::string DataFile::writeBeside(const std::string& bytes, const DataFileChangedError& changed) {

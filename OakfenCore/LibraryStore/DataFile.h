@@ -65,8 +65,9 @@ public:
     void settle() { writer_.settle(); }
 
     /// Moves the file aside as a damaged one, whatever it holds. Where that fails, the next write
-    /// does it first, and fails if it still can't. Never throws.
-    void setAside();
+    /// does it first, and fails if it still can't. Returns its new name; nothing where it has none.
+    /// Never throws.
+    std::optional<std::string> setAside();
 
     // While another program's version stands in the file.
 
@@ -107,7 +108,7 @@ private:
     void putBeside(const std::string& bytes);
     std::string keepBeside(const std::string& bytes, const DataFileChangedError& changed);
     std::optional<Version> copyOtherVersion(const std::string& path);
-    void moveAside();
+    std::optional<std::string> moveAside();
 
     void accept(const std::optional<Version>& version);
     [[nodiscard]] bool isThereButUnreadable() const;

@@ -30,6 +30,7 @@ LibraryStore::LibraryStore(std::optional<std::string> filePath, LibraryStoreServ
     processAutoEnter(document, services.clock.now(), services.clock.calendar());
     state_->setLibrary(std::move(document));
     state_->status = {.lastError = std::move(outcome.error),
+                      .lastErrorDetails = std::move(outcome.errorDetails),
                       .accessState = std::move(outcome.state),
                       .isNewLibrary = outcome.isNew,
                       .isPasswordSaved = services.passwordStore.exists()};
@@ -63,6 +64,10 @@ std::shared_ptr<const LibraryIndex> LibraryStore::sharedIndex() const {
 
 const std::optional<std::string>& LibraryStore::lastError() const {
     return state_->status.lastError;
+}
+
+const ErrorDetails& LibraryStore::lastErrorDetails() const {
+    return state_->status.lastErrorDetails;
 }
 
 const AccessState& LibraryStore::accessState() const {
@@ -151,7 +156,7 @@ void LibraryStore::retryLoading() {
     }
     LoadOutcome outcome = loadDocument(pointer(state_->file), state_->isPlainByChoice());
     State::Status status = state_->status;
-    status.lastError = std::move(outcome.error);
+    status.setError(std::move(outcome.error), std::move(outcome.errorDetails));
     status.accessState = std::move(outcome.state);
     status.isNewLibrary = outcome.isNew;
     status.usesPassword = false;
@@ -177,7 +182,7 @@ void LibraryStore::startOver() {
 
 void LibraryStore::clearError() {
     State::Status status = state_->status;
-    status.lastError.reset();
+    status.setError(std::nullopt);
     state_->setStatus(std::move(status));
 }
 

@@ -34,6 +34,16 @@ struct AccessState {
     friend bool operator==(const AccessState&, const AccessState&) = default;
 };
 
+/// What is known of the store's last error beside its text.
+struct ErrorDetails {
+    /// The name under which a damaged file is kept in its folder.
+    std::optional<std::string> keptName = {};
+    /// What is wrong where in a damaged file, for somebody who wants to mend it; else empty.
+    std::string place = {};
+
+    friend bool operator==(const ErrorDetails&, const ErrorDetails&) = default;
+};
+
 /// What the store works with; all must outlive it.
 struct LibraryStoreServices {
     FileSystem& files;
@@ -72,6 +82,7 @@ public:
     /// The index for a worker, which keeps it alive.
     [[nodiscard]] std::shared_ptr<const LibraryIndex> sharedIndex() const;
     [[nodiscard]] const std::optional<std::string>& lastError() const;
+    [[nodiscard]] const ErrorDetails& lastErrorDetails() const;
     [[nodiscard]] const AccessState& accessState() const;
     /// True until a first choice about a password was made on a document that has no file.
     [[nodiscard]] bool isNewLibrary() const;

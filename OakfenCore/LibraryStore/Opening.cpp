@@ -15,11 +15,11 @@ LoadOutcome unavailable(std::string reason) {
     return {.state = {.kind = AccessState::Kind::legacyUnavailable, .reason = std::move(reason)}};
 }
 
-LoadOutcome damaged(DataFile& file, const LocalizedError& error) {
+LoadOutcome damaged(DataFile& file, const LibraryDecodingError& error) {
     LoadOutcome outcome = newDocument();
     outcome.error = "Couldn’t open your data file: " + error.localizedDescription() +
                     ". The damaged file was set aside next to the original.";
-    file.setAside();
+    outcome.errorDetails = {.keptName = file.setAside(), .place = error.place()};
     return outcome;
 }
 
@@ -28,7 +28,7 @@ LoadOutcome loadPlain(const std::string& bytes, DataFile& file, bool unencrypted
         using Kind = AccessState::Kind;
         return {.library = decodeLibrary(bytes),
                 .state = {.kind = unencryptedByChoice ? Kind::open : Kind::needsPassword}};
-    } catch (const LocalizedError& error) {
+    } catch (const LibraryDecodingError& error) {
         return damaged(file, error);
     }
 }

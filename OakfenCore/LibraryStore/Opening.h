@@ -16,6 +16,7 @@ struct LoadOutcome {
     bool isNew = false;
     /// A message for the person.
     std::optional<std::string> error = {};
+    ErrorDetails errorDetails = {};
 };
 
 /// Reads the data file, whatever its format; without one a new document begins. Never throws; a

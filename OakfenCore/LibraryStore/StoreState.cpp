@@ -37,8 +37,8 @@ void LibraryStore::State::apply(Library newLibrary, const std::optional<std::str
     // Once it were in the document, no save could succeed until it had gone.
     if (addsNaN(library(), newLibrary)) {
         Status told = status;
-        told.lastError = (actionName ? "“" + *actionName + "”" : "The change") +
-                         " couldn’t be done: an amount in it is too large to keep.";
+        told.setError((actionName ? "“" + *actionName + "”" : "The change") +
+                      " couldn’t be done: an amount in it is too large to keep.");
         setStatus(std::move(told));
         return;
     }
@@ -132,7 +132,7 @@ void LibraryStore::State::wasWritten(const DataFile::Outcome& outcome,
 
 void LibraryStore::State::tellSaveFailed(const std::string& reason) {
     Status told = status;
-    told.lastError = "Couldn’t save: " + reason;
+    told.setError("Couldn’t save: " + reason);
     setStatus(std::move(told));
 }
 
@@ -142,7 +142,7 @@ void LibraryStore::State::tellChangedElsewhere(const std::string& reason) {
     }
     Status told = status;
     told.isChangedElsewhere = true;
-    told.lastError = "Couldn’t save: " + reason;
+    told.setError("Couldn’t save: " + reason);
     setStatus(std::move(told));
 }
 
@@ -155,9 +155,9 @@ void LibraryStore::State::rememberPassword(const std::optional<std::string>& pas
             services.passwordStore.remove();
         }
     } catch (const LocalizedError& error) {
-        into.lastError = std::string("Your password couldn’t be ") +
-                         (password ? "saved in" : "removed from") +
-                         " the Keychain: " + error.localizedDescription();
+        into.setError(std::string("Your password couldn’t be ") +
+                      (password ? "saved in" : "removed from") +
+                      " the Keychain: " + error.localizedDescription());
     }
     into.isPasswordSaved = services.passwordStore.exists();
 }

@@ -10,12 +10,19 @@ struct LibraryStore::State {
     /// What `statusChanged` tells of.
     struct Status {
         std::optional<std::string> lastError = {};
+        ErrorDetails lastErrorDetails = {};
         AccessState accessState = {};
         bool isNewLibrary = false;
         bool isPasswordSaved = false;
         bool usesPassword = false;
         /// Another program's version stands in the data file until somebody has decided.
         bool isChangedElsewhere = false;
+
+        /// The details of the last error go with it.
+        void setError(std::optional<std::string> text, ErrorDetails details = {}) {
+            lastError = std::move(text);
+            lastErrorDetails = std::move(details);
+        }
 
         friend bool operator==(const Status&, const Status&) = default;
     };

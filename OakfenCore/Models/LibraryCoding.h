@@ -2,16 +2,25 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "OakfenCore/Models/Library.h"
 #include "OakfenCore/Support/Values/LocalizedError.h"
 
 namespace oakfen {
 
-/// The text can't be read as a document. Says what is wrong and where in the text.
+/// The text can't be read as a document.
 class LibraryDecodingError : public LocalizedError {
 public:
-    using LocalizedError::LocalizedError;
+    explicit LibraryDecodingError(const std::string& description, std::string place = {})
+        : LocalizedError(description), place_(std::move(place)) {}
+
+    /// What is wrong and where in the text, for somebody who wants to mend it; empty for a text
+    /// that isn't damaged.
+    [[nodiscard]] const std::string& place() const noexcept { return place_; }
+
+private:
+    std::string place_;
 };
 
 /// The document as JSON: keys sorted, no white space, exact decimals, dates in UTC to the second.

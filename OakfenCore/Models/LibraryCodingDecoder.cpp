@@ -242,7 +242,8 @@ Library decodeLibrary(std::string_view json) {
     } catch (const JSONError& error) {
         const std::string path = decoder.path();
         const std::string reason = error.localizedDescription();
-        throw LibraryDecodingError(path.empty() ? reason : path + ": " + reason);
+        throw LibraryDecodingError("its contents are damaged",
+                                   path.empty() ? reason : path + ": " + reason);
     }
     if (library.version > Library::currentVersion) {
         throw LibraryDecodingError("This file was created by a newer version of Oakfen.");

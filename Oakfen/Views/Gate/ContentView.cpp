@@ -1,5 +1,7 @@
 #include "Oakfen/Views/Gate/ContentView.h"
 
+#include "OakfenCore/Support/Text/Quotation.h"
+
 namespace oakfen {
 
 std::optional<ContentView::Alert> ContentView::dueAlert() const {
@@ -7,7 +9,14 @@ std::optional<ContentView::Alert> ContentView::dueAlert() const {
         return Alert{AlertSource::application, "Oakfen", *message};
     }
     if (const auto& error = environment_.store.lastError()) {
-        return Alert{AlertSource::dataFile, "Problem with your data file", *error};
+        const ErrorDetails& details = environment_.store.lastErrorDetails();
+        return Alert{.source = AlertSource::dataFile,
+                     .title = "Problem with your data file",
+                     .text = *error,
+                     .addition = details.keptName
+                                     ? "It is kept as " + quoted(*details.keptName) + "."
+                                     : std::string(),
+                     .details = details.place};
     }
     return std::nullopt;
 }

@@ -16,6 +16,10 @@ public:
         AlertSource source;
         std::string title;
         std::string text;
+        /// What is said below the text; often empty.
+        std::string addition = {};
+        /// What only those want to see who ask for it; often empty.
+        std::string details = {};
 
         friend bool operator==(const Alert&, const Alert&) = default;
     };

@@ -1,6 +1,7 @@
 #include "Oakfen/Widgets/Components/MessageBox.h"
 
 #include <QMessageBox>
+#include <QTextEdit>
 
 #include "Oakfen/Widgets/Theme/Theme.h"
 
@@ -22,6 +23,16 @@ QMessageBox* makeMessageBox(QWidget* parent, const QString& title, const QString
         body->setMinimumWidth(360);
     }
     return box;
+}
+
+void showDetails(QMessageBox& box, const QString& details) {
+    box.setDetailedText(details);
+    if (auto* text = box.findChild<QTextEdit*>()) {
+        // The toolkit leaves out those who have no mouse.
+        text->setFocusPolicy(Qt::StrongFocus);
+        text->setTabChangesFocus(true);
+        text->setAccessibleName(QStringLiteral("Details"));
+    }
 }
 
 } // namespace oakfen

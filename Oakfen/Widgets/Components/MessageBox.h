@@ -12,4 +12,7 @@ namespace oakfen {
 [[nodiscard]] QMessageBox* makeMessageBox(QWidget* parent, const QString& title,
                                           const QString& text);
 
+/// Puts a text behind a button of the message that shows it; nothing while it is empty.
+void showDetails(QMessageBox& box, const QString& details);
+
 } // namespace oakfen

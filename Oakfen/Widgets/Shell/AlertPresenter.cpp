@@ -36,8 +36,11 @@ void AlertPresenter::refresh() {
 
 void AlertPresenter::present(const ContentView::Alert& alert) {
     QWidget* modal = QApplication::activeModalWidget();
-    box_ = makeMessageBox(modal != nullptr ? modal : window_, qt(alert.title), qt(alert.text));
+    const std::string text =
+        alert.addition.empty() ? alert.text : alert.text + "\n\n" + alert.addition;
+    box_ = makeMessageBox(modal != nullptr ? modal : window_, qt(alert.title), qt(text));
     box_->setStandardButtons(QMessageBox::Ok);
+    showDetails(*box_, qt(alert.details));
     connect(box_, &QDialog::finished, this, [this, alert] {
         box_ = nullptr;
         // A newer text of the same source hasn't been seen yet.

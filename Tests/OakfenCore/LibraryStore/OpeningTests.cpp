@@ -110,9 +110,26 @@ TEST_F(OpeningTest, SetsADamagedFileAsideAndBeginsANewDocument) {
     EXPECT_TRUE(store.isNewLibrary());
     EXPECT_EQ(store.library(), Library{.currencyCode = defaultCurrencyCode()});
     ASSERT_TRUE(store.lastError().has_value());
-    EXPECT_THAT(*store.lastError(), tellsOfDamage());
+    EXPECT_EQ(*store.lastError(), "Couldn’t open your data file: its contents are damaged. "
+                                  "The damaged file was set aside next to the original.");
+    EXPECT_EQ(store.lastErrorDetails().keptName, "Library.damaged-1700000000.tarnwick");
+    EXPECT_THAT(store.lastErrorDetails().place, StartsWith("accounts"));
+    EXPECT_THAT(store.lastErrorDetails().place, EndsWith(": the text ends too early (byte 13)"));
     EXPECT_EQ(files.contents(pathAside), "{\"accounts\":[");
     EXPECT_FALSE(files.contents(path).has_value());
+}
+
+TEST_F(OpeningTest, ForgetsTheDetailsOfAnErrorWithIt) {
+    files.addFile(path, "{\"accounts\":[");
+    LibraryStore& store = open();
+    store.clearError();
+    EXPECT_EQ(store.lastErrorDetails(), ErrorDetails{});
+}
+
+TEST_F(OpeningTest, NamesNoFileThatCouldNotBeSetAside) {
+    files.addFile(path, "{\"accounts\":[");
+    files.failAll(Call::renameWithoutReplacing, EIO);
+    EXPECT_FALSE(open().lastErrorDetails().keptName);
 }
 
 TEST_F(OpeningTest, TakesAnEmptyFileForADamagedOne) {

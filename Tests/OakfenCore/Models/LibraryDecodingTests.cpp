@@ -57,7 +57,7 @@ std::string errorFor(const std::string& text) {
         (void)decodeLibrary(text);
         return "";
     } catch (const LibraryDecodingError& error) {
-        return error.localizedDescription();
+        return error.place().empty() ? error.localizedDescription() : error.place();
     }
 }
 

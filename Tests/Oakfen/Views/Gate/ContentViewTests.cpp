@@ -37,6 +37,9 @@ TEST(ContentView, ShowsTwoAlertsOneAfterAnother) {
     ASSERT_TRUE(second);
     EXPECT_EQ(second->title, "Problem with your data file");
     EXPECT_EQ(second->text, *test.store->lastError());
+    EXPECT_EQ(second->addition,
+              "It is kept as “" + *test.store->lastErrorDetails().keptName + "”.");
+    EXPECT_NE(second->details.find("(byte "), std::string::npos);
     view.dismissAlert(second->source);
     EXPECT_FALSE(test.store->lastError());
     EXPECT_FALSE(view.dueAlert());

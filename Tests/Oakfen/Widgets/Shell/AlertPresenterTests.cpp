@@ -2,14 +2,18 @@
 
 #include <QDialog>
 #include <QMessageBox>
+#include <QTextEdit>
 #include <cerrno>
 
+#include "Oakfen/Widgets/Theme/Bridge.h"
+#include "OakfenCore/Support/Text/Quotation.h"
 #include "Tests/Oakfen/Widgets/WindowFixture.h"
 
 namespace oakfen {
 namespace {
 
 using testing::settle;
+using testing::TestEnvironment;
 
 class AlertPresenterTest : public testing::WindowTest {};
 
@@ -48,6 +52,42 @@ TEST_F(AlertPresenterTest, TellsOfASaveThatFailedUntilItIsDismissed) {
     settle();
     EXPECT_FALSE(test->store->lastError());
     EXPECT_EQ(shown<QMessageBox>(), nullptr);
+}
+
+TEST_F(AlertPresenterTest, KeepsThePlaceOfADamageBehindAButton) {
+    writeOwnerOnly(test->files, "{\"accounts\":[", TestEnvironment::dataFile);
+    test->store->retryLoading();
+    settle();
+    QMessageBox* box = shown<QMessageBox>();
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->informativeText(),
+              qt(*test->store->lastError() + "\n\nIt is kept as " +
+                 oakfen::quoted(*test->store->lastErrorDetails().keptName) + "."));
+    EXPECT_FALSE(box->informativeText().contains(QStringLiteral("byte")));
+    EXPECT_TRUE(box->detailedText().contains(QStringLiteral("byte")));
+
+    auto* text = box->findChild<QTextEdit*>();
+    ASSERT_NE(text, nullptr);
+    EXPECT_FALSE(text->isVisible());
+    QAbstractButton* more = nullptr;
+    for (QAbstractButton* each : box->buttons()) {
+        more = box->buttonRole(each) == QMessageBox::ActionRole ? each : more;
+    }
+    ASSERT_NE(more, nullptr);
+    EXPECT_TRUE(more->focusPolicy() & Qt::TabFocus);
+    more->setFocus();
+    QTest::keyClick(more, Qt::Key_Space);
+    settle();
+    EXPECT_TRUE(text->isVisible());
+    EXPECT_TRUE(text->focusPolicy() & Qt::TabFocus);
+    EXPECT_EQ(text->accessibleName(), QStringLiteral("Details"));
+}
+
+TEST_F(AlertPresenterTest, HasNothingBehindAButtonElsewhere) {
+    test->appState->setAlertMessage("Something to know");
+    settle();
+    ASSERT_NE(shown<QMessageBox>(), nullptr);
+    EXPECT_EQ(shown<QMessageBox>()->buttons().size(), 1);
 }
 
 TEST_F(AlertPresenterTest, KeepsAnAlertThatCameOverASheetWhenTheSheetGoes) {
