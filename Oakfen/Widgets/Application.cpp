@@ -21,6 +21,7 @@
 #include "Oakfen/Widgets/Shell/EventApplication.h"
 #include "Oakfen/Widgets/Shell/MainWindow.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
+#include "Oakfen/Widgets/Theme/ProgramIcon.h"
 #include "Oakfen/Widgets/Theme/Theme.h"
 #include "Oakfen/Widgets/Theme/WindowState.h"
 #include "OakfenCore/LibraryStore/DataFileChoice.h"
@@ -233,6 +234,7 @@ int runApplication(int& argumentCount, char** arguments) {
     QCoreApplication::setApplicationName(QStringLiteral("Oakfen"));
     QCoreApplication::setApplicationVersion(QStringLiteral(OAKFEN_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral("oakfen"));
+    QGuiApplication::setWindowIcon(programIcon());
     // Closing the window asks first; the event loop ends when that has been settled.
     QGuiApplication::setQuitOnLastWindowClosed(false);
 

@@ -1,5 +1,6 @@
 # Compiles the icons that Symbols.txt names into OakfenWidgets, each under its symbol name. They come
-# from the system's icon package at build time; none is kept in the tree.
+# from the system's icon package at build time; none is kept in the tree. The program's own picture
+# goes with them.
 find_path(OAKFEN_ICON_FOLDER bank.svg
     PATHS /usr/share/bootstrap-icons/svg /usr/share/bootstrap-icons
     DOC "Folder of the SVG files of the package bootstrap-icons" REQUIRED)
@@ -14,6 +15,12 @@ foreach(line IN LISTS symbolLines)
     list(GET pair 1 icon)
     string(APPEND symbolResource
         "<file alias=\"${symbol}.svg\">${OAKFEN_ICON_FOLDER}/${icon}.svg</file>\n")
+endforeach()
+string(APPEND symbolResource "</qresource>\n<qresource prefix=\"/icon\">\n")
+file(GLOB pictures CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/Resources/Icon/*.svg)
+foreach(picture IN LISTS pictures)
+    get_filename_component(name ${picture} NAME)
+    string(APPEND symbolResource "<file alias=\"${name}\">${picture}</file>\n")
 endforeach()
 string(APPEND symbolResource "</qresource></RCC>\n")
 file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/symbols.qrc CONTENT "${symbolResource}" @ONLY)
