@@ -78,7 +78,7 @@ class Desktop:
     def activate(self, process):
         """Brings the window of this one of several programs to the front."""
         eventually("the window in front", lambda: self._ask(
-            "search", "--all", "--onlyvisible", "--pid", str(process.pid), "--name", "^Oakfen$",
+            "search", "--all", "--onlyvisible", "--pid", str(process.pid), "--name", "Oakfen$",
             "windowactivate", "--sync").returncode == 0)
         self.await_keyboard()
 

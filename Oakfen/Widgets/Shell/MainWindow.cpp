@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "Oakfen/FileActions.h"
+#include "Oakfen/Views/Shell/WindowTitle.h"
 #include "Oakfen/Widgets/Components/CrossFade.h"
 #include "Oakfen/Widgets/Components/MessageBox.h"
 #include "Oakfen/Widgets/Gate/GateWidget.h"
@@ -51,7 +52,6 @@ const QString sidebarKey = QStringLiteral("mainWindow/sidebarShown");
 MainWindow::MainWindow(AppEnvironment& environment, std::function<void()> requestQuit)
     : environment_(environment), requestQuit_(std::move(requestQuit)) {
     EventApplication::setHistory(&environment.undoManager);
-    setWindowTitle(QStringLiteral("Oakfen"));
     setAcceptDrops(true);
     buildContent();
     buildMenuBar();
@@ -74,6 +74,8 @@ MainWindow::MainWindow(AppEnvironment& environment, std::function<void()> reques
                                    &state.noticeChanged, &state.busyChanged}) {
         subscriptions_.push_back(observers->observe(lookChanged));
     }
+    subscriptions_.push_back(state.selectionChanged.observe([this] { refreshTitle(); }));
+    subscriptions_.push_back(environment_.store.libraryChanged.observe([this] { refreshTitle(); }));
     refreshCover();
     if (splitter_->isEnabled()) {
         sidebar_->setFocus();
@@ -170,6 +172,7 @@ void MainWindow::refreshCover() {
                                                     : *centralWidget());
     }
     cover_ = cover;
+    refreshTitle();
     splitter_->setEnabled(!isObscured);
     if (isObscured) {
         sheets_->setObscured(true);
@@ -182,6 +185,10 @@ void MainWindow::refreshCover() {
     if (isRevealed && !environment_.appState.sheet()) {
         sidebar_->setFocus();
     }
+}
+
+void MainWindow::refreshTitle() {
+    setWindowTitle(qt(oakfen::windowTitle(environment_)));
 }
 
 void MainWindow::present() {

@@ -49,6 +49,7 @@ private:
     void restoreState();
     void saveState() const;
     void refreshCover();
+    void refreshTitle();
     void setSidebarShown(bool shown);
     void showAbout();
 

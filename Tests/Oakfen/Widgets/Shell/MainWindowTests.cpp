@@ -38,12 +38,26 @@ protected:
 };
 
 TEST_F(MainWindowTest, HasItsTitleAndTheSmallestSizeThatTheScreenHasRoomFor) {
-    EXPECT_EQ(window->windowTitle(), QStringLiteral("Oakfen"));
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Dashboard — Oakfen"));
     const QSize room = window->screen()->availableSize();
     ASSERT_LT(room.width(), 980);
     ASSERT_GT(room.height(), 700);
     EXPECT_EQ(window->centralWidget()->minimumSize(), QSize(room.width(), 620));
     EXPECT_LE(window->minimumSizeHint().height(), room.height());
+}
+
+TEST_F(MainWindowTest, IsCalledByTheScreenThatCanBeSeen) {
+    Account account = addAccount("Everyday");
+    test->appState->setSelection(SidebarItem::account(account.id));
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Everyday — Oakfen"));
+    account.name = "Daily";
+    test->store->mutate("Edit Account", [&](Library& library) { upsert(library, account); });
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Daily — Oakfen"));
+    test->defaults.set(settings::requireAuthentication, true);
+    test->appState->setUnlocked(false);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Oakfen"));
+    test->appState->setUnlocked(true);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Daily — Oakfen"));
 }
 
 TEST_F(MainWindowTest, ShowsTheDashboardAndAddsTheFirstAccountFromThere) {
