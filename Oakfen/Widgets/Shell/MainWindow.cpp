@@ -26,6 +26,7 @@
 #include "Oakfen/Widgets/Shell/EventApplication.h"
 #include "Oakfen/Widgets/Shell/MenuBar.h"
 #include "Oakfen/Widgets/Shell/NoticeWidget.h"
+#include "Oakfen/Widgets/Shell/OneLineFields.h"
 #include "Oakfen/Widgets/Shell/SheetHost.h"
 #include "Oakfen/Widgets/Shell/SheetPresenter.h"
 #include "Oakfen/Widgets/Shell/SidebarWidget.h"
@@ -59,6 +60,7 @@ MainWindow::MainWindow(AppEnvironment& environment, std::function<void()> reques
     new SheetPresenter(environment_, *sheets_);
     alerts_ = new AlertPresenter(environment_, this);
     new ContextMenuKey(this);
+    new OneLineFields(this);
     fitScreen();
     restoreState();
 

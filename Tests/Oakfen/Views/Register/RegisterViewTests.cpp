@@ -156,6 +156,12 @@ TEST_F(RegisterScreen, SpeaksOfASearchWithoutResults) {
     EXPECT_TRUE(view.content()->isNarrowed());
 }
 
+TEST_F(RegisterScreen, QuotesNoMoreOfALongSearchThanFitsOnALine) {
+    view.setSearchText("Uncleared\tno one\n" + std::string(200, 'x'));
+    EXPECT_EQ(view.content()->emptyState()->title,
+              "No Results for “Uncleared\tno one " + std::string(23, 'x') + "…”");
+}
+
 TEST_F(RegisterScreen, TakesBlanksForASearchOnlyInTheEmptyState) {
     RegisterView empty(*test, savings.id);
     empty.setSearchText(" ");

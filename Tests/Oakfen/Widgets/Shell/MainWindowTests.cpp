@@ -1,9 +1,11 @@
 #include "Oakfen/Widgets/Shell/MainWindow.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDialog>
 #include <QDropEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QScreen>
 #include <QUrl>
@@ -73,6 +75,15 @@ TEST_F(MainWindowTest, ShowsTheDashboardAndAddsTheFirstAccountFromThere) {
     settle();
     EXPECT_FALSE(test->appState->sheet());
     EXPECT_EQ(shown<QDialog>(), nullptr);
+}
+
+TEST_F(MainWindowTest, KeepsALongPasteIntoASearchOnOneLine) {
+    select(SidebarItem::account(addAccount("Everyday").id));
+    QLineEdit* search = shown<RegisterWidget>()->searchField();
+    QGuiApplication::clipboard()->setText(QStringLiteral("first line\nsecond line"));
+    search->setFocus();
+    search->paste();
+    EXPECT_EQ(search->text(), QStringLiteral("first line second line"));
 }
 
 TEST_F(MainWindowTest, ReplacesOneSheetByAnother) {
