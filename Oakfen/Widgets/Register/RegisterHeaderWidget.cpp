@@ -81,7 +81,7 @@ void RegisterHeaderWidget::setUpFilter() {
 void RegisterHeaderWidget::setUpSearch() {
     search_->setPlaceholderText(tr("Payee, category, memo, amount"));
     search_->setAccessibleName(tr("Search"));
-    search_->setToolTip(tr("Search this account (Ctrl+F)"));
+    search_->setToolTip(tr("Search this account (Ctrl+F); Esc clears, then goes back"));
     search_->setClearButtonEnabled(true);
     search_->setMaximumWidth(360);
     search_
@@ -96,6 +96,15 @@ void RegisterHeaderWidget::setUpSearch() {
             [this](const QString& text) { view_.setSearchText(utf8(text)); });
     connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, search_,
             [this] { search_->setFocus(Qt::ShortcutFocusReason); });
+    auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), search_);
+    escape->setContext(Qt::WidgetShortcut);
+    connect(escape, &QShortcut::activated, search_, [this] {
+        if (search_->text().isEmpty()) {
+            searchLeft();
+        } else {
+            search_->clear();
+        }
+    });
 }
 
 void RegisterHeaderWidget::addToolButtons(QLayout& row) {

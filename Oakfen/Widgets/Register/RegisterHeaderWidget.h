@@ -24,6 +24,9 @@ public:
     /// Shows the account's names and what the person has chosen.
     void showContent(const RegisterContent& content);
 
+    /// Called when the person goes back from the search to what it has found.
+    std::function<void()> searchLeft = [] {};
+
     [[nodiscard]] QLineEdit* searchField() const { return search_; }
     [[nodiscard]] RegisterSortButton* sortButton() const { return sort_; }
 

@@ -308,6 +308,17 @@ TEST_F(RegisterWindow, SearchesAsOneTypes) {
     EXPECT_EQ(payees(), "Rent|Pay|Shop|Card Company");
 }
 
+TEST_F(RegisterWindow, ClearsTheSearchWithEscapeAndThenGoesBackToTheTable) {
+    widget->searchField()->setFocus();
+    QTest::keyClicks(widget->searchField(), QStringLiteral("shop"));
+    QTest::keyClick(widget->searchField(), Qt::Key_Escape);
+    EXPECT_EQ(widget->searchField()->text(), QString());
+    EXPECT_TRUE(widget->searchField()->hasFocus());
+    EXPECT_EQ(payees(), "Rent|Pay|Shop|Card Company");
+    QTest::keyClick(widget->searchField(), Qt::Key_Escape);
+    EXPECT_TRUE(widget->table()->hasFocus());
+}
+
 TEST_F(RegisterWindow, OffersToImportIntoAnEmptyAccount) {
     open(savings.id);
     EXPECT_FALSE(widget->table()->isVisible());
