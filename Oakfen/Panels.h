@@ -10,6 +10,9 @@
 
 namespace oakfen {
 
+/// What files a panel is for. Each kind has a folder of its own, where the panel begins.
+enum class PanelFiles { statements, exports, backups };
+
 /// What a file panel asks for.
 struct OpenPanelRequest {
     std::string title;
@@ -18,6 +21,7 @@ struct OpenPanelRequest {
     std::vector<std::string> extensions;
     /// What the extensions are, for the panel's filter: "Statements".
     std::string extensionsName;
+    PanelFiles files = PanelFiles::statements;
 };
 
 struct FolderPanelRequest {
@@ -25,6 +29,7 @@ struct FolderPanelRequest {
     std::string message;
     /// The button that takes the folder.
     std::string confirmTitle;
+    PanelFiles files = PanelFiles::backups;
 };
 
 struct SavePanelRequest {
@@ -32,6 +37,7 @@ struct SavePanelRequest {
     std::string suggestedName;
     std::string extension;
     std::string extensionName;
+    PanelFiles files = PanelFiles::exports;
 };
 
 /// A question with a default answer that does nothing.

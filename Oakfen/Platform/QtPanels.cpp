@@ -3,17 +3,21 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStandardPaths>
+#include <QTreeView>
 #include <algorithm>
 #include <utility>
 
 #include "Oakfen/Widgets/Components/MessageBox.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Oakfen/Widgets/Theme/Theme.h"
+#include "Oakfen/Widgets/Theme/WindowState.h"
 
 namespace oakfen {
 
@@ -29,10 +33,34 @@ QString nameFilter(const std::string& name, const std::vector<std::string>& exte
     return qt(name) + QStringLiteral(" (") + patterns.join(QLatin1Char(' ')) + QLatin1Char(')');
 }
 
-/// Where a browser puts what one downloads; the home folder where there is no such place.
-QString downloadFolder() {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
-    return !folder.isEmpty() && QDir(folder).exists() ? folder : QDir::homePath();
+/// Where the folder of that kind is remembered in the state of the windows.
+QString stateKey(PanelFiles files) {
+    switch (files) {
+    case PanelFiles::statements:
+        return QStringLiteral("Folders/Statements");
+    case PanelFiles::exports:
+        return QStringLiteral("Folders/Exports");
+    case PanelFiles::backups:
+        return QStringLiteral("Folders/Backups");
+    }
+    return {};
+}
+
+/// Where the last file of the kind was. Else a browser's downloads for what comes from a bank, and
+/// documents for what is made here; the home folder where there is no such place.
+QString startFolder(PanelFiles files) {
+    using Paths = QStandardPaths;
+    QStringList places{windowState::value(stateKey(files)).toString()};
+    if (files == PanelFiles::statements) {
+        places << Paths::writableLocation(Paths::DownloadLocation);
+    }
+    places << Paths::writableLocation(Paths::DocumentsLocation);
+    for (const QString& place : places) {
+        if (!place.isEmpty() && QDir(place).exists()) {
+            return place;
+        }
+    }
+    return QDir::homePath();
 }
 
 void addMessage(QFileDialog* dialog, const std::string& message) {
@@ -44,6 +72,20 @@ void addMessage(QFileDialog* dialog, const std::string& message) {
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     grid->addWidget(label, grid->rowCount(), 0, 1, grid->columnCount());
+}
+
+/// Wide enough for names, dates and sizes beside each other.
+void dress(QFileDialog* dialog) {
+    auto* details = dialog->findChild<QTreeView*>(QStringLiteral("treeView"));
+    if (details == nullptr) {
+        return;
+    }
+    constexpr QSize usualSize(920, 560);
+    dialog->resize(usualSize);
+    dialog->setViewMode(QFileDialog::Detail);
+    details->header()->setStretchLastSection(false);
+    details->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    details->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
 
 } // namespace
@@ -65,59 +107,65 @@ QWidget* QtPanels::parentWindow() const {
     return modal != nullptr ? modal : window_.data();
 }
 
-QFileDialog* QtPanels::makeFileDialog(const std::string& title) const {
+QFileDialog* QtPanels::makeFileDialog(const std::string& title, PanelFiles files,
+                                      const std::string& message) const {
     // The folder belongs in here: a dialog without one begins in the program's working directory.
-    const bool isThere = !folder_.isEmpty() && QDir(folder_).exists();
-    auto* dialog = new QFileDialog(parentWindow(), qt(title), isThere ? folder_ : downloadFolder());
+    auto* dialog = new QFileDialog(parentWindow(), qt(title), startFolder(files));
     dialog->setOption(QFileDialog::DontUseNativeDialog);
+    // "Statements" instead of every ending in small letters and capitals, cut off.
+    dialog->setOption(QFileDialog::HideNameFilterDetails);
+    dress(dialog);
+    addMessage(dialog, message);
     return dialog;
 }
 
-void QtPanels::run(QFileDialog* dialog, std::function<void(std::optional<std::string>)> then) {
+void QtPanels::run(QFileDialog* dialog, PanelFiles files,
+                   std::function<void(std::optional<std::string>)> then) {
     dialog->setWindowModality(Qt::WindowModal);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    QObject::connect(dialog, &QDialog::finished, dialog,
-                     [this, dialog, then = std::move(then)](int result) {
-                         const QStringList files = dialog->selectedFiles();
-                         if (result != QDialog::Accepted || files.isEmpty()) {
-                             then(std::nullopt);
-                             return;
-                         }
-                         folder_ = dialog->directory().absolutePath();
-                         then(utf8(files.first()));
-                     });
+    QObject::connect(
+        dialog, &QDialog::finished, dialog, [dialog, files, then = std::move(then)](int result) {
+            const QStringList chosen = dialog->selectedFiles();
+            if (result != QDialog::Accepted || chosen.isEmpty()) {
+                then(std::nullopt);
+                return;
+            }
+            const QFileInfo first(chosen.first());
+            windowState::setValue(stateKey(files), dialog->fileMode() == QFileDialog::Directory
+                                                       ? first.absoluteFilePath()
+                                                       : first.absolutePath());
+            then(utf8(chosen.first()));
+        });
     dialog->open();
 }
 
 void QtPanels::openFile(const OpenPanelRequest& request,
                         std::function<void(std::optional<std::string>)> then) {
-    QFileDialog* dialog = makeFileDialog(request.title);
+    QFileDialog* dialog = makeFileDialog(request.title, request.files, request.message);
     dialog->setFileMode(QFileDialog::ExistingFile);
     dialog->setNameFilters(
         {nameFilter(request.extensionsName, request.extensions), QStringLiteral("All Files (*)")});
-    addMessage(dialog, request.message);
-    run(dialog, std::move(then));
+    run(dialog, request.files, std::move(then));
 }
 
 void QtPanels::openFolder(const FolderPanelRequest& request,
                           std::function<void(std::optional<std::string>)> then) {
-    QFileDialog* dialog = makeFileDialog(request.title);
+    QFileDialog* dialog = makeFileDialog(request.title, request.files, request.message);
     dialog->setFileMode(QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly);
     dialog->setLabelText(QFileDialog::Accept, qt(request.confirmTitle));
-    addMessage(dialog, request.message);
-    run(dialog, std::move(then));
+    run(dialog, request.files, std::move(then));
 }
 
 void QtPanels::saveFile(const SavePanelRequest& request,
                         std::function<void(std::optional<std::string>)> then) {
-    QFileDialog* dialog = makeFileDialog(request.title);
+    QFileDialog* dialog = makeFileDialog(request.title, request.files, {});
     dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setDefaultSuffix(qt(request.extension));
     dialog->setNameFilters(
         {nameFilter(request.extensionName, {request.extension}), QStringLiteral("All Files (*)")});
     dialog->selectFile(qt(request.suggestedName));
-    run(dialog, std::move(then));
+    dialog->setDefaultSuffix(qt(request.extension));
+    run(dialog, request.files, std::move(then));
 }
 
 void QtPanels::confirm(const ConfirmationRequest& request, std::function<void(bool)> then) {

@@ -10,7 +10,9 @@ class QFileDialog;
 
 namespace oakfen {
 
-/// The dialogs of the toolkit, modal to the window that has the sheet or the main screen.
+/// The dialogs of the toolkit, modal to the window that has the sheet or the main screen. Each
+/// kind of file panel begins in the folder of the last file of that kind, also after the next start
+/// of the program.
 class QtPanels final : public QObject, public Panels {
 public:
     /// The window that the panels belong to. Once only.
@@ -31,12 +33,12 @@ public:
 
 private:
     [[nodiscard]] QWidget* parentWindow() const;
-    [[nodiscard]] QFileDialog* makeFileDialog(const std::string& title) const;
-    void run(QFileDialog* dialog, std::function<void(std::optional<std::string>)> then);
+    [[nodiscard]] QFileDialog* makeFileDialog(const std::string& title, PanelFiles files,
+                                              const std::string& message) const;
+    void run(QFileDialog* dialog, PanelFiles files,
+             std::function<void(std::optional<std::string>)> then);
 
     QPointer<QWidget> window_;
-    /// Where the last file was; kept while the program runs, never on disk.
-    QString folder_;
 };
 
 } // namespace oakfen

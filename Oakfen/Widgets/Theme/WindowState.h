@@ -3,8 +3,9 @@
 #include <QString>
 #include <QVariant>
 
-/// How the windows stood when the program was left (geometry, column widths), in a small file of
-/// the person's state folder. Nothing of the ledger belongs here: no name, no id, no search.
+/// How the windows stood when the program was left (geometry, column widths, the folders that file
+/// panels begin in), in a small file of the person's state folder. Nothing of the ledger belongs
+/// here: no name, no id, no search.
 namespace oakfen::windowState {
 
 /// What was kept under that key; invalid when nothing was.

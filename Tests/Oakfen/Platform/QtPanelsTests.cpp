@@ -3,12 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QTemporaryDir>
+#include <QTreeView>
 #include <algorithm>
 #include <optional>
 #include <string>
@@ -29,7 +33,10 @@ protected:
         window.show();
         panels.setWindow(&window);
     }
-    ~QtPanelsWindow() override { QDir::home().rmdir(QStringLiteral("Downloads")); }
+    ~QtPanelsWindow() override {
+        QDir::home().rmdir(QStringLiteral("Downloads"));
+        QDir::home().rmdir(QStringLiteral("Documents"));
+    }
 
     [[nodiscard]] QFileDialog* shown() const {
         QApplication::processEvents();
@@ -42,6 +49,13 @@ protected:
              .extensions = {"csv", "qif"},
              .extensionsName = "Statements"},
             [this](const std::optional<std::string>& path) { answers.push_back(path); });
+    }
+    /// Chooses the file in the panel that is open.
+    void accept(const QString& file) {
+        QDialog* dialog = shown();
+        shown()->findChild<QLineEdit*>()->setText(file);
+        dialog->done(QDialog::Accepted);
+        settle();
     }
     void openFolder() {
         panels.openFolder(
@@ -115,6 +129,75 @@ TEST_F(QtPanelsWindow, AnswerWithTheChosenFileAndBeginThereNextTime) {
     openFile();
     ASSERT_NE(shown(), nullptr);
     EXPECT_EQ(shown()->directory().absolutePath(), folder.path());
+}
+
+TEST_F(QtPanelsWindow, RememberTheFolderOfEachKindOfFileAcrossStarts) {
+    QTemporaryDir statements;
+    QTemporaryDir exports;
+    openFile();
+    ASSERT_NE(shown(), nullptr);
+    accept(statements.filePath(QStringLiteral("march.csv")));
+    saveFile();
+    ASSERT_NE(shown(), nullptr);
+    EXPECT_EQ(shown()->directory().absolutePath(), QDir::homePath());
+    accept(exports.filePath(QStringLiteral("all.csv")));
+
+    QtPanels nextStart;
+    nextStart.setWindow(&window);
+    nextStart.openFile({.title = "Import", .extensions = {"csv"}}, [](const auto&) {});
+    ASSERT_NE(shown(), nullptr);
+    EXPECT_EQ(shown()->directory().absolutePath(), statements.path());
+    shown()->reject();
+    settle();
+    saveFile();
+    ASSERT_NE(shown(), nullptr);
+    EXPECT_EQ(shown()->directory().absolutePath(), exports.path());
+}
+
+TEST_F(QtPanelsWindow, RememberNoNameOfAFile) {
+    QTemporaryDir folder;
+    openFile();
+    ASSERT_NE(shown(), nullptr);
+    accept(folder.filePath(QStringLiteral("Ann Smith 4711.csv")));
+    QFile state(qEnvironmentVariable("XDG_STATE_HOME") + QStringLiteral("/Oakfen/Window.ini"));
+    ASSERT_TRUE(state.open(QIODevice::ReadOnly));
+    const QByteArray kept = state.readAll();
+    EXPECT_TRUE(kept.contains(folder.path().toUtf8()));
+    EXPECT_FALSE(kept.contains("4711"));
+}
+
+TEST_F(QtPanelsWindow, BeginWhereDocumentsAreKeptOnceTheRememberedFolderHasGone) {
+    QDir::home().mkdir(QStringLiteral("Documents"));
+    {
+        const QTemporaryDir gone;
+        saveFile();
+        ASSERT_NE(shown(), nullptr);
+        accept(gone.filePath(QStringLiteral("all.csv")));
+    }
+    saveFile();
+    ASSERT_NE(shown(), nullptr);
+    EXPECT_EQ(shown()->directory().absolutePath(),
+              QDir::home().filePath(QStringLiteral("Documents")));
+}
+
+TEST_F(QtPanelsWindow, NameTheKindsOfFileWithoutTheirEndings) {
+    openFile();
+    ASSERT_NE(shown(), nullptr);
+    const auto* kinds = shown()->findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+    ASSERT_NE(kinds, nullptr);
+    EXPECT_EQ(kinds->itemText(0), QStringLiteral("Statements"));
+    EXPECT_EQ(kinds->itemText(1), QStringLiteral("All Files"));
+}
+
+TEST_F(QtPanelsWindow, AreWideEnoughForAllTheirColumns) {
+    openFile();
+    ASSERT_NE(shown(), nullptr);
+    EXPECT_GE(shown()->width(), 800);
+    const auto* details = shown()->findChild<QTreeView*>(QStringLiteral("treeView"));
+    ASSERT_NE(details, nullptr);
+    EXPECT_TRUE(details->isVisible());
+    EXPECT_FALSE(details->horizontalScrollBar()->isVisible());
+    EXPECT_LE(details->header()->length(), details->viewport()->width());
 }
 
 TEST_F(QtPanelsWindow, AnswerWithNothingWhenTheyAreDismissed) {
