@@ -14,10 +14,12 @@
 #include <algorithm>
 #include <utility>
 
+#include "Oakfen/Platform/DesktopBus.h"
 #include "Oakfen/Widgets/Components/MessageBox.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Oakfen/Widgets/Theme/Theme.h"
 #include "Oakfen/Widgets/Theme/WindowState.h"
+#include "OakfenCore/Support/Text/Quotation.h"
 
 namespace oakfen {
 
@@ -74,7 +76,12 @@ void addMessage(QFileDialog* dialog, const std::string& message) {
     grid->addWidget(label, grid->rowCount(), 0, 1, grid->columnCount());
 }
 
-/// Wide enough for names, dates and sizes beside each other.
+/// Not the desktop's own.
+bool isOurs(const QFileDialog* dialog) {
+    return dialog->layout() != nullptr;
+}
+
+/// Wide enough for names, dates and sizes beside each other. Does nothing to the desktop's own.
 void dress(QFileDialog* dialog) {
     auto* details = dialog->findChild<QTreeView*>(QStringLiteral("treeView"));
     if (details == nullptr) {
@@ -111,7 +118,10 @@ QFileDialog* QtPanels::makeFileDialog(const std::string& title, PanelFiles files
                                       const std::string& message) const {
     // The folder belongs in here: a dialog without one begins in the program's working directory.
     auto* dialog = new QFileDialog(parentWindow(), qt(title), startFolder(files));
-    dialog->setOption(QFileDialog::DontUseNativeDialog);
+    // The desktop's own has no room for a message.
+    if (!message.empty() || !desktopBus::hasFileDialogs()) {
+        dialog->setOption(QFileDialog::DontUseNativeDialog);
+    }
     // "Statements" instead of every ending in small letters and capitals, cut off.
     dialog->setOption(QFileDialog::HideNameFilterDetails);
     dress(dialog);
@@ -164,8 +174,37 @@ void QtPanels::saveFile(const SavePanelRequest& request,
     dialog->setNameFilters(
         {nameFilter(request.extensionName, {request.extension}), QStringLiteral("All Files (*)")});
     dialog->selectFile(qt(request.suggestedName));
-    dialog->setDefaultSuffix(qt(request.extension));
-    run(dialog, request.files, std::move(then));
+    if (isOurs(dialog)) {
+        dialog->setDefaultSuffix(qt(request.extension));
+        run(dialog, request.files, std::move(then));
+        return;
+    }
+    // The desktop has asked about the name as it was typed, not about one with an extension.
+    run(dialog, request.files,
+        [this, extension = request.extension,
+         then = std::move(then)](const std::optional<std::string>& path) {
+            if (!path || !QFileInfo(qt(*path)).suffix().isEmpty()) {
+                then(path);
+                return;
+            }
+            replaceIfWanted(*path + "." + extension, then);
+        });
+}
+
+void QtPanels::replaceIfWanted(const std::string& path,
+                               std::function<void(std::optional<std::string>)> then) {
+    const QFileInfo file(qt(path));
+    if (!file.exists()) {
+        then(path);
+        return;
+    }
+    confirm({.title = "Replace " + oakfen::quoted(utf8(file.fileName())) + "?",
+             .message = "A file of that name is in the folder already.",
+             .confirmTitle = "Replace",
+             .isDestructive = true},
+            [path, then = std::move(then)](bool isConfirmed) {
+                then(isConfirmed ? std::optional(path) : std::nullopt);
+            });
 }
 
 void QtPanels::confirm(const ConfirmationRequest& request, std::function<void(bool)> then) {

@@ -10,9 +10,9 @@ class QFileDialog;
 
 namespace oakfen {
 
-/// The dialogs of the toolkit, modal to the window that has the sheet or the main screen. Each
-/// kind of file panel begins in the folder of the last file of that kind, also after the next start
-/// of the program.
+/// The dialogs of the toolkit, modal to the window that has the sheet or the main screen. A file
+/// panel without a message is the desktop's own where it has one. Each kind of file panel begins in
+/// the folder of the last file of that kind, also after the next start of the program.
 class QtPanels final : public QObject, public Panels {
 public:
     /// The window that the panels belong to. Once only.
@@ -37,6 +37,9 @@ private:
                                               const std::string& message) const;
     void run(QFileDialog* dialog, PanelFiles files,
              std::function<void(std::optional<std::string>)> then);
+    /// Answers with the path, of a file that is there only if the person agrees to replace it.
+    void replaceIfWanted(const std::string& path,
+                         std::function<void(std::optional<std::string>)> then);
 
     QPointer<QWidget> window_;
 };

@@ -21,6 +21,7 @@
 #include "Oakfen/Widgets/Shell/EventApplication.h"
 #include "Oakfen/Widgets/Shell/MainWindow.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
+#include "Oakfen/Widgets/Theme/DesktopAppearance.h"
 #include "Oakfen/Widgets/Theme/ProgramIcon.h"
 #include "Oakfen/Widgets/Theme/Theme.h"
 #include "Oakfen/Widgets/Theme/WindowState.h"
@@ -227,9 +228,18 @@ int runNamedFile(const std::optional<std::string>& name) {
     return runDataFile(dataFileChoice(files, std::nullopt, folder), choice.path);
 }
 
+/// Has the toolkit ask the desktop for its file dialogs; all else stays as the desktop sets it, and
+/// so does everything where the toolkit has no such plugin.
+void preferFileDialogsOfTheDesktop() {
+    if (hasSessionBus() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORMTHEME")) {
+        qputenv("QT_QPA_PLATFORMTHEME", "xdgdesktopportal");
+    }
+}
+
 } // namespace
 
 int runApplication(int& argumentCount, char** arguments) {
+    preferFileDialogsOfTheDesktop();
     const EventApplication application(argumentCount, arguments);
     QCoreApplication::setApplicationName(QStringLiteral("Oakfen"));
     QCoreApplication::setApplicationVersion(QStringLiteral(OAKFEN_VERSION));

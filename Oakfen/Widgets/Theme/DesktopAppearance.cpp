@@ -16,14 +16,13 @@ const QString interfaceName = QStringLiteral("org.freedesktop.portal.Settings");
 const QString appearanceGroup = QStringLiteral("org.freedesktop.appearance");
 const QString colorSchemeKey = QStringLiteral("color-scheme");
 
-/// Without this check the bus library would try to start a bus of its own.
+} // namespace
+
 bool hasSessionBus() {
     return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ||
            (!qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR") &&
             QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus")));
 }
-
-} // namespace
 
 DesktopAppearance::DesktopAppearance(std::function<void(bool)> changed, QObject* parent)
     : QObject(parent), changed_(std::move(changed)) {

@@ -6,6 +6,9 @@
 
 namespace oakfen {
 
+/// Whether there is a session bus. Where there is none, the bus library would try to start one.
+[[nodiscard]] bool hasSessionBus();
+
 /// Asks the desktop whether it prefers dark windows and listens for changes of that. Never waits
 /// for an answer; a desktop that can't tell simply never calls back.
 class DesktopAppearance final : public QObject {
