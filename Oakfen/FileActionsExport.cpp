@@ -51,6 +51,13 @@ std::vector<const Transaction*> pointers(std::span<const Transaction* const> ent
     return {entries.begin(), entries.end()};
 }
 
+void tellOfExport(AppEnvironment& environment, const std::string& path) {
+    environment.appState.showNotice(
+        {.text = "Exported to " + quoted(nameOf(path)),
+         .actionTitle = "Show in Files",
+         .action = [&environment, path] { environment.panels.showInFiles(path); }});
+}
+
 } // namespace
 
 void exportCSV(AppEnvironment& environment) {
@@ -100,7 +107,7 @@ void save(AppEnvironment& environment, const SavePanelRequest& request,
                 checkIsNotTheDataFile(files, path, dataFile);
                 writeOwnerOnly(files, makeText(), path);
             },
-            [] {});
+            [&environment, path = *path] { tellOfExport(environment, path); });
     });
 }
 

@@ -84,6 +84,9 @@ public:
     virtual void choose(const ChoiceRequest& request,
                         std::function<void(std::optional<std::size_t> choice)> then) = 0;
 
+    /// Shows a file in the desktop's file manager.
+    virtual void showInFiles(const std::string& path) = 0;
+
     /// Whether a dialog stands before the window and waits for the person: one of these, or
     /// another.
     [[nodiscard]] virtual bool isAsking() const = 0;

@@ -242,6 +242,10 @@ void QtPanels::choose(const ChoiceRequest& request,
     box->open();
 }
 
+void QtPanels::showInFiles(const std::string& path) {
+    desktopBus::showInFileManager(qt(path));
+}
+
 bool QtPanels::isAsking() const {
     return QApplication::activeModalWidget() != nullptr;
 }

@@ -27,6 +27,7 @@ public:
     void confirm(const ConfirmationRequest& request, std::function<void(bool)> then) override;
     void choose(const ChoiceRequest& request,
                 std::function<void(std::optional<std::size_t>)> then) override;
+    void showInFiles(const std::string& path) override;
     [[nodiscard]] bool isAsking() const override;
 
     bool eventFilter(QObject* watched, QEvent* event) override;

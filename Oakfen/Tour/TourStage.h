@@ -23,6 +23,7 @@ public:
                   std::function<void(std::optional<std::string>)>) override {}
     void confirm(const ConfirmationRequest&, std::function<void(bool)>) override {}
     void choose(const ChoiceRequest&, std::function<void(std::optional<std::size_t>)>) override {}
+    void showInFiles(const std::string&) override {}
     [[nodiscard]] bool isAsking() const override { return false; }
 };
 

@@ -44,6 +44,15 @@ TEST_F(ExportActions, SaveAllTransactionsAsCSV) {
               "2026-03-16,Everyday,,Rent,Uncategorized,,-1200,Uncleared,\n");
 }
 
+TEST_F(ExportActions, SayWhereTheFileIsAndShowItThere) {
+    exportCSVTo("/home/ann/all.csv");
+    ASSERT_TRUE(test.appState->notice());
+    EXPECT_EQ(test.appState->notice()->text, "Exported to “all.csv”");
+    EXPECT_EQ(test.appState->notice()->actionTitle, "Show in Files");
+    test.appState->notice()->action();
+    EXPECT_EQ(test.panels.shownInFiles, (std::vector<std::string>{"/home/ann/all.csv"}));
+}
+
 TEST_F(ExportActions, SaveTheSelectedAccountAsQIF) {
     test.appState->setSelection(SidebarItem::account(card.id));
     test.panels.path = "/home/ann/card.qif";

@@ -35,6 +35,7 @@ public:
     std::vector<SavePanelRequest> saveRequests;
     std::vector<ConfirmationRequest> confirmations;
     std::vector<ChoiceRequest> choiceRequests;
+    std::vector<std::string> shownInFiles;
     std::vector<std::function<void()>> pending;
 
     void openFile(const OpenPanelRequest& request,
@@ -61,6 +62,8 @@ public:
         choiceRequests.push_back(request);
         answer([this, then = std::move(then)] { then(choice); });
     }
+
+    void showInFiles(const std::string& file) override { shownInFiles.push_back(file); }
 
     [[nodiscard]] bool isAsking() const override { return asks; }
     /// The dialog that `asks` stood for has gone.
