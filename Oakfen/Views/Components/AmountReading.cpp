@@ -210,12 +210,12 @@ std::optional<std::string> amountDigits(std::string_view text,
             continue;
         }
         const bool isPoint = character == punctuation.decimal;
-        if (!isPlainDigit(character) && (!isPoint || number.find('.') != std::string::npos)) {
+        if (!isASCIIDigit(character) && (!isPoint || number.find('.') != std::string::npos)) {
             return std::nullopt;
         }
         number += isPoint ? '.' : character;
     }
-    return std::ranges::any_of(number, isPlainDigit) ? std::optional(number) : std::nullopt;
+    return std::ranges::any_of(number, isASCIIDigit) ? std::optional(number) : std::nullopt;
 }
 
 std::string exampleCalculation() {

@@ -130,7 +130,7 @@ std::optional<int> readDayStep(std::string_view text) {
     }
     const bool isBack = step.front() == '-';
     step = trimmingWhitespaces(step.substr(1));
-    if (step.empty() || !std::ranges::all_of(step, isPlainDigit)) {
+    if (step.empty() || !std::ranges::all_of(step, isASCIIDigit)) {
         return std::nullopt;
     }
     const auto days = number(step);
