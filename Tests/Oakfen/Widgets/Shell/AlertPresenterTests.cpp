@@ -6,6 +6,7 @@
 #include <cerrno>
 
 #include "Oakfen/Widgets/Theme/Bridge.h"
+#include "OakfenCore/Support/Files/WriteOwnerOnly.h"
 #include "OakfenCore/Support/Text/Quotation.h"
 #include "Tests/Oakfen/Widgets/WindowFixture.h"
 
