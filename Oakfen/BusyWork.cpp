@@ -5,6 +5,8 @@
 #include <optional>
 #include <utility>
 
+#include "OakfenCore/Support/Values/FailureText.h"
+
 namespace oakfen {
 
 void BusyWork::run(std::string message, std::function<void()> work, std::function<void()> then) {
@@ -33,7 +35,7 @@ void BusyWork::start(Job job) {
             try {
                 work();
             } catch (const std::exception& error) {
-                *failure = error.what();
+                *failure = failureText(error);
             }
         },
         [this, then = std::move(job.then), failure] {

@@ -8,6 +8,7 @@
 #include "OakfenCore/Models/LibraryCoding.h"
 #include "OakfenCore/Platform/UserFolders.h"
 #include "OakfenCore/SampleData/SampleData.h"
+#include "OakfenCore/Support/Values/FailureText.h"
 
 namespace oakfen {
 
@@ -146,7 +147,7 @@ void LibraryStore::saveNow() {
             }
         }
     } catch (const std::exception& error) {
-        state_->tellSaveFailed(error.what());
+        state_->tellSaveFailed(failureText(error));
     }
 }
 

@@ -5,6 +5,8 @@
 #include <mutex>
 #include <utility>
 
+#include "OakfenCore/Support/Values/FailureText.h"
+
 namespace oakfen {
 
 /// What the main thread and the worker share of one write.
@@ -23,7 +25,7 @@ struct BackgroundWriter::Job {
         try {
             write();
         } catch (const std::exception& exception) {
-            failure = exception.what();
+            failure = failureText(exception);
         }
         const std::scoped_lock lock(mutex);
         error = std::move(failure);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+
 #include "OakfenCore/Support/Values/LocalizedError.h"
 #include "Tests/Support/TestEnvironment.h"
 
@@ -31,6 +33,14 @@ TEST(BusyWork, TellsWhyItFailedAndGoesNoFurther) {
     EXPECT_EQ(test.appState->alertMessage(), "That is too much.");
     EXPECT_FALSE(test.appState->busyMessage());
     EXPECT_FALSE(hasGoneOn);
+}
+
+TEST(BusyWork, TellsOfAFailureThatIsNoneOfOursInPlainWords) {
+    TestEnvironment test;
+    test.busyWork->run(
+        "Counting…", [] { throw std::bad_alloc(); }, [] {});
+    test.scheduler.runBackground();
+    EXPECT_EQ(test.appState->alertMessage(), "There isn’t enough memory.");
 }
 
 TEST(BusyWork, GoesOnOneAtATimeAndInOrder) {

@@ -1,7 +1,6 @@
 #include "OakfenCore/Support/Files/FileCalls.h"
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 #include "OakfenCore/Support/Text/Quotation.h"
@@ -33,7 +32,8 @@ std::string above(const std::string& folder) {
     return slash == 0 ? "/" : folder.substr(0, slash);
 }
 
-/// Why it failed: in plain words for what happens to people, else in the system's.
+/// Why it failed, in plain words; never in the system's, which are made for programmers. What
+/// hardly ever happens has its number, by which whoever helps can look it up.
 std::string reason(std::string_view what, int code) {
     switch (code) {
     case ENOSPC:
@@ -67,10 +67,23 @@ std::string reason(std::string_view what, int code) {
     case EBUSY:
     case ETXTBSY:
         return "another program is using it";
+    case ELOOP:
+        return "its links lead round in a circle";
+    case ENOMEM:
+        return "there isn’t enough memory";
+    case EMFILE:
+    case ENFILE:
+        return "too many files are open";
+    case EINVAL:
+    case ENOSYS:
+    case ENOTSUP:
+        return "its disk can’t do that";
+    case ETIMEDOUT:
+    case EHOSTDOWN:
+    case EHOSTUNREACH:
+        return "its disk doesn’t answer";
     default:
-        // The description that does not follow the locale: Oakfen speaks English throughout.
-        const char* description = strerrordesc_np(code);
-        return description != nullptr ? description : "Unknown error";
+        return "error " + std::to_string(code) + " of the system";
     }
 }
 

@@ -71,8 +71,8 @@ FileInformation informationToRead(FileSystem& files, int descriptor, const std::
         throw failure(path, "couldn’t be read", EISDIR);
     }
     if (!information.isRegularFile) {
-        throw FileError(quoted(fileCalls::nameOf(path)) + " couldn’t be read: Not a regular file",
-                        EINVAL);
+        throw FileError(
+            quoted(fileCalls::nameOf(path)) + " couldn’t be read: it isn’t a regular file", EINVAL);
     }
     return information;
 }

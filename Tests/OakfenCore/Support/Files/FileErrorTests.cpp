@@ -30,9 +30,16 @@ TEST(FileError, TellsAFileThatIsMissingFromAFolderThatIs) {
     EXPECT_EQ(reasonFor(ENOENT, fileCalls::couldNotBeSaved), "its folder is gone");
 }
 
-TEST(FileError, LeavesWhatIsRareToTheSystemsWords) {
-    EXPECT_EQ(reasonFor(ELOOP), strerrordesc_np(ELOOP));
-    EXPECT_EQ(reasonFor(-1), "Unknown error");
+TEST(FileError, NeverUsesTheWordsOfTheSystem) {
+    constexpr int mostCodes = 200;
+    for (int code = -1; code < mostCodes; ++code) {
+        const std::string reason = reasonFor(code);
+        const char* const system = strerrordesc_np(code);
+        EXPECT_FALSE(reason.empty()) << code;
+        EXPECT_TRUE(system == nullptr || reason.find(system) == std::string::npos) << reason;
+    }
+    EXPECT_EQ(reasonFor(ELOOP), "its links lead round in a circle");
+    EXPECT_EQ(reasonFor(EXFULL), "error 54 of the system");
 }
 
 TEST(FileError, KeepsTheCode) {

@@ -135,7 +135,7 @@ TEST(SystemFiles, NameAFileWithEscapesForWhatCannotBeSeen) {
                 ::testing::StartsWith("“" + std::string(80, 'n') + "…” couldn’t"));
     ASSERT_EQ(::mkfifo((folder / "pipe\r").c_str(), 0600), 0);
     EXPECT_EQ(messageOnReading(folder / "pipe\r"),
-              "“pipe\\r” couldn’t be read: Not a regular file");
+              "“pipe\\r” couldn’t be read: it isn’t a regular file");
 }
 
 TEST(SystemFiles, KnowWhatIsThere) {
