@@ -80,7 +80,7 @@ std::string relativeDayDescription(Date date, Date now, const Calendar& calendar
         break;
     }
     if (days < 0) {
-        return std::to_string(-days) + " days overdue";
+        return countText(static_cast<std::size_t>(-days)) + " days overdue";
     }
     if (days < 7) {
         return "In " + std::to_string(days) + " days";

@@ -140,6 +140,8 @@ TEST(RelativeDay, CountsTheDaysOfTheComingWeek) {
 TEST(RelativeDay, SpeaksOfOverdueDaysFromTheSecondOn) {
     EXPECT_EQ(relative(day(2026, 3, 13)), "2 days overdue");
     EXPECT_EQ(relative(day(2026, 2, 15)), "28 days overdue");
+    const LocaleForTest locale("en_CA");
+    EXPECT_EQ(relative(day(2023, 3, 15)), "1,096 days overdue");
 }
 
 TEST(RelativeDay, CountsADayWhoseClockChangesAsOne) {
