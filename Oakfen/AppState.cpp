@@ -99,7 +99,8 @@ void AppState::setUnlocked(bool unlocked) {
     assign(isUnlocked_, unlocked, lockChanged);
 }
 
-void AppState::setAlertMessage(std::optional<std::string> message) {
+void AppState::setAlertMessage(std::optional<std::string> message, std::string title) {
+    alertTitle_ = std::move(title);
     assign(alertMessage_, std::move(message), alertChanged);
 }
 

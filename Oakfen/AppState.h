@@ -103,6 +103,9 @@ struct Notice {
     bool isOfLastChange = false;
 };
 
+/// Over a message that says by itself what has happened.
+inline constexpr std::string_view usualAlertTitle = "Oakfen";
+
 /// The navigation state: all that screens and commands tell each other. A write of an equal value
 /// notifies nobody. Lives on the main thread.
 class AppState {
@@ -124,7 +127,10 @@ public:
 
     /// While present, an alert shows this text.
     [[nodiscard]] const std::optional<std::string>& alertMessage() const { return alertMessage_; }
-    void setAlertMessage(std::optional<std::string> message);
+    /// What stands over it: what has happened, or the program's name.
+    [[nodiscard]] const std::string& alertTitle() const { return alertTitle_; }
+    void setAlertMessage(std::optional<std::string> message,
+                         std::string title = std::string(usualAlertTitle));
 
     /// While present, a progress pill shows this text over the main screen.
     [[nodiscard]] const std::optional<std::string>& busyMessage() const { return busyMessage_; }
@@ -163,6 +169,7 @@ private:
     std::optional<ActiveSheet> sheet_;
     bool isUnlocked_ = true;
     std::optional<std::string> alertMessage_;
+    std::string alertTitle_;
     std::optional<std::string> busyMessage_;
     std::optional<Notice> notice_;
     std::vector<WaitingWork> waiting_;

@@ -107,7 +107,8 @@ void save(AppEnvironment& environment, const SavePanelRequest& request,
                 checkIsNotTheDataFile(files, path, dataFile);
                 writeOwnerOnly(files, makeText(), path);
             },
-            [&environment, path = *path] { tellOfExport(environment, path); });
+            [&environment, path = *path] { tellOfExport(environment, path); },
+            "The export couldn’t be saved");
     });
 }
 

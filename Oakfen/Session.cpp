@@ -73,7 +73,7 @@ void Session::tellOfVersionsBeside() {
     for (std::size_t position = 0; position < names.size(); ++position) {
         text += (position == 0 ? "" : ", ") + quoted(names[position]);
     }
-    appState_.setAlertMessage(text + ".");
+    appState_.setAlertMessage(text + ".", "Changes of an earlier session weren’t saved");
 }
 
 } // namespace oakfen
