@@ -175,6 +175,7 @@ void MainWindow::refreshCover() {
     }
     cover_ = cover;
     refreshTitle();
+    notice_->setScreenHidden(isObscured);
     splitter_->setEnabled(!isObscured);
     if (isObscured) {
         sheets_->setObscured(true);

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QLabel>
+#include <QTest>
 #include <QTimer>
 #include <QToolButton>
 
@@ -66,6 +68,75 @@ TEST_F(NoticeWidgetTest, IsDismissedByItsButton) {
     testing::settle();
     EXPECT_FALSE(widget()->isVisible());
     EXPECT_FALSE(test->appState->notice());
+}
+
+TEST_F(NoticeWidgetTest, SaysNothingOfTheLedgerWhileTheScreenIsLocked) {
+    show({.text = "Exported to “Everyday.qif”"});
+    test->defaults.set(settings::requireAuthentication, true);
+    test->appState->setUnlocked(false);
+    testing::settle();
+    EXPECT_FALSE(widget()->isVisible());
+    show({.text = "3 transactions imported"});
+    EXPECT_FALSE(widget()->isVisible());
+    EXPECT_FALSE(goesByItself());
+    test->appState->setUnlocked(true);
+    testing::settle();
+    EXPECT_TRUE(widget()->isVisible());
+    EXPECT_EQ(text(), QStringLiteral("3 transactions imported"));
+    EXPECT_TRUE(goesByItself());
+}
+
+TEST_F(NoticeWidgetTest, TellsOfWhatIsStillSoAlsoWhileTheScreenIsLocked) {
+    test->defaults.set(settings::requireAuthentication, true);
+    test->appState->setUnlocked(false);
+    show({.text = "Not saved.", .stays = true});
+    EXPECT_TRUE(widget()->isVisible());
+}
+
+TEST_F(NoticeWidgetTest, GoesWithEscapeAndGivesTheKeyboardBack) {
+    window->activateWindow();
+    sidebar()->setFocus();
+    show({.text = "One.", .actionTitle = "Undo"});
+    button(QStringLiteral("Undo"))->setFocus();
+    QTest::keyClick(button(QStringLiteral("Undo")), Qt::Key_Escape);
+    testing::settle();
+    EXPECT_FALSE(test->appState->notice());
+    EXPECT_TRUE(sidebar()->hasFocus());
+}
+
+TEST_F(NoticeWidgetTest, GivesTheKeyboardBackAfterItsAction) {
+    window->activateWindow();
+    sidebar()->setFocus();
+    show({.text = "One.", .actionTitle = "Undo"});
+    button(QStringLiteral("Undo"))->setFocus();
+    QTest::keyClick(button(QStringLiteral("Undo")), Qt::Key_Space);
+    testing::settle();
+    EXPECT_FALSE(widget()->isVisible());
+    EXPECT_TRUE(sidebar()->hasFocus());
+}
+
+/// What came by ear, in order.
+QStringList told;
+
+void remember(QAccessibleEvent* event) {
+    auto* notice = qobject_cast<NoticeWidget*>(event->object());
+    if (notice != nullptr && event->type() == QAccessible::ObjectShow) {
+        told.append(notice->accessibleName());
+    }
+}
+
+TEST_F(NoticeWidgetTest, IsToldByEarWheneverItComes) {
+    QAccessible::setActive(true);
+    told.clear();
+    const auto earlier = QAccessible::installUpdateHandler(remember);
+    show({.text = "One."});
+    show({.text = "Two."});
+    QAccessible::installUpdateHandler(earlier);
+    EXPECT_EQ(told, QStringList({QStringLiteral("One."), QStringLiteral("Two.")}));
+    const QAccessibleInterface* byEar = QAccessible::queryAccessibleInterface(widget());
+    ASSERT_NE(byEar, nullptr);
+    EXPECT_EQ(byEar->role(), QAccessible::Notification);
+    EXPECT_EQ(byEar->text(QAccessible::Name), QStringLiteral("Two."));
 }
 
 TEST_F(NoticeWidgetTest, WrapsALongTextInsideTheWindow) {
