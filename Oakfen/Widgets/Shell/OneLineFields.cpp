@@ -23,11 +23,14 @@ public:
     }
 
 private:
-    static QString onOneLine(QString text) {
-        text.replace(QLatin1String("\r\n"), QLatin1String(" "));
+    [[nodiscard]] QString onOneLine(QString text) const {
+        // A blank in a password is one that nobody sees and no password has meant.
+        const QString instead =
+            field_.echoMode() == QLineEdit::Normal ? QStringLiteral(" ") : QString();
+        text.replace(QLatin1String("\r\n"), instead);
         for (const char16_t breaking :
              {u'\n', u'\r', u'\v', u'\f', u'\x85', u'\u2028', u'\u2029'}) {
-            text.replace(QChar(breaking), QLatin1Char(' '));
+            text.replace(QChar(breaking), instead);
         }
         return text;
     }

@@ -5,7 +5,8 @@
 namespace oakfen {
 
 /// Keeps what is pasted or dropped into a field of one line on that line: a blank stands in the
-/// place of each line break. What a record holds is left as it is until the person edits it.
+/// place of each line break, and nothing in a password. What a record holds is left as it is until
+/// the person edits it.
 class OneLineFields final : public QObject {
     Q_OBJECT
 

@@ -62,5 +62,12 @@ TEST_F(OneLineField, LeavesTextOfOneLineAndItsUndoAlone) {
     EXPECT_EQ(field->text(), QString());
 }
 
+TEST_F(OneLineField, TakesThePasswordOutOfACopiedLine) {
+    field->setEchoMode(QLineEdit::Password);
+    QGuiApplication::clipboard()->setText(QStringLiteral("open sesame\n"));
+    field->paste();
+    EXPECT_EQ(field->text(), QStringLiteral("open sesame"));
+}
+
 } // namespace
 } // namespace oakfen
