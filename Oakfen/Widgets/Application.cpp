@@ -33,6 +33,9 @@ namespace oakfen {
 
 namespace {
 
+/// Names the plugin by which the toolkit asks the desktop.
+constexpr auto platformTheme = "QT_QPA_PLATFORMTHEME";
+
 /// What a session works with on this machine, and what stands around it: the window, quitting, the
 /// system's signals.
 class Program {
@@ -229,18 +232,21 @@ int runNamedFile(const std::optional<std::string>& name) {
 }
 
 /// Has the toolkit ask the desktop for its file dialogs; all else stays as the desktop sets it, and
-/// so does everything where the toolkit has no such plugin.
-void preferFileDialogsOfTheDesktop() {
-    if (hasSessionBus() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORMTHEME")) {
-        qputenv("QT_QPA_PLATFORMTHEME", "xdgdesktopportal");
-    }
+/// so does everything where the toolkit has no such plugin. Whether the environment was changed.
+bool preferFileDialogsOfTheDesktop() {
+    return hasSessionBus() && !qEnvironmentVariableIsSet(platformTheme) &&
+           qputenv(platformTheme, "xdgdesktopportal");
 }
 
 } // namespace
 
 int runApplication(int& argumentCount, char** arguments) {
-    preferFileDialogsOfTheDesktop();
+    const bool isThemeOurs = preferFileDialogsOfTheDesktop();
     const EventApplication application(argumentCount, arguments);
+    if (isThemeOurs) {
+        // Or a file manager that is started from here would look as none does otherwise.
+        qunsetenv(platformTheme);
+    }
     QCoreApplication::setApplicationName(QStringLiteral("Oakfen"));
     QCoreApplication::setApplicationVersion(QStringLiteral(OAKFEN_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral("oakfen"));
