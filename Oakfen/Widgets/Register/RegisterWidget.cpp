@@ -29,7 +29,7 @@ RegisterWidget::RegisterWidget(AppEnvironment& environment, const UUID& accountI
         view_.showHidden();
         table()->setFocus(Qt::OtherFocusReason);
     };
-    header_->searchLeft = [this] { table()->setFocus(Qt::OtherFocusReason); };
+    header_->searchLeft = [this] { setFocus(Qt::OtherFocusReason); };
     changed_ = view_.changed.observe([this] { showContent(); });
     showContent();
     setFocusProxy(entries_);
