@@ -80,7 +80,8 @@ TEST_F(FirstStartTest, OffersToProtectAFileThatIsThereAlready) {
     ASSERT_NE(shown<GateWidget>(), nullptr);
     bool isFailureTold = false;
     for (const QLabel* label : shown<GateWidget>()->findChildren<QLabel*>()) {
-        isFailureTold |= label->isVisible() && label->text().contains(QStringLiteral("space"));
+        isFailureTold |=
+            label->isVisible() && label->text().contains(QStringLiteral("the disk is full"));
     }
     EXPECT_TRUE(isFailureTold);
 }
@@ -113,7 +114,9 @@ TEST_F(FirstStartTest, TellsAFailureUnderTheFieldsAndAboveTheButtons) {
     };
     const QLabel* told = nullptr;
     for (const QLabel* label : shown<GateWidget>()->findChildren<QLabel*>()) {
-        told = label->isVisible() && label->text().contains(QStringLiteral("space")) ? label : told;
+        told = label->isVisible() && label->text().contains(QStringLiteral("the disk is full"))
+                   ? label
+                   : told;
     }
     ASSERT_NE(told, nullptr);
     const auto fields = shown<GateWidget>()->findChildren<QLineEdit*>();
