@@ -54,7 +54,7 @@ std::string unknownCategoriesNote(const std::vector<ImportReviewRow>& rows) {
 void tellOfImport(AppEnvironment& environment, std::size_t added) {
     if (added == 0) {
         environment.appState.showNotice(
-            {.text = "Nothing was imported: all of it is in the account already"});
+            {.text = "Nothing was imported: what is ticked is in the account already"});
         return;
     }
     environment.appState.showNotice(

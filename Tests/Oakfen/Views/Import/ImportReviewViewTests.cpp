@@ -224,7 +224,7 @@ TEST_F(ImportReview, MarksEveryLineOfAFileThatComesAgainAndAddsNone) {
     again.importLines();
     EXPECT_EQ(test_.library().transactions.size(), 3U);
     EXPECT_EQ(test_.appState->notice()->text,
-              "Nothing was imported: all of it is in the account already");
+              "Nothing was imported: what is ticked is in the account already");
     EXPECT_EQ(test_.appState->notice()->actionTitle, "");
     EXPECT_FALSE(test_.undoManager->canUndo());
 }
