@@ -64,8 +64,9 @@ Library decodeOtherVersion(const std::string& bytes) {
     try {
         return decodeLibrary(bytes);
     } catch (const LocalizedError& error) {
-        throw LocalizedError("The other version couldn’t be read: " + error.localizedDescription() +
-                             ".");
+        const std::string reason = error.localizedDescription();
+        throw LocalizedError("The other version couldn’t be read: " + reason +
+                             (reason.ends_with('.') ? "" : "."));
     }
 }
 

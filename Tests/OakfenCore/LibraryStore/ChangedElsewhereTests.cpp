@@ -489,6 +489,20 @@ TEST_F(ChangedElsewhereTest, AnOtherVersionThatCannotBeDecodedStaysUntouched) {
     EXPECT_EQ(files.contents(path), "{\"accounts\":[");
 }
 
+TEST_F(ChangedElsewhereTest, TellsWhyAnOtherVersionCannotBeDecodedInOneSentence) {
+    LibraryStore& store = openAndCollide();
+    files.addFile(path, "{\"accounts\":[");
+    EXPECT_EQ(messageOf([&] { store.openOtherVersion(); }),
+              "The other version couldn’t be read: its contents are damaged.");
+    std::string newer = theirs();
+    newer.replace(newer.find("\"version\":1"), std::string("\"version\":1").size(),
+                  "\"version\":2");
+    files.addFile(path, newer);
+    EXPECT_EQ(messageOf([&] { store.openOtherVersion(); }),
+              "The other version couldn’t be read: "
+              "This file was created by a newer version of Oakfen.");
+}
+
 TEST_F(ChangedElsewhereTest, AProtectedOtherVersionStaysUntouched) {
     LibraryStore& store = openAndCollide();
     files.addFile(path, "OAKFEN-ENC-3 and more");
