@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSplitter>
 #include <QStandardPaths>
 #include <QTreeView>
 #include <algorithm>
@@ -88,10 +89,15 @@ void dress(QFileDialog* dialog) {
         return;
     }
     constexpr QSize usualSize(920, 560);
+    constexpr int placesWidth = 180;
     dialog->resize(usualSize);
     dialog->setViewMode(QFileDialog::Detail);
     details->header()->setStretchLastSection(false);
+    details->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     details->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    if (auto* places = dialog->findChild<QSplitter*>(QStringLiteral("splitter"))) {
+        places->setSizes({placesWidth, usualSize.width() - placesWidth});
+    }
     details->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
 

@@ -198,6 +198,10 @@ TEST_F(QtPanelsWindow, AreWideEnoughForAllTheirColumns) {
     EXPECT_TRUE(details->isVisible());
     EXPECT_FALSE(details->horizontalScrollBar()->isVisible());
     EXPECT_LE(details->header()->length(), details->viewport()->width());
+    const QAbstractItemView& view = *details;
+    for (int column = 1; column < details->header()->count(); ++column) {
+        EXPECT_GE(details->header()->sectionSize(column), view.sizeHintForColumn(column)) << column;
+    }
 }
 
 TEST_F(QtPanelsWindow, AnswerWithNothingWhenTheyAreDismissed) {
