@@ -19,15 +19,12 @@ void reconcile(Library& library, const UUID& accountID, const UUIDSet& transacti
                                     .cleared = ClearedState::reconciled});
 }
 
-void keepTicks(Library& library, const UUID& accountID, const UUIDSet& tickedIDs, Date end) {
+void keepTicks(Library& library, const UUID& accountID, const UUIDSet& tickedIDs) {
     const auto newState = [&](const Transaction& entry) {
         if (entry.accountID != accountID || entry.cleared == ClearedState::reconciled) {
             return entry.cleared;
         }
-        if (tickedIDs.contains(entry.id)) {
-            return ClearedState::cleared;
-        }
-        return entry.date <= end ? ClearedState::uncleared : entry.cleared;
+        return tickedIDs.contains(entry.id) ? ClearedState::cleared : ClearedState::uncleared;
     };
     library.transactions.editWhere(
         [&](const Transaction& entry) { return newState(entry) != entry.cleared; },

@@ -10,8 +10,8 @@ void reconcile(Library& library, const UUID& accountID, const UUIDSet& transacti
                Date statementDate, const Decimal& adjustment);
 
 /// Keeps a matching that isn't finished: of the account's entries that are not reconciled, the
-/// ticked ones become cleared, and the others up to `end` uncleared. Later ones, which the person
-/// did not see, stay as they are unless they are ticked.
-void keepTicks(Library& library, const UUID& accountID, const UUIDSet& tickedIDs, Date end);
+/// ticked ones become cleared and the others uncleared, whatever their dates, so that the ticks are
+/// found in the states alone.
+void keepTicks(Library& library, const UUID& accountID, const UUIDSet& tickedIDs);
 
 } // namespace oakfen

@@ -84,9 +84,8 @@ void ReconcileView::followHint() {
 
 void ReconcileView::saveForLater() {
     stopFollowingLibrary();
-    environment_.store.mutate("Save for Later", [&](Library& library) {
-        keepTicks(library, accountID_, checked_, end());
-    });
+    environment_.store.mutate("Save for Later",
+                              [&](Library& library) { keepTicks(library, accountID_, checked_); });
 }
 
 void ReconcileView::finish() {

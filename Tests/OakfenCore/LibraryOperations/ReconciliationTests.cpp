@@ -64,13 +64,10 @@ TEST(Reconciliation, LeavesAReconciledEntryReconciled) {
     EXPECT_EQ(ledger.library, before);
 }
 
-TEST(KeepingTicks, ClearsTheTickedAndUnclearsTheOthersUpToTheEnd) {
+TEST(KeepingTicks, ClearsTheTickedAndUnclearsTheOthers) {
     Ledger ledger;
-    const Transaction later{
-        .id = UUID::random(), .accountID = ledger.account, .date = Date{10}, .amount = Decimal(-1)};
-    upsert(ledger.library, later);
-    setCleared(ledger.library, ClearedState::cleared, {ledger.moved.id, later.id});
-    keepTicks(ledger.library, ledger.account, {ledger.payment.id}, Date{5});
+    setCleared(ledger.library, ClearedState::cleared, {ledger.moved.id});
+    keepTicks(ledger.library, ledger.account, {ledger.payment.id});
     const auto stateOf = [&](const Transaction& entry) {
         return ledger.library.transactions
             .first([&](const Transaction& each) { return each.id == entry.id; })
@@ -78,19 +75,15 @@ TEST(KeepingTicks, ClearsTheTickedAndUnclearsTheOthersUpToTheEnd) {
     };
     EXPECT_EQ(stateOf(ledger.payment), ClearedState::cleared);
     EXPECT_EQ(stateOf(ledger.moved), ClearedState::uncleared);
-    EXPECT_EQ(stateOf(later), ClearedState::cleared);
 }
 
 /// What `keepTicks` may do to an entry.
 void expectKept(const Transaction& before, const Transaction& after, const UUID& accountID,
-                const UUIDSet& ticked, Date end) {
+                const UUIDSet& ticked) {
     Transaction expected = before;
     if (before.accountID == accountID && before.cleared != ClearedState::reconciled) {
-        if (ticked.contains(before.id)) {
-            expected.cleared = ClearedState::cleared;
-        } else if (before.date <= end) {
-            expected.cleared = ClearedState::uncleared;
-        }
+        expected.cleared =
+            ticked.contains(before.id) ? ClearedState::cleared : ClearedState::uncleared;
     }
     EXPECT_EQ(after, expected);
 }
@@ -108,18 +101,17 @@ TEST(KeepingTicks, ChangesOnlyTheStatesOfTheAccountsOpenEntriesInAnyLedger) {
                 ticked.insert(entry.id);
             }
         }
-        const Date end = random.date();
         Library after = before;
-        keepTicks(after, account, ticked, end);
+        keepTicks(after, account, ticked);
         ASSERT_EQ(after.transactions.size(), before.transactions.size());
         for (std::size_t each = 0; each < before.transactions.size(); ++each) {
-            expectKept(before.transactions[each], after.transactions[each], account, ticked, end);
+            expectKept(before.transactions[each], after.transactions[each], account, ticked);
         }
         Library rest = after;
         rest.transactions = before.transactions;
         EXPECT_EQ(rest, before);
         Library again = after;
-        keepTicks(again, account, ticked, end);
+        keepTicks(again, account, ticked);
         EXPECT_EQ(again, after);
     }
 }

@@ -217,6 +217,17 @@ TEST_F(Reconciling, KeepsTheTicksForLaterInOneStep) {
     EXPECT_FALSE(test.undoManager->canUndo());
 }
 
+TEST_F(Reconciling, KeepsForLaterThatATickOfALaterDayWasTakenAway) {
+    test.store->mutate("Mark Cleared", [this](Library& library) {
+        setCleared(library, ClearedState::cleared, {rent.id});
+    });
+    ReconcileView ticking(*test, everyday.id);
+    ASSERT_TRUE(ticking.checked().contains(rent.id));
+    ticking.unmarkAll();
+    ticking.saveForLater();
+    EXPECT_TRUE(ReconcileView(*test, everyday.id).checked().empty());
+}
+
 TEST_F(Reconciling, LeavesNoStepWhenTheTicksAreAsTheyWere) {
     sheet.saveForLater();
     EXPECT_FALSE(test.undoManager->canUndo());
@@ -234,8 +245,11 @@ TEST_F(Reconciling, ComesBackToTheTicksThatWereKeptInAnyLedger) {
         const Decimal reconciled = test.index().reconciledBalance(account);
 
         ReconcileView ticking(*test, account);
-        // After the last entry, so that all of them are shown.
-        ticking.setStatementDate(Date::distantFuture().adding(2e12));
+        if (random.chance(4)) {
+            ticking.unmarkAll();
+        }
+        // Those that the date hides keep their ticks.
+        ticking.setStatementDate(random.date());
         const auto shown = ticking.content();
         for (const ReconcileRow* row : shown->table->rows()) {
             ticking.setChecked({row->id}, random.chance(2));
