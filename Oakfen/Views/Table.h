@@ -19,6 +19,8 @@ struct Cell {
     std::string text;
     /// More text after the first, in the secondary tone.
     std::string detail = {};
+    /// Where not both have room, the text is cut and the detail is not.
+    bool keepsDetail = false;
     /// The name of an icon that stands instead of the text.
     std::string symbolName = {};
     std::string toolTip = {};

@@ -58,12 +58,15 @@ void dressCategory(Cell& cell, const ImportReviewRow& row, const CellContext& co
     if (row.namesUnknownCategory) {
         const std::string name = quoted(*row.item->categoryName);
         cell.detail = "not " + name;
-        const std::string reason = name + " isn’t one of your categories";
-        cell.description = linesOf({reason, cell.description});
-        cell.toolTip = linesOf({reason, cell.toolTip});
+        cell.keepsDetail = true;
+        std::string reason = name + " isn’t one of your categories";
         if (row.comesIn()) {
             cell.tone = TextTone::warning;
+            // Whole, since the remark may leave it little room.
+            reason += row.category ? "\nFiled as its payee was last: " + cell.text : std::string();
         }
+        cell.description = linesOf({reason, cell.description});
+        cell.toolTip = linesOf({reason, cell.toolTip});
     }
 }
 
@@ -92,7 +95,7 @@ const Columns<ImportReviewRow>& importReviewColumns() {
          .value =
              LineColumn::Text{[](const Row& row) -> std::string_view { return row.item->payee; }},
          .dress = dressPayee},
-        {.head = {.id = "category", .title = "Category", .width = 210, .least = 110},
+        {.head = {.id = "category", .title = "Category", .width = 240, .least = 130},
          .value = LineColumn::Text{[](const Row& row) -> std::string_view {
              return row.category.value_or(uncategorizedName);
          }},

@@ -5,6 +5,7 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <algorithm>
 
 #include "Oakfen/Widgets/Components/Figures.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
@@ -33,14 +34,22 @@ QColor colorOf(TextTone tone, bool isSelected) {
     return Theme::color(isSelected && isNeutral ? ThemeColor::onSelection : themeColor(tone));
 }
 
+/// How much of the width is for the text, whose first letters are seen whatever comes after it.
+int roomOfText(const QFontMetrics& metrics, const QString& detail, int width) {
+    const int rest = width - metrics.horizontalAdvance(detail) - LedgerDelegate::margin;
+    return std::clamp(rest, width / 3, width);
+}
+
 void drawText(QPainter& painter, const QRect& rect, const QModelIndex& index, bool isSelected) {
     const QFontMetrics metrics(painter.font());
-    const QString text = metrics.elidedText(index.data().toString(), Qt::ElideRight, rect.width());
+    const QString detail = index.data(LedgerDelegate::DetailRole).toString();
+    const bool keepsDetail = index.data(LedgerDelegate::KeepsDetailRole).toBool();
+    const int room = keepsDetail ? roomOfText(metrics, detail, rect.width()) : rect.width();
+    const QString text = metrics.elidedText(index.data().toString(), Qt::ElideRight, room);
     constexpr int flags = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine;
     painter.setPen(colorOf(toneOf(index), isSelected));
     painter.drawText(rect, flags, text);
 
-    const QString detail = index.data(LedgerDelegate::DetailRole).toString();
     const int used = metrics.horizontalAdvance(text) + LedgerDelegate::margin;
     const QRect rest = rect.adjusted(used, 0, 0, 0);
     if (!detail.isEmpty() && rest.width() > metrics.averageCharWidth() * 3) {

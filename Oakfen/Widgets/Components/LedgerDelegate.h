@@ -18,6 +18,8 @@ public:
         FiguresRole,
         /// More text after the first, in the secondary tone.
         DetailRole,
+        /// True where the detail must not be cut for the text.
+        KeepsDetailRole,
         /// The name of an icon that stands instead of a text.
         SymbolRole,
         /// True for a heading or a total among the rows, which is set off by its weight.

@@ -178,6 +178,8 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
         return content_->isOfFigures(place(index.column()));
     case LedgerDelegate::DetailRole:
         return qt(cell(index).detail);
+    case LedgerDelegate::KeepsDetailRole:
+        return cell(index).keepsDetail;
     case LedgerDelegate::SymbolRole:
         return qt(cell(index).symbolName);
     case LedgerDelegate::StrongRole: {

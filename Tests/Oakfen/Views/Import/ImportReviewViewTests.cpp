@@ -329,6 +329,9 @@ TEST_F(ImportReview, ShowsTheCategoryThatALineIsGoingToHave) {
     EXPECT_EQ(cell(view, 3, "category").toolTip, "“Medical” isn’t one of your categories");
     EXPECT_EQ(cell(view, 4, "category").text, "Food");
     EXPECT_EQ(cell(view, 4, "category").detail, "not “Medical”");
+    EXPECT_TRUE(cell(view, 4, "category").keepsDetail);
+    EXPECT_EQ(cell(view, 4, "category").toolTip,
+              "“Medical” isn’t one of your categories\nFiled as its payee was last: Food");
 }
 
 TEST_F(ImportReview, NamesTheCategoriesThatAreMissing) {

@@ -236,6 +236,30 @@ TEST_F(ImportReviewSheet, GivesItsMarkNoMoreRoomThanItNeeds) {
     EXPECT_LT(table()->columnWidth(Column::Mark), word);
 }
 
+TEST_F(ImportReviewSheet, CutsACategoryAndNotTheNameThatTheStatementHas) {
+    const auto home = testing::makeCategory("A home of a very long name indeed");
+    const auto repairs =
+        testing::makeCategory("Repairs of all kinds", CategoryKind::expense, home.id);
+    test_.store->mutate("Add", [&](Library& library) {
+        library.categories.push_back(home);
+        library.categories.push_back(repairs);
+        Transaction before = testing::makeTransaction(savings_.id, day(2026, 1, 1), "Bakery", "-9");
+        before.categoryID = repairs.id;
+        upsert(library, before);
+    });
+    // Those that are named alike up to their ends look alike only where these are cut off.
+    const auto drawn = [this](const char* category) {
+        category_ = category;
+        show();
+        const QRect place = table()->visualRect(table()->model()->index(0, Column::Category));
+        return table()->viewport()->grab(place).toImage();
+    };
+    EXPECT_NE(drawn("Medical 1"), drawn("Medical 2"));
+    EXPECT_NE(cell(0, Column::Category, Qt::ToolTipRole)
+                  .find("A home of a very long name indeed: Repairs of all kinds"),
+              std::string::npos);
+}
+
 TEST_F(ImportReviewSheet, DrawsTheTickOfADuplicateOtherwise) {
     show();
     const auto tick = [this](int row) {
