@@ -152,6 +152,7 @@ ImportReviewContent ImportReviewView::derive(const ImportReviewContent* earlier)
                                 .moneyIn = total(rows, &Decimal::isPositive),
                                 .moneyOut = total(rows, &Decimal::isNegative),
                                 .note = unknownCategoriesNote(rows),
+                                .hasDuplicates = known > 0,
                                 .canTick = included_.size() < rows.size(),
                                 .canUntick = !included_.empty()};
     // The rows point into both.

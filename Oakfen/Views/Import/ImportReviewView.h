@@ -24,6 +24,8 @@ struct ImportReviewContent {
     /// Which categories the lines name that the document doesn't have, and what becomes of these;
     /// empty where there is none.
     std::string note;
+    /// Whether the account has any of the lines.
+    bool hasDuplicates = false;
     /// Whether a line is left to be ticked, and one whose tick can be taken away.
     bool canTick = false;
     bool canUntick = false;

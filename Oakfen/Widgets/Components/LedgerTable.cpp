@@ -117,6 +117,16 @@ void LedgerTable::setTable(TableModel& model, const QString& stateKey) {
     setColumnWidths(stateKey, widths, stretched, yielding);
 }
 
+void LedgerTable::setColumnShown(int column, bool isShown) {
+    if (isShown == !isColumnHidden(column)) {
+        return;
+    }
+    isFitting_ = true;
+    setColumnHidden(column, !isShown);
+    isFitting_ = false;
+    fitColumns();
+}
+
 void LedgerTable::measureWholeTexts() {
     const QList<int> before = leastWidths_;
     leastWidths_.clear();
@@ -204,7 +214,9 @@ void LedgerTable::changeEvent(QEvent* event) {
 QList<int> LedgerTable::fittedWidths(int dragged) const {
     QList<int> widths = widths_;
     for (qsizetype column = 0; column < widths.size(); ++column) {
-        widths[column] = std::max(widths[column], leastWidths_[column]);
+        widths[column] = isColumnHidden(static_cast<int>(column))
+                             ? 0
+                             : std::max(widths[column], leastWidths_[column]);
     }
     int lack = std::accumulate(widths.begin(), widths.end(), -viewport()->width());
     if (lack < 0) {
@@ -239,7 +251,9 @@ void LedgerTable::fitColumns(int dragged) {
     const QList<int> widths = fittedWidths(dragged);
     isFitting_ = true;
     for (int column = 0; column < static_cast<int>(widths.size()); ++column) {
-        setColumnWidth(column, widths[column]);
+        if (!isColumnHidden(column)) {
+            setColumnWidth(column, widths[column]);
+        }
     }
     isFitting_ = false;
 }

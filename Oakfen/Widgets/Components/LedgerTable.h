@@ -33,6 +33,9 @@ public:
     /// Shows the model, with the widths and the searched column that its columns declare.
     void setTable(TableModel& model, const QString& stateKey);
 
+    /// Shows a column, or gives its room to the others while it has nothing to show.
+    void setColumnShown(int column, bool isShown);
+
     /// The column that is searched for what the person types into the table.
     void setSearchColumn(int column) { searchColumn_ = column; }
     /// Whether the next letter goes on with such a search.

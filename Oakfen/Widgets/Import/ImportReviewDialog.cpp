@@ -99,6 +99,8 @@ void ImportReviewDialog::addFooter() {
 void ImportReviewDialog::showContent() {
     const auto shown = view_.content();
     model_->show(shown->table);
+    const auto markColumn = static_cast<int>(columnNamed(*shown->table, "mark").value());
+    table_->setColumnShown(markColumn, shown->hasDuplicates);
     setSubtitle(qt(shown->summary));
     note_->showHint(qt(shown->note));
     tickAll_->setEnabled(shown->canTick);

@@ -231,9 +231,15 @@ TEST_F(ImportReviewSheet, GivesItsMarkNoMoreRoomThanItNeeds) {
     const int word = table()->fontMetrics().horizontalAdvance(QStringLiteral("Duplicate"));
     EXPECT_GE(table()->columnWidth(Column::Mark), word);
     EXPECT_LE(table()->columnWidth(Column::Mark), word + (3 * Theme::grid));
-    EXPECT_GT(table()->columnWidth(Column::Payee), table()->columnWidth(Column::Category));
+    const int payee = table()->columnWidth(Column::Payee);
+    const int mark = table()->columnWidth(Column::Mark);
+    EXPECT_GT(payee, table()->columnWidth(Column::Category));
     dialog_->view().setAccountID(savings_.id);
-    EXPECT_LT(table()->columnWidth(Column::Mark), word);
+    EXPECT_TRUE(table()->isColumnHidden(Column::Mark));
+    EXPECT_EQ(table()->columnWidth(Column::Payee), payee + mark);
+    dialog_->view().setAccountID(everyday_.id);
+    EXPECT_EQ(table()->columnWidth(Column::Mark), mark);
+    EXPECT_EQ(table()->columnWidth(Column::Payee), payee);
 }
 
 TEST_F(ImportReviewSheet, CutsACategoryAndNotTheNameThatTheStatementHas) {
