@@ -3,14 +3,14 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 
-#include "Oakfen/Widgets/Components/ElidedLabel.h"
+#include "Oakfen/Widgets/Components/FlowingLabel.h"
 #include "Oakfen/Widgets/Components/SymbolLabel.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 
 namespace oakfen {
 
 HintRow::HintRow(QWidget* parent)
-    : QWidget(parent), sentence_(new ElidedLabel(TextStyle::body, ThemeColor::text)),
+    : QWidget(parent), sentence_(new FlowingLabel(TextStyle::body, ThemeColor::text)),
       button_(new QPushButton) {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);

@@ -220,7 +220,7 @@ TEST_F(ImportReviewSheet, TellsOfACategoryThatNobodyHas) {
     category_ = "Medical";
     show();
     EXPECT_TRUE(dialog_->note()->isVisible());
-    EXPECT_TRUE(dialog_->note()->sentence()->accessibleName().contains(qt("“Medical”")));
+    EXPECT_TRUE(dialog_->note()->sentence()->text().contains(qt("“Medical”")));
     EXPECT_EQ(cell(0, Column::Category), "Uncategorized");
     EXPECT_NE(cell(0, Column::Category, Qt::AccessibleDescriptionRole).find("“Medical”"),
               std::string::npos);
@@ -264,6 +264,16 @@ TEST_F(ImportReviewSheet, CutsACategoryAndNotTheNameThatTheStatementHas) {
     EXPECT_NE(cell(0, Column::Category, Qt::ToolTipRole)
                   .find("A home of a very long name indeed: Repairs of all kinds"),
               std::string::npos);
+}
+
+TEST_F(ImportReviewSheet, ShowsAllOfALongNoteAndKeepsItsWidth) {
+    category_ = "A category of a name that is as long as any that a bank has ever thought of";
+    show();
+    QApplication::processEvents();
+    const QLabel* sentence = dialog_->note()->sentence();
+    EXPECT_GE(sentence->height(), 2 * sentence->fontMetrics().height());
+    EXPECT_GE(sentence->height(), sentence->heightForWidth(sentence->width()));
+    EXPECT_LE(dialog_->minimumSizeHint().width(), dialog_->width());
 }
 
 TEST_F(ImportReviewSheet, DrawsTheTickOfADuplicateOtherwise) {
