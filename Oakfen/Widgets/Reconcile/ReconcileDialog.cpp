@@ -2,7 +2,6 @@
 
 #include <QFormLayout>
 #include <QKeyEvent>
-#include <algorithm>
 
 #include "Oakfen/Widgets/Components/AmountField.h"
 #include "Oakfen/Widgets/Components/CaptionedAmount.h"
@@ -18,8 +17,9 @@ namespace oakfen {
 
 namespace {
 
-constexpr QSize usualSize(720, 600);
-constexpr int fieldWidth = 160;
+constexpr QSize usualSize(760, 600);
+/// Of both fields: the room that a long amount asks for.
+constexpr int fieldWidth = 260;
 
 QLabel* makeVerdict() {
     auto* label = new QLabel;
@@ -60,7 +60,6 @@ ReconcileDialog::ReconcileDialog(AppEnvironment& environment, const Account& acc
 
 void ReconcileDialog::addFields() {
     QFormLayout* form = addForm();
-    form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
     statementDate_->setPurpose(tr("The last day that the statement covers"));
     statementDate_->setValue(view_.statementDate());
     statementDate_->edited = [this] {
@@ -74,10 +73,9 @@ void ReconcileDialog::addFields() {
         view_.setStatementBalance(endingBalance_->value());
     };
     form->addRow(tr("Ending Balance"), endingBalance_);
-    const int width = std::max(
-        {fieldWidth, statementDate_->sizeHint().width(), endingBalance_->sizeHint().width()});
     for (EntryField* field : std::initializer_list<EntryField*>{statementDate_, endingBalance_}) {
-        field->setMinimumWidth(width);
+        // They stay alike, whatever they hold.
+        field->setMaximumWidth(fieldWidth);
         field->installEventFilter(this);
     }
 }

@@ -182,7 +182,11 @@ TEST_F(ReconcileSheet, KeepsItsButtonsInPlaceWhateverIsTicked) {
     EXPECT_EQ(dialog.primaryButton()->geometry(), matched);
 }
 
-TEST_F(ReconcileSheet, GivesBothFieldsTheSameWidth) {
+TEST_F(ReconcileSheet, GivesBothFieldsTheSameWidthWhateverTheyHold) {
+    EXPECT_EQ(dialog.statementDate()->width(), dialog.endingBalance()->width());
+    type("1");
+    QTest::keyClick(dialog.endingBalance(), Qt::Key_Return);
+    QApplication::processEvents();
     EXPECT_EQ(dialog.statementDate()->width(), dialog.endingBalance()->width());
 }
 

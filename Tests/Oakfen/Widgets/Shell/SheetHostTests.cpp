@@ -330,7 +330,7 @@ TEST_F(SheetHostTest, NeedsNoScrollingWhereThereIsRoom) {
     openNewAccount();
     EXPECT_EQ(sheet()->findChild<SheetBody*>()->verticalScrollBar()->maximum(), 0);
     open({ActiveSheet::Reconcile{everyday.id}});
-    EXPECT_EQ(sheet()->size(), QSize(720, 600));
+    EXPECT_EQ(sheet()->size(), QSize(760, 600));
     EXPECT_EQ(sheet()->findChild<SheetBody*>()->verticalScrollBar()->maximum(), 0);
 }
 
