@@ -1,12 +1,14 @@
 #include "Oakfen/Widgets/Import/ImportReviewDialog.h"
 
 #include <QFormLayout>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <utility>
 
 #include "Oakfen/Widgets/Components/CaptionedAmount.h"
 #include "Oakfen/Widgets/Components/HintRow.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
+#include "Oakfen/Widgets/Components/Mnemonic.h"
 #include "Oakfen/Widgets/Components/PickerBox.h"
 #include "Oakfen/Widgets/Components/RowTicker.h"
 #include "Oakfen/Widgets/Components/TableModel.h"
@@ -28,7 +30,8 @@ ImportReviewDialog::ImportReviewDialog(AppEnvironment& environment,
       environment_(environment), view_(environment, std::move(session)),
       model_(new TableModel(view_.content()->table, this)),
       account_(new AccountPicker(tr("Into Account"))), table_(new LedgerTable), note_(new HintRow),
-      tickAll_(new QPushButton(tr("Tick All"))), tickNone_(new QPushButton(tr("Tick None"))),
+      tickAll_(new QPushButton(withMnemonic(tr("Tick All"), 'l'))),
+      tickNone_(new QPushButton(withMnemonic(tr("Tick None"), 'n'))),
       moneyIn_(new CaptionedAmount(tr("Money In"))),
       moneyOut_(new CaptionedAmount(tr("Money Out"))) {
     resize(usualSize);
@@ -56,7 +59,8 @@ void ImportReviewDialog::setUpAccount(const LibraryIndex& index) {
     account_->chosen = [this] { view_.setAccountID(account_->chosenID()); };
     QFormLayout* form = addForm();
     form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
-    form->addRow(tr("Into Account"), account_);
+    form->addRow(withMnemonic(tr("Into Account"), 'a'), account_);
+    account_->installEventFilter(this);
 }
 
 void ImportReviewDialog::setUpTable() {
@@ -96,6 +100,19 @@ void ImportReviewDialog::addFooter() {
     row->addWidget(moneyOut_);
 }
 
+bool ImportReviewDialog::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            if (finishFields()) {
+                table_->setFocus(Qt::TabFocusReason);
+            }
+            return true;
+        }
+    }
+    return SheetScaffold::eventFilter(watched, event);
+}
+
 void ImportReviewDialog::showContent() {
     const auto shown = view_.content();
     model_->show(shown->table);
@@ -107,7 +124,7 @@ void ImportReviewDialog::showContent() {
     tickNone_->setEnabled(shown->canUntick);
     moneyIn_->setMoney(moneyText(shown->moneyIn, environment_.currencyCode()));
     moneyOut_->setMoney(moneyText(shown->moneyOut, environment_.currencyCode()));
-    setPrimaryTitle(qt(shown->importTitle));
+    setPrimaryTitle(withMnemonic(qt(shown->importTitle), 'i'));
     setCanSave(shown->canImport);
 }
 

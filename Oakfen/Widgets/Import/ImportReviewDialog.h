@@ -29,6 +29,8 @@ public:
 
 protected:
     void save() override;
+    /// Return takes an account and goes on: a wrong one is to be seen before anything is imported.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void setUpAccount(const LibraryIndex& index);

@@ -45,6 +45,7 @@ private:
     /// Takes what was typed there and goes on to what comes next.
     void leaveField(const QObject* field);
     void showContent();
+    void showFinishTitle(const ReconcileContent& shown);
     void followHint();
 
     AppEnvironment& environment_;

@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QCompleter>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 
@@ -69,9 +72,13 @@ protected:
         return utf8(table()->model()->index(row, column).data(role).toString());
     }
     [[nodiscard]] LedgerTable* table() const { return dialog_->table(); }
+    [[nodiscard]] AccountPicker* account() const { return dialog_->accountPicker(); }
     [[nodiscard]] const ImportReviewView& view() const { return dialog_->view(); }
     [[nodiscard]] bool isIncluded(std::size_t line) const {
         return view().included().contains(view().items()[line].id);
+    }
+    [[nodiscard]] QString importTitle() const {
+        return dialog_->primaryButton()->text().remove(QLatin1Char('&'));
     }
     [[nodiscard]] std::size_t entries() const {
         return test_.index().transactions(everyday_.id).size();
@@ -189,13 +196,13 @@ TEST_F(ImportReviewSheet, MarksDuplicatesOfTheChosenAccount) {
 
 TEST_F(ImportReviewSheet, SaysOnItsButtonHowManyLinesComeIn) {
     show();
-    EXPECT_EQ(dialog_->primaryButton()->text(), QStringLiteral("Import 2"));
+    EXPECT_EQ(importTitle(), QStringLiteral("Import 2"));
     QTest::mouseClick(dialog_->tickNoneButton(), Qt::LeftButton);
-    EXPECT_EQ(dialog_->primaryButton()->text(), QStringLiteral("Import"));
+    EXPECT_EQ(importTitle(), QStringLiteral("Import"));
     EXPECT_FALSE(dialog_->primaryButton()->isEnabled());
     EXPECT_FALSE(dialog_->tickNoneButton()->isEnabled());
     QTest::mouseClick(dialog_->tickAllButton(), Qt::LeftButton);
-    EXPECT_EQ(dialog_->primaryButton()->text(), QStringLiteral("Import 2"));
+    EXPECT_EQ(importTitle(), QStringLiteral("Import 2"));
     EXPECT_FALSE(dialog_->tickAllButton()->isEnabled());
     EXPECT_TRUE(dialog_->isVisible());
 }
@@ -276,6 +283,47 @@ TEST_F(ImportReviewSheet, ShowsAllOfALongNoteAndKeepsItsWidth) {
     EXPECT_LE(dialog_->minimumSizeHint().width(), dialog_->width());
 }
 
+TEST_F(ImportReviewSheet, GoesOnWithReturnFromAnAccountAndImportsNothingYet) {
+    show();
+    account()->setFocus();
+    account()->lineEdit()->selectAll();
+    QTest::keyClicks(account(), QStringLiteral("sav"));
+    account()->completer()->popup()->hide();
+    QTest::keyClick(account(), Qt::Key_Return);
+    EXPECT_TRUE(dialog_->isVisible());
+    EXPECT_EQ(view().accountID(), savings_.id);
+    EXPECT_TRUE(table()->hasFocus());
+    EXPECT_FALSE(test_.undoManager->canUndo());
+}
+
+TEST_F(ImportReviewSheet, IsWalkedThroughWithTabInReadingOrder) {
+    show();
+    dialog_->view().setIncluded({view().items()[0].id}, false);
+    account()->setFocus();
+    for (const QWidget* widget : std::initializer_list<QWidget*>{
+             table(), dialog_->tickAllButton(), dialog_->tickNoneButton(), dialog_->cancelButton(),
+             dialog_->primaryButton(), account()}) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        EXPECT_TRUE(widget->hasFocus()) << utf8(QApplication::focusWidget()->accessibleName());
+    }
+}
+
+TEST_F(ImportReviewSheet, IsReachedByLettersThatServeOneThingEach) {
+    show();
+    const auto press = [](Qt::Key letter) {
+        QTest::keyClick(QApplication::focusWidget(), letter, Qt::AltModifier);
+    };
+    press(Qt::Key_N);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return view().included().empty(); }));
+    press(Qt::Key_L);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return view().included().size() == 3; }));
+    press(Qt::Key_A);
+    EXPECT_TRUE(account()->hasFocus());
+    press(Qt::Key_I);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return dialog_->isHidden(); }));
+    EXPECT_EQ(entries(), 3U);
+}
+
 TEST_F(ImportReviewSheet, DrawsTheTickOfADuplicateOtherwise) {
     show();
     const auto tick = [this](int row) {
@@ -308,7 +356,7 @@ TEST_F(ImportReviewSheet, IsDoneByKeyboardAlone) {
     press(Qt::Key_Space);
     EXPECT_TRUE(isIncluded(2));
     ASSERT_TRUE(tabTo(dialog_->primaryButton()));
-    EXPECT_EQ(dialog_->primaryButton()->text(), QStringLiteral("Import 1"));
+    EXPECT_EQ(importTitle(), QStringLiteral("Import 1"));
     press(Qt::Key_Return);
     EXPECT_FALSE(dialog_->isVisible());
     EXPECT_EQ(entries(), 2U);
