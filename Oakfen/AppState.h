@@ -158,6 +158,8 @@ public:
     Observers<> noticeChanged;
     /// An editor has entered or changed the entry of that id.
     Observers<const UUID&> transactionSaved;
+    /// The person wants to see the entry of that id in the register that is shown.
+    Observers<const UUID&> entryWanted;
 
 private:
     struct WaitingWork {

@@ -29,7 +29,7 @@ public:
     void editTransaction(const UUID& id);
 
     /// What can be done with these entries. The view must outlive it.
-    [[nodiscard]] std::vector<MenuEntry> contextMenu(const UUIDSet& ids);
+    [[nodiscard]] virtual std::vector<MenuEntry> contextMenu(const UUIDSet& ids);
 
     /// Asks whether to delete the entries; does it once confirmed.
     void requestDelete(const UUIDSet& ids);

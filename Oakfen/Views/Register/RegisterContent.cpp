@@ -22,6 +22,14 @@ std::string shortened(std::string_view term) {
 
 } // namespace
 
+EmptyState noResults(std::string_view searchText, std::string_view advice) {
+    const std::string line = singleLine(searchText);
+    const std::string_view term = trimmingWhitespaces(line);
+    return {.title = term.empty() ? "No Results" : "No Results for “" + shortened(term) + "”",
+            .symbolName = "magnifyingglass",
+            .text = std::string(advice)};
+}
+
 std::optional<EmptyState> RegisterContent::emptyState() const {
     if (table->rowCount() > 0) {
         return std::nullopt;
@@ -31,12 +39,7 @@ std::optional<EmptyState> RegisterContent::emptyState() const {
                           .symbolName = "list.bullet.rectangle",
                           .text = "Add a transaction or import a statement from your bank."};
     }
-    const std::string line = singleLine(searchText);
-    const std::string_view term = trimmingWhitespaces(line);
-    return EmptyState{.title =
-                          term.empty() ? "No Results" : "No Results for “" + shortened(term) + "”",
-                      .symbolName = "magnifyingglass",
-                      .text = "Check the spelling, or try another search or filter."};
+    return noResults(searchText, "Check the spelling, or try another search or filter.");
 }
 
 } // namespace oakfen

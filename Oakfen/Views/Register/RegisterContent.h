@@ -3,11 +3,13 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Oakfen/Views/Components/EmptyState.h"
 #include "Oakfen/Views/Register/RegisterFilter.h"
 #include "Oakfen/Views/Register/RegisterTable.h"
+#include "OakfenCore/Support/Text/Formatting.h"
 
 namespace oakfen {
 
@@ -25,6 +27,19 @@ struct RegisterFooter {
     friend bool operator==(const RegisterFooter&, const RegisterFooter&) = default;
 };
 
+/// "3 selected" with the sum of their amounts; nothing while nothing is selected.
+template <typename Row, typename AmountOf>
+[[nodiscard]] std::optional<RegisterFooter::Figure>
+selectedFigure(const Table<Row>& table, const UUIDSet& selection, AmountOf&& amountOf) {
+    if (selection.empty()) {
+        return std::nullopt;
+    }
+    const Decimal total = sum(table.rows(), [&](const Row* row) {
+        return selection.contains(row->id) ? amountOf(*row) : Decimal();
+    });
+    return RegisterFooter::Figure{countText(selection.size()) + " selected", total};
+}
+
 /// An entry to be brought into sight, and how many were before it: the same entry may be due again.
 struct RevealedEntry {
     UUID id;
@@ -32,6 +47,9 @@ struct RevealedEntry {
 
     friend bool operator==(const RevealedEntry&, const RevealedEntry&) = default;
 };
+
+/// What stands in the place of a table in which the search found nothing, with what may help.
+[[nodiscard]] EmptyState noResults(std::string_view searchText, std::string_view advice);
 
 /// What a register shows.
 struct RegisterContent {

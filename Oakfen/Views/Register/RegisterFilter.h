@@ -50,6 +50,8 @@ public:
     /// Whether there is anything to look for.
     [[nodiscard]] bool isActive() const { return !term_.empty(); }
     [[nodiscard]] bool finds(const RegisterRow& row);
+    /// Whether a category's path holds the term; the text must outlive it, as the rows must.
+    [[nodiscard]] bool findsCategory(std::string_view path) { return isInShared(path); }
 
 private:
     /// The answer for a text that many rows share.

@@ -4,14 +4,15 @@
 #include <utility>
 
 #include "Oakfen/FileActions.h"
-#include "OakfenCore/Support/Text/Formatting.h"
 
 namespace oakfen {
 
 RegisterView::RegisterView(AppEnvironment& environment, const UUID& accountID)
     : Screen(environment), EntryList(environment), accountID_(accountID), rows_(accountID),
       transactionSaved_(
-          environment.appState.transactionSaved.observe([this](const UUID& id) { reveal(id); })) {}
+          environment.appState.transactionSaved.observe([this](const UUID& id) { reveal(id); })),
+      entryWanted_(environment.appState.entryWanted.observe([this](const UUID& id) { show(id); })) {
+}
 
 void RegisterView::setFilter(RegisterFilter filter) {
     if (filter != filter_) {
@@ -35,11 +36,7 @@ void RegisterView::setSort(const RegisterSort& sort) {
 }
 
 void RegisterView::sortBy(std::string_view column) {
-    const Column<RegisterRow>* found = columnNamed(columns(), column);
-    if (found != nullptr && found->head.isSortable) {
-        setSort(
-            {.column = found->head.id, .ascending = sort_.column != column || !sort_.ascending});
-    }
+    setSort(afterClick(sort_, columns(), column));
 }
 
 void RegisterView::select(UUIDSet ids) {
@@ -148,12 +145,8 @@ RegisterFooter RegisterView::footer(const Table<RegisterRow>& table,
     if (shown != nullptr && shown->creditLimit && shown->creditLimit->isPositive()) {
         footer.figures.push_back({"Available Credit", *shown->creditLimit + balance});
     }
-    if (!selection.empty()) {
-        const Decimal total = sum(table.rows(), [&](const RegisterRow* row) {
-            return selection.contains(row->id) ? row->amount : Decimal();
-        });
-        footer.selection = {countText(selection.size()) + " selected", total};
-    }
+    footer.selection =
+        selectedFigure(table, selection, [](const RegisterRow& row) { return row.amount; });
     return footer;
 }
 

@@ -31,6 +31,9 @@ public:
     /// Selects the row of an entry that was saved just now, or of its leg in this account, and
     /// reveals it. One that the filter or the search hides is noted.
     void reveal(const UUID& id);
+    /// Selects the row of an entry of this account and brings it into sight; ends filter and search
+    /// where they hide it.
+    void show(const UUID& id);
     /// Ends filter and search, selects what the notice is about and reveals what came last.
     void showHidden();
 
@@ -77,6 +80,10 @@ private:
     /// Those of the hidden entries that still are.
     [[nodiscard]] std::vector<UUID> stillHidden() const;
     [[nodiscard]] std::optional<std::string> hiddenNotice() const;
+    /// The row of an entry of this account; null where it is of another.
+    [[nodiscard]] const RegisterRow* rowOf(const UUID& id) const;
+    /// Ends filter and search.
+    void showAll();
     void selectAndReveal(UUIDSet ids, const UUID& last);
 
     UUID accountID_;
@@ -93,6 +100,7 @@ private:
     mutable std::vector<AmountRange> ranges_;
     mutable TableSorter<RegisterRow> sorter_;
     Subscription transactionSaved_;
+    Subscription entryWanted_;
 };
 
 } // namespace oakfen

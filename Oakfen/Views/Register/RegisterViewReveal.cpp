@@ -15,7 +15,7 @@ void RegisterView::reveal(const UUID& id) {
         return;
     }
     const UUID leg = entry->accountID == accountID_ ? id : entry->transferID.value_or(id);
-    const RegisterRow* saved = rows()->first([&](const RegisterRow& row) { return row.id == leg; });
+    const RegisterRow* saved = rowOf(leg);
     if (saved == nullptr) {
         return;
     }
@@ -27,11 +27,31 @@ void RegisterView::reveal(const UUID& id) {
     stateChanged();
 }
 
-void RegisterView::showHidden() {
-    const std::vector<UUID> ids = stillHidden();
+void RegisterView::show(const UUID& id) {
+    const RegisterRow* wanted = rowOf(id);
+    if (wanted == nullptr) {
+        return;
+    }
+    if (!rowTest().shows(*wanted)) {
+        showAll();
+    }
+    selectAndReveal({id}, id);
+    stateChanged();
+}
+
+const RegisterRow* RegisterView::rowOf(const UUID& id) const {
+    return rows()->first([&](const RegisterRow& row) { return row.id == id; });
+}
+
+void RegisterView::showAll() {
     filter_ = RegisterFilter::all;
     searchText_.clear();
     hidden_.clear();
+}
+
+void RegisterView::showHidden() {
+    const std::vector<UUID> ids = stillHidden();
+    showAll();
     if (!ids.empty()) {
         selectAndReveal(UUIDSet(ids.begin(), ids.end()), ids.back());
     }
