@@ -49,8 +49,14 @@ void EntryActions::duplicate(const UUID& id) {
 
 void EntryActions::goToTransfer(const UUID& id) {
     const Transaction* entry = environment_.store.index().transaction(id);
-    if (entry != nullptr && entry->transferAccountID) {
-        environment_.appState.setSelection(SidebarItem::account(*entry->transferAccountID));
+    if (entry == nullptr || !entry->transferAccountID) {
+        return;
+    }
+    AppState& state = environment_.appState;
+    const std::optional<UUID> twin = entry->transferID;
+    state.setSelection(SidebarItem::account(*entry->transferAccountID));
+    if (twin) {
+        state.entryWanted.notify(*twin);
     }
 }
 

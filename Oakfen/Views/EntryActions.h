@@ -23,7 +23,7 @@ public:
     void setCategory(const UUID& categoryID, const UUIDSet& ids);
     /// Enters a copy dated now; a transfer's copy is a new transfer.
     void duplicate(const UUID& id);
-    /// Shows the other account of a transfer.
+    /// Shows the other account of a transfer, with the other leg selected.
     void goToTransfer(const UUID& id);
     /// Opens the entry in its editor.
     void editTransaction(const UUID& id);

@@ -112,6 +112,14 @@ TEST_F(RegisterActions, TheMenuOfOneEntryKnowsWhereItsTransferGoes) {
     EXPECT_EQ(test.appState->selectedAccountID(), card.id);
 }
 
+TEST_F(RegisterActions, GoingToATransferSelectsItsOtherLegThere) {
+    RegisterView other(*test, card.id);
+    EXPECT_TRUE(other.content()->selection->empty());
+    view.goToTransfer(cardPayment.id);
+    EXPECT_EQ(*other.content()->selection, UUIDSet{*cardPayment.transferID});
+    EXPECT_TRUE(selection().empty());
+}
+
 TEST_F(RegisterActions, TheMenuSaysTransferWhenTheOtherAccountIsNotFound) {
     test.store->mutate("Edit", [this](Library& library) {
         library.accounts.eraseIf([this](const Account& each) { return each.id == card.id; });
