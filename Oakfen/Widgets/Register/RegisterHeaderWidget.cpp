@@ -1,13 +1,13 @@
 #include "Oakfen/Widgets/Register/RegisterHeaderWidget.h"
 
 #include <QComboBox>
-#include <QLineEdit>
 #include <QShortcut>
 #include <QToolButton>
 #include <algorithm>
 #include <utility>
 
 #include "Oakfen/Widgets/Components/ElidedLabel.h"
+#include "Oakfen/Widgets/Components/SearchField.h"
 #include "Oakfen/Widgets/Register/RegisterSortButton.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Oakfen/Widgets/Theme/SymbolIcons.h"
@@ -25,7 +25,8 @@ constexpr QSize toolIconSize(20, 15);
 RegisterHeaderWidget::RegisterHeaderWidget(RegisterView& view, QWidget* parent)
     : QWidget(parent), view_(view), title_(new ElidedLabel(TextStyle::title, ThemeColor::text)),
       subtitle_(new ElidedLabel(TextStyle::body, ThemeColor::secondaryText)),
-      filter_(new QComboBox), search_(new QLineEdit), sort_(new RegisterSortButton(view)) {
+      filter_(new QComboBox), search_(new SearchField(tr("Payee, category, memo, amount"))),
+      sort_(new RegisterSortButton(view)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(2 * Theme::grid, Theme::grid * 3 / 2, 2 * Theme::grid, Theme::grid);
     layout->setSpacing(Theme::grid);
@@ -79,19 +80,8 @@ void RegisterHeaderWidget::setUpFilter() {
 }
 
 void RegisterHeaderWidget::setUpSearch() {
-    search_->setPlaceholderText(tr("Payee, category, memo, amount"));
-    search_->setAccessibleName(tr("Search"));
     search_->setToolTip(tr("Search this account (Ctrl+F); Esc clears, then goes back"));
-    search_->setClearButtonEnabled(true);
     search_->setMaximumWidth(360);
-    search_
-        ->addAction(symbolIcon("magnifyingglass", ThemeColor::secondaryText),
-                    QLineEdit::LeadingPosition)
-        ->setText(tr("Search"));
-    // The toolkit's own button has a picture but no name.
-    if (auto* clear = search_->findChild<QAction*>(QStringLiteral("_q_qlineeditclearaction"))) {
-        clear->setText(tr("Clear Search"));
-    }
     connect(search_, &QLineEdit::textChanged, this,
             [this](const QString& text) { view_.setSearchText(utf8(text)); });
     connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, search_,
