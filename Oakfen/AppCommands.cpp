@@ -106,6 +106,11 @@ private:
             {.title = "Copy", .shortcut = "Ctrl+C", .standard = Standard::copy},
             {.title = "Paste", .shortcut = "Ctrl+V", .standard = Standard::paste},
             {.title = "Select All", .shortcut = "Ctrl+A", .standard = Standard::selectAll},
+            {.title = "Find in All Accounts…",
+             .shortcut = "Ctrl+Shift+F",
+             .perform = window_.findInAllAccounts,
+             .isEnabled = isOpen(),
+             .startsGroup = true},
             {.title = "Settings…", .shortcut = "Ctrl+,", .startsGroup = true}};
     }
 

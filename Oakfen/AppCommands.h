@@ -14,6 +14,7 @@ struct WindowActions {
     std::function<void()> showAbout;
     std::function<bool()> isSidebarShown;
     std::function<void()> toggleSidebar;
+    std::function<void()> findInAllAccounts = {};
 };
 
 /// The whole menu bar as it is now: an entry for each menu, with its lines in their order. A line

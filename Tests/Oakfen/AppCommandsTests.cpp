@@ -94,6 +94,8 @@ TEST_F(AppCommandsTest, ListsEveryItemInItsPlace) {
                     "Edit: Paste (Ctrl+V)\n"
                     "Edit: Select All (Ctrl+A)\n"
                     "-\n"
+                    "Edit: Find in All Accounts… (Ctrl+Shift+F)\n"
+                    "-\n"
                     "Edit: Settings… (Ctrl+,)\n"
                     "View: Hide Sidebar (F9)\n"
                     "Go: Dashboard (Ctrl+1)\n"
@@ -231,6 +233,15 @@ TEST_F(AppCommandsTest, LocksOnlyWhenTheSettingIsOn) {
     EXPECT_TRUE(isEnabled("Lock Oakfen"));
     command("Lock Oakfen").perform();
     EXPECT_FALSE(test.appState->isUnlocked());
+}
+
+TEST_F(AppCommandsTest, AsksTheWindowToFindInAllAccountsOfAnOpenFile) {
+    int opened = 0;
+    window.findInAllAccounts = [&] { ++opened; };
+    command("Find in All Accounts…").perform();
+    EXPECT_EQ(opened, 1);
+    test.appState->setSheet(ActiveSheet{ActiveSheet::NewAccount{}});
+    EXPECT_FALSE(isEnabled("Find in All Accounts…"));
 }
 
 TEST_F(AppCommandsTest, DisablesWhatThisVersionCannotDo) {

@@ -39,6 +39,10 @@ void DetailWidget::refresh() {
     }
 }
 
+void DetailWidget::focusScreen() {
+    screen_->setFocus(Qt::OtherFocusReason);
+}
+
 QWidget* DetailWidget::makeScreen(const DetailScreen& screen) {
     using Kind = SidebarItem::Kind;
     const std::optional<Kind> kind = screen.item ? std::optional(screen.item->kind) : std::nullopt;

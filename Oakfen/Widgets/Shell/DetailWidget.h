@@ -15,6 +15,9 @@ class DetailWidget final : public QWidget {
 public:
     explicit DetailWidget(AppEnvironment& environment, QWidget* parent = nullptr);
 
+    /// Moves the keyboard to the screen.
+    void focusScreen();
+
 private:
     void refresh();
     [[nodiscard]] QWidget* makeScreen(const DetailScreen& screen);

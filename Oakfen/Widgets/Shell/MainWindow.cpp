@@ -19,6 +19,7 @@
 #include "Oakfen/Widgets/Components/CrossFade.h"
 #include "Oakfen/Widgets/Components/MessageBox.h"
 #include "Oakfen/Widgets/Gate/GateWidget.h"
+#include "Oakfen/Widgets/Register/FindWidget.h"
 #include "Oakfen/Widgets/Shell/AlertPresenter.h"
 #include "Oakfen/Widgets/Shell/BusyPill.h"
 #include "Oakfen/Widgets/Shell/ContextMenuKey.h"
@@ -27,6 +28,7 @@
 #include "Oakfen/Widgets/Shell/MenuBar.h"
 #include "Oakfen/Widgets/Shell/NoticeWidget.h"
 #include "Oakfen/Widgets/Shell/OneLineFields.h"
+#include "Oakfen/Widgets/Shell/PanelHost.h"
 #include "Oakfen/Widgets/Shell/SheetHost.h"
 #include "Oakfen/Widgets/Shell/SheetPresenter.h"
 #include "Oakfen/Widgets/Shell/SidebarWidget.h"
@@ -71,7 +73,15 @@ MainWindow::MainWindow(AppEnvironment& environment, std::function<void()> reques
         environment_.defaults.observe(settings::requireAuthentication, [this] { refreshCover(); }));
     subscriptions_.push_back(state.busyChanged.observe(
         [this] { pill_->setMessage(environment_.appState.busyMessage()); }));
-    const auto lookChanged = [this] { sheets_->refreshLater(); };
+    subscriptions_.push_back(state.selectionChanged.observe([this] { panels_->closePanel(); }));
+    subscriptions_.push_back(state.entryWanted.observe([this](const UUID& /*id*/) {
+        panels_->closePanel();
+        detail_->focusScreen();
+    }));
+    const auto lookChanged = [this] {
+        sheets_->refreshLater();
+        panels_->refreshLater();
+    };
     for (Observers<>* observers : {&environment_.store.libraryChanged, &state.selectionChanged,
                                    &state.noticeChanged, &state.busyChanged}) {
         subscriptions_.push_back(observers->observe(lookChanged));
@@ -100,13 +110,15 @@ void MainWindow::buildContent() {
     sidebar_->setMinimumWidth(minimumSidebarWidth);
     sidebar_->setMaximumWidth(maximumSidebarWidth);
     splitter_->addWidget(sidebar_);
-    splitter_->addWidget(new DetailWidget(environment_, splitter_));
+    detail_ = new DetailWidget(environment_, splitter_);
+    splitter_->addWidget(detail_);
     // The splitter puts what comes later before what came earlier, for screen readers.
     sidebar_->lower();
     splitter_->setStretchFactor(0, 0);
     splitter_->setStretchFactor(1, 1);
     splitter_->setSizes({idealSidebarWidth, defaultSize.width() - idealSidebarWidth});
 
+    panels_ = new PanelHost(*splitter_, root);
     pill_ = new BusyPill(root);
     notice_ = new NoticeWidget(environment_.appState, root);
     gate_ = new GateWidget(environment_, requestQuit_, *splitter_, root);
@@ -114,6 +126,7 @@ void MainWindow::buildContent() {
     auto* grid = new QGridLayout(root);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->addWidget(splitter_, 0, 0);
+    grid->addWidget(panels_, 0, 0);
     grid->addWidget(pill_, 0, 0, Qt::AlignHCenter | Qt::AlignTop);
     grid->addWidget(gate_, 0, 0);
     // Over the gate too: what it says of the data file matters there as well. Clear of the figures
@@ -130,7 +143,8 @@ void MainWindow::buildMenuBar() {
                         {.quit = requestQuit_,
                          .showAbout = [this] { showAbout(); },
                          .isSidebarShown = [this] { return !sidebar_->isHidden(); },
-                         .toggleSidebar = [this] { setSidebarShown(sidebar_->isHidden()); }},
+                         .toggleSidebar = [this] { setSidebarShown(sidebar_->isHidden()); },
+                         .findInAllAccounts = [this] { findInAllAccounts(); }},
                         *menuBar());
     menuBar()->lower();
 }
@@ -161,6 +175,7 @@ void MainWindow::saveState() const {
 
 void MainWindow::setSidebarShown(bool shown) {
     sidebar_->setVisible(shown);
+    panels_->refreshLater();
     menu_->refresh();
 }
 
@@ -180,12 +195,13 @@ void MainWindow::refreshCover() {
     if (isObscured) {
         sheets_->setObscured(true);
     }
+    panels_->setObscured(isObscured);
     gate_->refresh();
     if (!isObscured) {
         // Once the cover is gone, of which the sheet would else show a picture.
         sheets_->setObscured(false);
     }
-    if (isRevealed && !environment_.appState.sheet()) {
+    if (isRevealed && !environment_.appState.sheet() && panels_->panel() == nullptr) {
         sidebar_->setFocus();
     }
 }
@@ -199,6 +215,14 @@ void MainWindow::present() {
     show();
     raise();
     activateWindow();
+}
+
+void MainWindow::findInAllAccounts() {
+    if (auto* open = qobject_cast<FindWidget*>(panels_->panel())) {
+        open->startSearch();
+        return;
+    }
+    panels_->open(*new FindWidget(environment_, findTerm_));
 }
 
 void MainWindow::showEvent(QShowEvent* event) {

@@ -3,6 +3,7 @@
 #include <QMainWindow>
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "Oakfen/AppEnvironment.h"
@@ -14,9 +15,11 @@ namespace oakfen {
 
 class AlertPresenter;
 class BusyPill;
+class DetailWidget;
 class GateWidget;
 class MenuBar;
 class NoticeWidget;
+class PanelHost;
 class SheetHost;
 class SidebarWidget;
 
@@ -31,6 +34,8 @@ public:
 
     /// Brings the window to the front.
     void present();
+    /// Opens the search through all accounts, or returns to its term where it is open.
+    void findInAllAccounts();
     /// How large the window can be and still be seen whole, without its frame.
     [[nodiscard]] QSize roomOnScreen() const;
 
@@ -52,11 +57,12 @@ private:
     void refreshTitle();
     void setSidebarShown(bool shown);
     void showAbout();
-
     AppEnvironment& environment_;
     std::function<void()> requestQuit_;
     QSplitter* splitter_ = nullptr;
     SidebarWidget* sidebar_ = nullptr;
+    DetailWidget* detail_ = nullptr;
+    PanelHost* panels_ = nullptr;
     GateWidget* gate_ = nullptr;
     Cover cover_ = Cover::none;
     BusyPill* pill_ = nullptr;
@@ -64,6 +70,8 @@ private:
     MenuBar* menu_ = nullptr;
     SheetHost* sheets_ = nullptr;
     AlertPresenter* alerts_ = nullptr;
+    /// What was looked for last in all accounts.
+    std::string findTerm_;
     std::vector<Subscription> subscriptions_;
 };
 
