@@ -146,8 +146,12 @@ void walkTheScreens(Album& album, const Library& document) {
         const QSize usualSize = stage.window().size();
         stage.window().resize(smallSize);
         album.add(stage, "screen-small");
+        stage.find("");
+        album.add(stage, "panel-find-small");
         // The next windows take the size that the last one had.
         stage.window().resize(usualSize);
+        stage.find("o");
+        album.add(stage, "panel-find");
     }
 }
 

@@ -1,11 +1,15 @@
 #include "Oakfen/Tour/TourStage.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QPixmap>
 #include <utility>
 
 #include "Oakfen/Widgets/Components/CrossFade.h"
+#include "Oakfen/Widgets/Components/LedgerTable.h"
+#include "Oakfen/Widgets/Register/FindWidget.h"
 #include "Oakfen/Widgets/Shell/BusyPill.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 
 namespace oakfen {
 
@@ -48,6 +52,13 @@ void TourStage::show(Library document) {
 void TourStage::showBusy(const std::string& message) {
     appState().setBusyMessage(message);
     window_.findChild<BusyPill*>()->show();
+}
+
+void TourStage::find(const std::string& term) {
+    window_.findInAllAccounts();
+    const auto* panel = window_.findChild<FindWidget*>();
+    panel->searchField()->setText(qt(term));
+    panel->table()->selectRow(0);
 }
 
 QPixmap TourStage::picture() {

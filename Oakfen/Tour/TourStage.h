@@ -39,6 +39,9 @@ public:
     /// Shows the pill of a work that goes on, without its delay.
     void showBusy(const std::string& message);
 
+    /// Opens the search through all accounts and types that.
+    void find(const std::string& term);
+
     /// The window as it looks now, with the sheet over it when one is open.
     [[nodiscard]] QPixmap picture();
 
