@@ -7,6 +7,8 @@
 
 #include "Benchmarks/Benchmarks.h"
 #include "Benchmarks/BigLibrary.h"
+#include "Oakfen/Views/Register/FindRows.h"
+#include "Oakfen/Views/Register/FindSearch.h"
 #include "Oakfen/Views/Register/RegisterFilter.h"
 #include "Oakfen/Views/Register/RegisterRows.h"
 #include "Oakfen/Views/Register/RegisterTable.h"
@@ -78,6 +80,30 @@ void timeShown(benchmark::State& state, std::size_t count, std::string_view term
         }
         sorter.sort(shown, *columnNamed(registerColumns(false), column), true);
         benchmark::DoNotOptimize(shown);
+    }
+}
+
+/// When the search through all accounts opens.
+void timeFindRows(benchmark::State& state, std::size_t count) {
+    const auto index =
+        std::make_shared<const LibraryIndex>(bigLibrary(count), bigLibraryNow(), Calendar::utc());
+    for ([[maybe_unused]] const auto _ : state) {
+        FindRows rows;
+        benchmark::DoNotOptimize(rows.at(index));
+    }
+}
+
+/// What that search does for each letter that is typed.
+void timeFound(benchmark::State& state, std::size_t count, std::string_view term) {
+    const auto index =
+        std::make_shared<const LibraryIndex>(bigLibrary(count), bigLibraryNow(), Calendar::utc());
+    FindRows rows;
+    const FindRows::SharedState all = rows.at(index);
+    TableSorter<FoundEntry> sorter;
+    for ([[maybe_unused]] const auto _ : state) {
+        auto entries = found(*all, term);
+        sorter.sort(entries, *columnNamed(foundColumns(), "date"), false);
+        benchmark::DoNotOptimize(entries);
     }
 }
 
@@ -154,6 +180,13 @@ void registerRegisterBenchmarks(std::size_t count) {
     add("register, sort by date", shown("", "date"));
     add("register, sort by payee", shown("", "payee"));
     add("register, sort by balance", shown("", "balance"));
+    const auto found = [count](std::string_view term) {
+        return [=](benchmark::State& state) { timeFound(state, count, term); };
+    };
+    add("find in all accounts opens",
+        [count](benchmark::State& state) { timeFindRows(state, count); });
+    add("find in all accounts, a word", found("café"));
+    add("find in all accounts, an amount", found("12.5"));
 }
 
 } // namespace oakfen::benchmarks
