@@ -33,7 +33,7 @@ Session::Session(const SessionServices& services, std::unique_ptr<LibraryStore> 
                    .busyWork = busyWork_,
                    .otherVersion = otherVersion_,
                    .authenticator = services.authenticator},
-      otherVersion_(environment_) {
+      otherVersion_(environment_), screenReturn_(appState_, *store_, *undoManager_) {
     store_->setUndoManager(undoManager_);
     dayChanged_ = dayChange_.dayChanged.observe([this] { store_->refreshIndex(); });
     documentChanged_ = store_->libraryChanged.observe([this] {

@@ -6,6 +6,7 @@
 
 #include "Oakfen/AppEnvironment.h"
 #include "Oakfen/OtherVersionFlow.h"
+#include "Oakfen/ScreenReturn.h"
 #include "OakfenCore/LibraryStore/DataFileChoice.h"
 #include "OakfenCore/Platform/InMemoryLegacyKeyStore.h"
 #include "OakfenCore/Platform/InMemoryPasswordStore.h"
@@ -56,6 +57,7 @@ private:
     BusyWork busyWork_;
     AppEnvironment environment_;
     OtherVersionFlow otherVersion_;
+    ScreenReturn screenReturn_;
     Subscription dayChanged_;
     Subscription documentChanged_;
     Subscription missingFileWritten_;
