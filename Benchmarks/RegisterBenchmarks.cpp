@@ -119,7 +119,7 @@ RegisterTable tableOf(const RegisterRows::State& rows) {
     }
     TableSorter<RegisterRow>().sort(shown, *columnNamed(columns, "date"), false);
     return std::make_shared<const Table<RegisterRow>>(columns, std::move(shown), rows,
-                                                      rangesOf<RegisterRow>(columns, *rows),
+                                                      reachesOf<RegisterRow>(columns, *rows),
                                                       CellContext{"CAD", Calendar::utc()});
 }
 

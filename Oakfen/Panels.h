@@ -48,6 +48,8 @@ struct ConfirmationRequest {
     std::string confirmTitle;
     bool isDestructive = false;
     std::string cancelTitle = "Cancel";
+    /// Names the one record that the question is about, in a line under the message.
+    std::string subject = {};
 };
 
 /// A question with several ways on, and one way back that does nothing.

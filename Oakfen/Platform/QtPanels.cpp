@@ -216,7 +216,8 @@ void QtPanels::replaceIfWanted(const std::string& path,
 void QtPanels::confirm(const ConfirmationRequest& request, std::function<void(bool)> then) {
     choose(
         {.title = request.title,
-         .message = request.message,
+         .message =
+             request.subject.empty() ? request.message : request.message + "\n" + request.subject,
          .choices = {{request.confirmTitle, request.isDestructive}},
          .cancelTitle = request.cancelTitle},
         [then = std::move(then)](std::optional<std::size_t> choice) { then(choice.has_value()); });

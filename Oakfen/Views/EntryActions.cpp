@@ -3,20 +3,31 @@
 #include <utility>
 
 #include "Oakfen/Views/Components/Components.h"
+#include "Oakfen/Views/EntryName.h"
+#include "Oakfen/Views/Screen.h"
 #include "OakfenCore/LibraryOperations/Transactions.h"
 #include "OakfenCore/Support/Text/Formatting.h"
 
 namespace oakfen {
 
 void EntryActions::toggleCleared(const UUID& id) {
-    const Transaction* entry = environment_.store.index().transaction(id);
-    if (entry == nullptr || entry->cleared == ClearedState::reconciled) {
-        return;
+    toggleCleared(UUIDSet{id});
+}
+
+void EntryActions::toggleCleared(const UUIDSet& ids) {
+    UUIDSet uncleared;
+    UUIDSet cleared;
+    for (const UUID& id : ids) {
+        const Transaction* entry = environment_.store.index().transaction(id);
+        if (entry != nullptr && entry->cleared != ClearedState::reconciled) {
+            (entry->cleared == ClearedState::uncleared ? uncleared : cleared).insert(id);
+        }
     }
-    const bool clears = entry->cleared == ClearedState::uncleared;
-    environment_.store.mutate(clears ? "Mark Cleared" : "Mark Uncleared", [&](Library& library) {
-        setCleared(library, clears ? ClearedState::cleared : ClearedState::uncleared, {id});
-    });
+    if (!uncleared.empty()) {
+        markAs(ClearedState::cleared, uncleared);
+    } else if (!cleared.empty()) {
+        markAs(ClearedState::uncleared, cleared);
+    }
 }
 
 void EntryActions::markAs(ClearedState state, const UUIDSet& ids) {
@@ -130,10 +141,15 @@ void EntryActions::requestDelete(const UUIDSet& ids) {
 
 ConfirmationRequest EntryActions::deleteConfirmation() const {
     const std::size_t count = pendingDelete_.size();
+    const Transaction* only =
+        count == 1 ? environment_.store.index().transaction(*pendingDelete_.begin()) : nullptr;
+    const std::string subject =
+        only != nullptr ? entryName(*only, cellContextOf(environment_)) : std::string();
     return {.title = "Delete " + countText(count) + " transaction" + (count == 1 ? "" : "s") + "?",
             .message = "Transfers are removed from both accounts. You can undo this.",
             .confirmTitle = "Delete",
-            .isDestructive = true};
+            .isDestructive = true,
+            .subject = subject};
 }
 
 void EntryActions::confirmDelete() {

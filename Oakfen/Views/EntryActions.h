@@ -19,6 +19,9 @@ public:
 
     /// A click on the state's mark: uncleared becomes cleared and back; reconciled stays.
     void toggleCleared(const UUID& id);
+    /// The same for several at once: while one of them is uncleared, those become cleared, else
+    /// all become uncleared.
+    void toggleCleared(const UUIDSet& ids);
     void markAs(ClearedState state, const UUIDSet& ids);
     void setCategory(const UUID& categoryID, const UUIDSet& ids);
     /// Enters a copy dated now; a transfer's copy is a new transfer.

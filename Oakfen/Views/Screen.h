@@ -9,6 +9,12 @@
 
 namespace oakfen {
 
+/// How the program's tables write money and days.
+[[nodiscard]] inline CellContext cellContextOf(const AppEnvironment& environment) {
+    const Calendar& calendar = environment.clock.calendar();
+    return {environment.currencyCode(), calendar, calendar.endOfDay(environment.clock.now())};
+}
+
 /// What all screens have in common: they hold what the person chose, and derive one content from
 /// that and the ledger. A widget shows the content and follows `changed`; it watches nothing else.
 ///
@@ -39,7 +45,7 @@ public:
 protected:
     explicit Screen(AppEnvironment& environment)
         : environment_(environment),
-          libraryChanged_(environment.store.libraryChanged.observe([this] { stateChanged(); })) {}
+          libraryChanged_(environment.store.libraryChanged.observe([this] { followLibrary(); })) {}
 
     /// Makes the content. `earlier` is the last one, null at first, whose equal parts may be used
     /// again.
@@ -47,6 +53,9 @@ protected:
 
     /// Takes over what a content that was just made has cut down of the screen's own state.
     virtual void adopt(const Content& /*content*/) {}
+
+    /// After the ledger has become another one.
+    virtual void followLibrary() { stateChanged(); }
 
     /// Ends each function that changes what the content depends on.
     void stateChanged() {
@@ -72,9 +81,7 @@ protected:
     }
 
     /// How its tables write money and days.
-    [[nodiscard]] CellContext cellContext() const {
-        return {environment_.currencyCode(), environment_.clock.calendar()};
-    }
+    [[nodiscard]] CellContext cellContext() const { return cellContextOf(environment_); }
 
     AppEnvironment& environment_;
 

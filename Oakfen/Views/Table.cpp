@@ -57,7 +57,8 @@ bool hasSameHeads(const TableContent& a, const TableContent& b) {
         return false;
     }
     for (std::size_t column = 0; column < a.columnCount(); ++column) {
-        if (!(a.head(column) == b.head(column)) || a.wholeTexts(column) != b.wholeTexts(column)) {
+        if (!(a.head(column) == b.head(column)) || a.wholeTexts(column) != b.wholeTexts(column) ||
+            a.isEmpty(column) != b.isEmpty(column)) {
             return false;
         }
     }
@@ -111,8 +112,28 @@ std::string printedPage(const TableContent& table, std::string_view title) {
     return html + "</table>\n";
 }
 
+std::string drawnText(std::string_view text) {
+    std::string result;
+    bool isFirst = true;
+    bool followsBlank = false;
+    const std::string line = singleLine(text);
+    forEachCharacter(line, [&](std::string_view character) {
+        if (trimmingWhitespaces(character).empty()) {
+            followsBlank = true;
+            return;
+        }
+        if (followsBlank && !isFirst) {
+            result += ' ';
+        }
+        result += character;
+        isFirst = false;
+        followsBlank = false;
+    });
+    return result;
+}
+
 Cell textCell(std::string_view text) {
-    return {.text = singleLine(text)};
+    return {.text = drawnText(text)};
 }
 
 Cell moneyCell(const Decimal& amount, bool leavesZeroBlank, const CellContext& context) {

@@ -38,6 +38,8 @@ struct Cell {
 struct CellContext {
     std::string currencyCode;
     Calendar calendar;
+    /// What is dated later is still to come.
+    Date endOfToday = Date::distantFuture();
 
     friend bool operator==(const CellContext&, const CellContext&) = default;
 };
@@ -59,6 +61,8 @@ struct ColumnHead {
     bool isSearched = false;
     bool isSortable = false;
     bool isEditable = false;
+    /// Often holds nothing at all, and is then the first to become narrower.
+    bool mayBeEmpty = false;
 
     /// The title, or what is said instead.
     [[nodiscard]] std::string_view name() const { return title.empty() ? spoken : title; }
@@ -84,6 +88,9 @@ public:
     /// The texts of a column that are never cut, the widest ones among them; none for a column
     /// whose texts may end in dots.
     [[nodiscard]] virtual std::vector<std::string> wholeTexts(std::size_t column) const = 0;
+    /// Whether no row holds anything there. Only asked of columns that may be empty; the others
+    /// never are.
+    [[nodiscard]] virtual bool isEmpty(std::size_t column) const = 0;
 
     [[nodiscard]] virtual std::size_t rowCount() const = 0;
     /// Which record the row shows.
@@ -127,6 +134,10 @@ keepingEqual(const std::shared_ptr<const Content>& earlier, std::shared_ptr<cons
 
 /// The whole table as a page of HTML for the printer, its column titles repeated on each sheet.
 [[nodiscard]] std::string printedPage(const TableContent& table, std::string_view title);
+
+/// The text on one line with one blank for each run of them, as banks pad their fields, and none at
+/// its ends.
+[[nodiscard]] std::string drawnText(std::string_view text);
 
 // How a column's values become cells, and plain texts for other programs.
 [[nodiscard]] Cell textCell(std::string_view text);

@@ -76,43 +76,79 @@ struct Overloaded : Functions... {
 template <typename... Functions>
 Overloaded(Functions...) -> Overloaded<Functions...>;
 
-/// How far the figures of each column reach in these rows, which are walked through once.
+/// Whether the row holds nothing in the column; only texts can be nothing.
+template <typename Row>
+[[nodiscard]] bool holdsNothing(const Column<Row>& column, const Row& row) {
+    if (const auto* text = std::get_if<typename Column<Row>::Text>(&column.value)) {
+        return text->of(row).empty();
+    }
+    if (const auto* text = std::get_if<typename Column<Row>::Composed>(&column.value)) {
+        return text->of(row).empty();
+    }
+    return false;
+}
+
+/// What the rows of a table hold in a column.
+struct ColumnReach {
+    /// How far its figures reach.
+    AmountRange range = {};
+    /// No row holds anything there; only told of columns that may be empty.
+    bool isEmpty = false;
+
+    friend bool operator==(const ColumnReach&, const ColumnReach&) = default;
+};
+
+/// What these rows, which are walked through once, hold in each column.
 template <typename Row, typename Rows>
-[[nodiscard]] std::vector<AmountRange> rangesOf(const Columns<Row>& columns, const Rows& rows) {
-    std::vector<AmountRange> ranges(columns.size());
+[[nodiscard]] std::vector<ColumnReach> reachesOf(const Columns<Row>& columns, const Rows& rows) {
+    std::vector<ColumnReach> reaches(columns.size());
     std::vector<std::pair<AmountRange*, Decimal (*)(const Row&)>> figures;
+    std::vector<std::size_t> empty;
     for (std::size_t column = 0; column < columns.size(); ++column) {
         const auto& value = columns[column].value;
         if (const auto* money = std::get_if<typename Column<Row>::Money>(&value)) {
-            figures.push_back({&ranges[column], money->of});
+            figures.push_back({&reaches[column].range, money->of});
         } else if (const auto* numbers = std::get_if<typename Column<Row>::Figures>(&value)) {
-            figures.push_back({&ranges[column], numbers->of});
+            figures.push_back({&reaches[column].range, numbers->of});
+        } else if (columns[column].head.mayBeEmpty) {
+            empty.push_back(column);
         }
     }
     for (const Row& row : rows) {
         for (const auto& [range, of] : figures) {
             range->include(of(row));
         }
+        std::erase_if(empty, [&](std::size_t each) { return !holdsNothing(columns[each], row); });
     }
-    return ranges;
+    for (const std::size_t each : empty) {
+        reaches[each].isEmpty = true;
+    }
+    return reaches;
 }
 
 /// A table of rows of one type, which have an `id` and, where some are no entries, a `kind`.
 template <typename Row>
 class Table final : public TableContent {
 public:
-    /// Shows some rows of those that `owner` keeps alive. `ranges` are those of all its rows, so
-    /// that columns don't change their widths with the choice of rows.
+    /// Shows some rows of those that `owner` keeps alive. `reaches` are those of all its rows, so
+    /// that the columns of figures don't change their widths with the choice of rows.
     Table(const Columns<Row>& columns, std::vector<const Row*> rows,
-          std::shared_ptr<const void> owner, std::vector<AmountRange> ranges, CellContext context)
+          std::shared_ptr<const void> owner, std::vector<ColumnReach> reaches, CellContext context)
         : columns_(columns), rows_(std::move(rows)), owner_(std::move(owner)),
-          ranges_(std::move(ranges)), context_(std::move(context)) {}
+          reaches_(std::move(reaches)), context_(std::move(context)) {
+        for (std::size_t column = 0; column < columns_.size(); ++column) {
+            if (columns_[column].head.mayBeEmpty && !reaches_[column].isEmpty) {
+                reaches_[column].isEmpty = std::ranges::all_of(
+                    rows_, [&](const Row* row) { return holdsNothing(columns_[column], *row); });
+            }
+        }
+    }
 
     /// Shows all of these rows; what they point to, `owner` keeps alive.
     Table(const Columns<Row>& columns, std::vector<Row> rows, std::shared_ptr<const void> owner,
           CellContext context)
         : columns_(columns), kept_(std::move(rows)), owner_(std::move(owner)),
-          ranges_(rangesOf<Row>(columns, kept_)), context_(std::move(context)) {
+          reaches_(reachesOf<Row>(columns, kept_)), context_(std::move(context)) {
         rows_.reserve(kept_.size());
         for (const Row& row : kept_) {
             rows_.push_back(&row);
@@ -130,6 +166,9 @@ public:
                holds<typename Column<Row>::Figures>(column);
     }
     [[nodiscard]] std::vector<std::string> wholeTexts(std::size_t column) const override;
+    [[nodiscard]] bool isEmpty(std::size_t column) const override {
+        return reaches_[column].isEmpty;
+    }
 
     [[nodiscard]] std::size_t rowCount() const override { return rows_.size(); }
     [[nodiscard]] UUID id(std::size_t row) const override { return rows_[row]->id; }
@@ -171,13 +210,13 @@ private:
     std::vector<Row> kept_;
     std::vector<const Row*> rows_;
     std::shared_ptr<const void> owner_;
-    std::vector<AmountRange> ranges_;
+    std::vector<ColumnReach> reaches_;
     CellContext context_;
 };
 
 template <typename Row>
 std::vector<std::string> Table<Row>::wholeTexts(std::size_t column) const {
-    const AmountRange& range = ranges_[column];
+    const AmountRange& range = reaches_[column].range;
     const auto ends = [&](auto&& cellOf) {
         return std::vector{cellOf(range.least).text, cellOf(range.greatest).text};
     };

@@ -42,6 +42,9 @@ public:
     void undo();
     void redo();
 
+    /// Whether a step is being taken at this moment: what the document gains and loses meanwhile
+    /// comes back or goes again.
+    [[nodiscard]] bool isTaking() const { return isTaking_; }
     [[nodiscard]] bool canUndo() const { return !past_.empty(); }
     [[nodiscard]] bool canRedo() const { return !future_.empty(); }
     /// The name of the step that `undo` would take; empty when there is none.

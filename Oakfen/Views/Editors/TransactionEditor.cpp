@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "Oakfen/Views/EntryName.h"
 #include "OakfenCore/LibraryOperations/Transactions.h"
 #include "OakfenCore/Support/Text/Formatting.h"
 #include "OakfenCore/Support/Text/Text.h"
@@ -334,7 +335,16 @@ void TransactionEditor::startNext() {
 }
 
 std::optional<ConfirmationRequest> TransactionEditor::deleteConfirmation() const {
-    return isNew() ? std::nullopt : std::optional(destructiveConfirmation("Delete Transaction"));
+    if (isNew()) {
+        return std::nullopt;
+    }
+    ConfirmationRequest confirmation = destructiveConfirmation("Delete Transaction");
+    // As it is in the ledger, whatever has been typed since.
+    if (const Transaction* entry = environment_.store.index().transaction(draft.id)) {
+        confirmation.subject =
+            entryName(*entry, {environment_.currencyCode(), environment_.clock.calendar()});
+    }
+    return confirmation;
 }
 
 void TransactionEditor::performDelete() {

@@ -28,7 +28,7 @@ std::string linesOf(const std::vector<std::string>& texts) {
 /// What all cells of a line have: hovering over it shows its memo and the entry that it repeats.
 void dressLine(Cell& cell, const ImportReviewRow& row, const CellContext& context) {
     cell.description = descriptionOf(row, context);
-    cell.toolTip = linesOf({withSingleBlanks(row.item->memo), cell.description});
+    cell.toolTip = linesOf({drawnText(row.item->memo), cell.description});
     if (!row.comesIn()) {
         cell.tone = TextTone::secondary;
     }
@@ -46,8 +46,7 @@ void dressTick(Cell& cell, const ImportReviewRow& row, const CellContext& contex
 
 void dressPayee(Cell& cell, const ImportReviewRow& row, const CellContext& context) {
     dressLine(cell, row, context);
-    cell.text = withSingleBlanks(row.item->payee);
-    cell.detail = withSingleBlanks(row.item->memo);
+    cell.detail = drawnText(row.item->memo);
 }
 
 void dressCategory(Cell& cell, const ImportReviewRow& row, const CellContext& context) {
@@ -110,30 +109,10 @@ const Columns<ImportReviewRow>& importReviewColumns() {
     return columns;
 }
 
-std::string withSingleBlanks(std::string_view text) {
-    std::string result;
-    bool isFirst = true;
-    bool followsBlank = false;
-    const std::string line = singleLine(text);
-    forEachCharacter(line, [&](std::string_view character) {
-        if (trimmingWhitespaces(character).empty()) {
-            followsBlank = true;
-            return;
-        }
-        if (followsBlank && !isFirst) {
-            result += ' ';
-        }
-        result += character;
-        isFirst = false;
-        followsBlank = false;
-    });
-    return result;
-}
-
 std::string duplicateDescription(const RepeatedEntry& duplicate, const CellContext& context) {
     return "Already in this account: " + abbreviatedDateText(duplicate.date, context.calendar) +
-           ", " + (duplicate.payee.empty() ? "no payee" : withSingleBlanks(duplicate.payee)) +
-           ", " + currencyText(duplicate.amount, context.currencyCode);
+           ", " + (duplicate.payee.empty() ? "no payee" : drawnText(duplicate.payee)) + ", " +
+           currencyText(duplicate.amount, context.currencyCode);
 }
 
 } // namespace oakfen

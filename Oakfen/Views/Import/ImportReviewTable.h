@@ -35,9 +35,6 @@ struct ImportReviewRow {
 
 [[nodiscard]] const Columns<ImportReviewRow>& importReviewColumns();
 
-/// The text with one blank for each run of them, as banks pad their fields, and none at its ends.
-[[nodiscard]] std::string withSingleBlanks(std::string_view text);
-
 /// Says which entry of the account a line repeats.
 [[nodiscard]] std::string duplicateDescription(const RepeatedEntry& duplicate,
                                                const CellContext& context);

@@ -16,7 +16,7 @@ void dressEntry(Cell& cell, const ReconcileRow& row, const CellContext& /*contex
 
 void dressPayee(Cell& cell, const ReconcileRow& row, const CellContext& context) {
     dressEntry(cell, row, context);
-    cell.detail = singleLine(row.memo);
+    cell.detail = drawnText(row.memo);
 }
 
 } // namespace

@@ -81,13 +81,14 @@ FindView::SharedTable FindView::tableAfter(const SharedTable& earlier) const {
     }
     const FindRows::SharedState all = rows_.at(choice.index);
     if (choice.index != shownChoice_.index) {
-        ranges_ = rangesOf<FoundEntry>(foundColumns(), all->entries);
+        reaches_ = reachesOf<FoundEntry>(foundColumns(), all->entries);
     }
     shownChoice_ = std::move(choice);
     auto rows = found(*all, term_);
     sorter_.sort(rows, *columnNamed(foundColumns(), sort_.column), sort_.ascending);
-    return keepingEqual(earlier, std::make_shared<const Table<FoundEntry>>(
-                                     foundColumns(), std::move(rows), all, ranges_, cellContext()));
+    return keepingEqual(earlier,
+                        std::make_shared<const Table<FoundEntry>>(foundColumns(), std::move(rows),
+                                                                  all, reaches_, cellContext()));
 }
 
 RegisterFooter FindView::footer(const Table<FoundEntry>& table, const UUIDSet& selection) {

@@ -56,9 +56,9 @@ private:
     SharedSelection selection_ = std::make_shared<const UUIDSet>();
     RegisterSort sort_;
     mutable FindRows rows_;
-    // What the present table was made of, and how far the figures of all rows reach.
+    // What the present table was made of, and what all rows hold in its columns.
     mutable Choice shownChoice_;
-    mutable std::vector<AmountRange> ranges_;
+    mutable std::vector<ColumnReach> reaches_;
     mutable TableSorter<FoundEntry> sorter_;
 };
 

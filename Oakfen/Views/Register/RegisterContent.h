@@ -61,13 +61,16 @@ struct RegisterContent {
     /// The rows that filter and search let be seen, in the order of the sort. Its columns span the
     /// figures of all rows, so that their widths don't change with the choice.
     std::shared_ptr<const Table<RegisterRow>> table = {};
+    /// While the rows are sorted by date: the first row on the other side of today, with what is to
+    /// come either above it or from it on. Nothing when all rows lie on one side.
+    std::optional<std::size_t> rowPastToday = {};
     /// Always among the rows that are shown, so that no action touches an entry that the person
     /// doesn't see.
     std::shared_ptr<const UUIDSet> selection = {};
     RegisterFooter footer = {};
     /// Says that saved entries are hidden by the filter and the search that still hold.
     std::optional<std::string> hiddenNotice = {};
-    /// What was saved last, or was hidden when it was.
+    /// What was saved or brought back last.
     std::optional<RevealedEntry> revealed = {};
 
     /// Whether a filter or a search may hide rows.

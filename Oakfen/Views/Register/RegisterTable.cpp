@@ -27,8 +27,16 @@ void dressState(Cell& cell, const Row& row, const CellContext& /*context*/) {
 
 template <typename Row>
 void dressPayee(Cell& cell, const Row& row, const CellContext& /*context*/) {
-    cell.detail = singleLine(entryOf(row).memo);
+    cell.detail = drawnText(entryOf(row).memo);
     cell.toolTip = entryOf(row).memo;
+}
+
+/// A word for the line that is drawn between what was and what is to come.
+template <typename Row>
+void dressDate(Cell& cell, const Row& row, const CellContext& context) {
+    if (entryOf(row).date > context.endOfToday) {
+        cell.description = "Upcoming";
+    }
 }
 
 template <typename Row>
@@ -62,16 +70,22 @@ Columns<Row> entryColumns(std::string_view moneyOut, std::string_view moneyIn) {
              typename EntryColumn::Text{[](const Row& row) { return title(entryOf(row).cleared); }},
          .dress = dressState<Row>},
         {.head = {.id = "date", .title = "Date", .width = 92, .isSortable = true},
-         .value = typename EntryColumn::Day{[](const Row& row) { return entryOf(row).date; }}},
-        {.head = {.id = "number", .title = "Num", .width = 56, .least = 44, .isSortable = true},
+         .value = typename EntryColumn::Day{[](const Row& row) { return entryOf(row).date; }},
+         .dress = dressDate<Row>},
+        {.head = {.id = "number",
+                  .title = "Num",
+                  .width = 56,
+                  .least = 44,
+                  .isSortable = true,
+                  .mayBeEmpty = true},
          .value = typename EntryColumn::Text{[](const Row& row) -> std::string_view {
                                                  return entryOf(row).checkNumber;
                                              },
                                              true}},
         {.head = {.id = "payee",
                   .title = "Payee",
-                  .width = 140,
-                  .least = 90,
+                  .width = 260,
+                  .least = 150,
                   .stretches = true,
                   .isSearched = true,
                   .isSortable = true},
@@ -80,12 +94,12 @@ Columns<Row> entryColumns(std::string_view moneyOut, std::string_view moneyIn) {
          }},
          .dress = dressPayee<Row>},
         {.head =
-             {.id = "category", .title = "Category", .width = 210, .least = 84, .isSortable = true},
+             {.id = "category", .title = "Category", .width = 210, .least = 96, .isSortable = true},
          .value = typename EntryColumn::Text{[](const Row& row) -> std::string_view {
              return entryOf(row).categoryName;
          }},
          .dress = dressCategory<Row>},
-        {.head = {.id = "tags", .title = "Tags", .width = 80, .least = 46},
+        {.head = {.id = "tags", .title = "Tags", .width = 80, .least = 46, .mayBeEmpty = true},
          .value = typename EntryColumn::Composed{[](const Row& row) {
              return joined(entryOf(row).tags, ", ");
          }},

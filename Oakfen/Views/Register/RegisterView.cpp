@@ -83,6 +83,7 @@ RegisterContent RegisterView::derive(const RegisterContent* earlier) const {
         content.subtitle = shown->institution.empty() ? std::string(oakfen::title(shown->type))
                                                       : shown->institution;
     }
+    content.rowPastToday = rowPastToday(*content.table);
     content.selection = shownOf(selection_, *content.table);
     content.footer = footer(*content.table, *content.selection);
     return content;
@@ -108,11 +109,11 @@ RegisterView::SharedTable RegisterView::tableAfter(const SharedTable& earlier) c
     }
     const RegisterRows::State all = rows();
     if (choice.index != shownChoice_.index) {
-        ranges_ = rangesOf<RegisterRow>(columns(), *all);
+        reaches_ = reachesOf<RegisterRow>(columns(), *all);
     }
     shownChoice_ = std::move(choice);
     return keepingEqual(earlier, std::make_shared<const Table<RegisterRow>>(
-                                     columns(), filteredRows(*all), all, ranges_, cellContext()));
+                                     columns(), filteredRows(*all), all, reaches_, cellContext()));
 }
 
 std::vector<const RegisterRow*>
@@ -132,6 +133,20 @@ RegisterView::filteredRows(const SharedArray<RegisterRow>& all) const {
 RegisterRowTest RegisterView::rowTest() const {
     return {RegisterFilterTest(filter_, environment_.clock.now(), environment_.clock.calendar()),
             searchText_};
+}
+
+std::optional<std::size_t> RegisterView::rowPastToday(const Table<RegisterRow>& table) const {
+    if (sort_.column != "date") {
+        return std::nullopt;
+    }
+    const Date endOfToday = cellContext().endOfToday;
+    const auto& rows = table.rows();
+    const auto first = std::ranges::partition_point(
+        rows, [&](const RegisterRow* row) { return (row->date <= endOfToday) == sort_.ascending; });
+    if (first == rows.begin() || first == rows.end()) {
+        return std::nullopt;
+    }
+    return static_cast<std::size_t>(first - rows.begin());
 }
 
 RegisterFooter RegisterView::footer(const Table<RegisterRow>& table,

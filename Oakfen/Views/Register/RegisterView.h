@@ -16,7 +16,7 @@ namespace oakfen {
 
 /// The everyday screen of an account: its entries with their running balance, and what can be done
 /// with many of them at once. Lives as long as the person stays in the account. An entry that is
-/// saved meanwhile is selected and brought into sight.
+/// saved meanwhile, or comes back by undo, is selected and brought into sight.
 class RegisterView final : public Screen<RegisterContent>, public EntryList {
 public:
     RegisterView(AppEnvironment& environment, const UUID& accountID);
@@ -49,6 +49,7 @@ protected:
     [[nodiscard]] RegisterContent derive(const RegisterContent* earlier) const override;
     void adopt(const RegisterContent& content) override { selection_ = content.selection; }
     void deleted(const UUIDSet& ids) override;
+    void followLibrary() override;
 
 private:
     using Screen::environment_;
@@ -73,6 +74,7 @@ private:
     /// Those that filter and search let be seen, in the order of the sort.
     [[nodiscard]] std::vector<const RegisterRow*>
     filteredRows(const SharedArray<RegisterRow>& all) const;
+    [[nodiscard]] std::optional<std::size_t> rowPastToday(const Table<RegisterRow>& table) const;
     [[nodiscard]] RegisterFooter footer(const Table<RegisterRow>& table,
                                         const UUIDSet& selection) const;
     /// Which rows filter and search let be seen now.
@@ -85,6 +87,8 @@ private:
     /// Ends filter and search.
     void showAll();
     void selectAndReveal(UUIDSet ids, const UUID& last);
+    /// Selects and reveals the entries that a step of undo or redo has brought back or changed.
+    void revealWhatCameBack(const LibraryIndex& earlier);
 
     UUID accountID_;
     SharedSelection selection_ = std::make_shared<const UUIDSet>();
@@ -95,9 +99,9 @@ private:
     std::vector<UUID> hidden_;
     std::optional<RevealedEntry> revealed_;
     mutable RegisterRows rows_;
-    // What the present table was made of, and how far the figures of all rows reach.
+    // What the present table was made of, and what all rows hold in its columns.
     mutable Choice shownChoice_;
-    mutable std::vector<AmountRange> ranges_;
+    mutable std::vector<ColumnReach> reaches_;
     mutable TableSorter<RegisterRow> sorter_;
     Subscription transactionSaved_;
     Subscription entryWanted_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <ranges>
 #include <utility>
 
 #include "OakfenCore/Support/Text/Formatting.h"
@@ -61,6 +62,40 @@ void RegisterView::showHidden() {
 void RegisterView::selectAndReveal(UUIDSet ids, const UUID& last) {
     selection_ = std::make_shared<const UUIDSet>(std::move(ids));
     revealed_ = {.id = last, .number = revealed_ ? revealed_->number + 1 : 1};
+}
+
+void RegisterView::followLibrary() {
+    if (shownChoice_.index != nullptr && environment_.undoManager.isTaking()) {
+        revealWhatCameBack(*shownChoice_.index);
+    }
+    stateChanged();
+}
+
+void RegisterView::revealWhatCameBack(const LibraryIndex& earlier) {
+    const auto before = earlier.transactions(accountID_);
+    const auto now = environment_.store.index().transactions(accountID_);
+    // Entries are immutable, so those that lie where they lay are the same; mostly nearly all do.
+    const auto same = std::ranges::mismatch(before, now);
+    const auto first = same.in2 - now.begin();
+    const auto sameAtEnd =
+        std::ranges::mismatch(std::ranges::subrange(same.in1, before.end()) | std::views::reverse,
+                              std::ranges::subrange(same.in2, now.end()) | std::views::reverse);
+    const auto last = sameAtEnd.in2.base() - now.begin();
+    RegisterRowTest test = rowTest();
+    UUIDSet ids;
+    std::optional<UUID> latest;
+    for (auto place = first; place < last; ++place) {
+        const Transaction& entry = *now[static_cast<std::size_t>(place)];
+        const Transaction* was = earlier.transaction(entry.id);
+        if (was != &entry && (was == nullptr || *was != entry) &&
+            test.shows((*rows())[static_cast<std::size_t>(place)])) {
+            ids.insert(entry.id);
+            latest = entry.id;
+        }
+    }
+    if (latest) {
+        selectAndReveal(std::move(ids), *latest);
+    }
 }
 
 std::optional<std::string> RegisterView::hiddenNotice() const {

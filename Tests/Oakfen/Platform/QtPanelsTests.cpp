@@ -10,6 +10,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTreeView>
@@ -253,6 +254,18 @@ TEST_F(QtPanelsWindow, AddTheExtensionToANameWithoutOne) {
     ASSERT_NE(shown(), nullptr);
     shown()->findChild<QLineEdit*>()->setText(QStringLiteral("all"));
     EXPECT_EQ(shown()->selectedFiles().value(0), QDir::home().filePath(QStringLiteral("all.csv")));
+}
+
+TEST_F(QtPanelsWindow, NameTheRecordOfAQuestionUnderItsText) {
+    panels.confirm({.title = "Delete 1 transaction?",
+                    .message = "You can undo this.",
+                    .confirmTitle = "Delete",
+                    .subject = "“<b>Shop</b>”, $1.00"},
+                   [](bool /*isConfirmed*/) {});
+    const auto* box = window.findChild<QMessageBox*>();
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(utf8(box->text()), "Delete 1 transaction?");
+    EXPECT_EQ(utf8(box->informativeText()), "You can undo this.\n“<b>Shop</b>”, $1.00");
 }
 
 } // namespace

@@ -130,7 +130,7 @@ TEST(Table, GivesItsFiguresTheRoomOfTheWidestOnesOfAllRows) {
     const Columns<SavingsRow> columns{nameColumn(), amountColumn(), dayColumn()};
     const auto all = std::make_shared<const std::vector<SavingsRow>>(std::vector<SavingsRow>{
         {.amount = amount("-20")}, {.amount = amount("5")}, {.amount = amount("1300")}});
-    const Table<SavingsRow> table(columns, {&all->at(1)}, all, rangesOf<SavingsRow>(columns, *all),
+    const Table<SavingsRow> table(columns, {&all->at(1)}, all, reachesOf<SavingsRow>(columns, *all),
                                   {"CAD", Calendar::utc()});
     EXPECT_EQ(table.rowCount(), 1U);
     EXPECT_TRUE(table.wholeTexts(0).empty());

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "OakfenCore/LibraryOperations/Accounts.h"
 #include "Tests/Oakfen/Views/Editors/TransactionFixture.h"
 #include "Tests/Support/LocaleForTest.h"
 
@@ -49,7 +50,8 @@ TEST_F(TransactionEditing, ANewEntryOfAnAccountThatIsGoneTakesTheFirstBankAccoun
     const Account spare = testing::makeAccount("Spare");
     test.store->mutate("New Account", [&](Library& library) { library.accounts.push_back(spare); });
     test.appState->setSelection(SidebarItem::account(spare.id));
-    test.undoManager->undo();
+    test.store->mutate("Delete Account",
+                       [&](Library& library) { deleteAccount(library, spare.id); });
     ASSERT_EQ(test.appState->selectedAccountID(), spare.id);
     const TransactionEditor editor(*test,
                                    ActiveSheet::NewTransaction{test.appState->selectedAccountID()});

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "OakfenCore/Support/Text/Formatting.h"
 #include "Tests/Oakfen/Views/Register/RegisterFixture.h"
+#include "Tests/Support/LocaleForTest.h"
 
 namespace oakfen {
 
@@ -27,6 +29,25 @@ TEST_F(RegisterActions, TogglingLeavesAReconciledEntryAlone) {
 
 TEST_F(RegisterActions, TogglingAnUnknownEntryDoesNothing) {
     view.toggleCleared(UUID::random());
+    EXPECT_FALSE(test.undoManager->canUndo());
+}
+
+TEST_F(RegisterActions, TogglingSeveralClearsThoseThatAreNotInOneStep) {
+    view.toggleCleared({pay.id, rent.id, shop.id, cardPayment.id});
+    EXPECT_EQ(stored(pay.id).cleared, ClearedState::cleared);
+    EXPECT_EQ(stored(rent.id).cleared, ClearedState::cleared);
+    EXPECT_EQ(stored(shop.id).cleared, ClearedState::cleared);
+    EXPECT_EQ(stored(cardPayment.id).cleared, ClearedState::reconciled);
+    EXPECT_EQ(undoName(), "Mark Cleared");
+    view.toggleCleared({pay.id, rent.id, cardPayment.id});
+    EXPECT_EQ(stored(pay.id).cleared, ClearedState::uncleared);
+    EXPECT_EQ(stored(rent.id).cleared, ClearedState::uncleared);
+    EXPECT_EQ(stored(cardPayment.id).cleared, ClearedState::reconciled);
+    EXPECT_EQ(undoName(), "Mark Uncleared");
+    test.undoManager->undo();
+    test.undoManager->undo();
+    EXPECT_EQ(stored(pay.id).cleared, ClearedState::uncleared);
+    EXPECT_EQ(stored(shop.id).cleared, ClearedState::cleared);
     EXPECT_FALSE(test.undoManager->canUndo());
 }
 
@@ -152,6 +173,24 @@ TEST_F(RegisterActions, DeletingAsksInTheSingularForOne) {
     EXPECT_EQ(request.message, "Transfers are removed from both accounts. You can undo this.");
     EXPECT_EQ(request.confirmTitle, "Delete");
     EXPECT_TRUE(request.isDestructive);
+}
+
+TEST_F(RegisterActions, DeletingNamesTheOneEntryThatItIsAbout) {
+    const testing::LocaleForTest locale("en_CA");
+    const std::string shopping = "“Shop”, -$40.00, " + numericDateText(shop.date, Calendar::utc());
+    view.requestDelete({shop.id});
+    EXPECT_EQ(test.panels.confirmations.at(0).subject, shopping);
+    test.undoManager->undo();
+    test.store->mutate("Edit", [this](Library& library) {
+        Transaction nameless = stored(pay.id);
+        nameless.payee.clear();
+        upsert(library, nameless);
+    });
+    view.requestDelete({pay.id});
+    EXPECT_EQ(test.panels.confirmations.at(1).subject,
+              "No payee, $1,000.00, " + numericDateText(pay.date, Calendar::utc()));
+    view.requestDelete({shop.id, rent.id});
+    EXPECT_EQ(test.panels.confirmations.at(2).subject, "");
 }
 
 TEST_F(RegisterActions, DeletingAsksInThePluralForTwo) {

@@ -1,3 +1,4 @@
+#include "Tests/Generators/RandomLibrary.h"
 #include "Tests/Oakfen/Views/Register/RegisterFixture.h"
 
 namespace oakfen {
@@ -123,6 +124,91 @@ TEST_F(RegisterReveal, ShowsWhatWasHiddenAndSelectsIt) {
     EXPECT_FALSE(view.content()->isNarrowed());
     EXPECT_FALSE(view.content()->hiddenNotice);
     EXPECT_EQ(shownRows().size(), 4U);
+}
+
+TEST_F(RegisterReveal, SelectsWhatUndoBringsBack) {
+    view.requestDelete({shop.id, pay.id});
+    ASSERT_TRUE(selection().empty());
+    test.undoManager->undo();
+    EXPECT_EQ(selection(), (UUIDSet{shop.id, pay.id}));
+    EXPECT_EQ(revealed(), pay.id);
+}
+
+TEST_F(RegisterReveal, SelectsWhatUndoAndRedoChange) {
+    view.markAs(ClearedState::reconciled, {shop.id, rent.id});
+    view.select({cardPayment.id});
+    ASSERT_EQ(selection(), UUIDSet{cardPayment.id});
+    test.undoManager->undo();
+    EXPECT_EQ(selection(), (UUIDSet{shop.id, rent.id}));
+    view.select({});
+    test.undoManager->redo();
+    EXPECT_EQ(selection(), (UUIDSet{shop.id, rent.id}));
+    EXPECT_EQ(revealed(), rent.id);
+}
+
+TEST_F(RegisterReveal, KeepsTheSelectionWhenUndoChangesNothingThatIsShown) {
+    test.store->mutate("Edit", [this](Library& library) {
+        upsert(library, testing::makeTransaction(savings.id, testing::day(2026, 3, 1), "I", "1"));
+    });
+    view.markAs(ClearedState::reconciled, {shop.id});
+    view.setFilter(RegisterFilter::thisMonth);
+    view.select({pay.id});
+    test.undoManager->undo();
+    test.undoManager->undo();
+    EXPECT_EQ(selection(), UUIDSet{pay.id});
+    EXPECT_FALSE(revealed());
+}
+
+TEST_F(RegisterReveal, LeavesTheSelectionAsItIsWhenSomethingElseAddsAnEntry) {
+    view.select({pay.id});
+    test.store->mutate("Edit", [this](Library& library) {
+        upsert(library, testing::makeTransaction(everyday.id, testing::day(2026, 3, 1), "N", "1"));
+    });
+    EXPECT_EQ(selection(), UUIDSet{pay.id});
+}
+
+/// Whatever is taken back, what is selected is what it brought back or changed.
+TEST_F(RegisterReveal, SelectsExactlyWhatAnyStepHasTouched) {
+    for (std::uint64_t seed = 0; seed < 40; ++seed) {
+        SCOPED_TRACE(seed);
+        testing::RandomLibrary source(seed);
+        test.store->mutate("Edit", [&](Library& library) {
+            UUIDSet deleted;
+            for (std::size_t place = 0; place < library.transactions.size(); ++place) {
+                if (library.transactions[place].accountID != everyday.id) {
+                    continue;
+                }
+                switch (source.below(4)) {
+                case 0:
+                    deleted.insert(library.transactions[place].id);
+                    break;
+                case 1:
+                    library.transactions.edit(place).memo += "x";
+                    break;
+                default:
+                    break;
+                }
+            }
+            deleteTransactions(library, deleted);
+            upsert(library,
+                   testing::makeTransaction(
+                       everyday.id, testing::day(2026, 1, 1 + static_cast<int>(source.below(28))),
+                       "N", "2"));
+        });
+        const Library after = test.library();
+        const UUIDSet kept = selection();
+        test.undoManager->undo();
+        UUIDSet touched;
+        for (const Transaction& each : test.library().transactions) {
+            const Transaction* was = after.transactions.first(
+                [&](const Transaction& other) { return other.id == each.id; });
+            if (each.accountID == everyday.id && (was == nullptr || *was != each)) {
+                touched.insert(each.id);
+            }
+        }
+        EXPECT_EQ(selection(), touched.empty() ? kept : touched);
+        test.undoManager->redo();
+    }
 }
 
 } // namespace oakfen

@@ -31,7 +31,7 @@ TEST_F(RegisterCells, ShowTheFiguresOfTheEntry) {
     EXPECT_EQ(cell(0, "deposit"), Cell());
     EXPECT_EQ(cell(1, "payment"), Cell());
     EXPECT_EQ(cell(0, "balance"), Cell{.text = "$260.00"});
-    EXPECT_EQ(cell(0, "date"), Cell{.text = numericDateText(rent.date, Calendar::utc())});
+    EXPECT_EQ(cell(1, "date"), Cell{.text = numericDateText(pay.date, Calendar::utc())});
 }
 
 TEST_F(RegisterCells, ToneWhatMattersInARow) {
@@ -74,6 +74,68 @@ TEST_F(RegisterCells, PrintTheStateAsItsWord) {
     const std::string page = printedPage(*view.content()->table, "Everyday");
     EXPECT_NE(page.find("<td>Reconciled</td>"), std::string::npos);
     EXPECT_NE(page.find("<th align=\"left\">Cleared</th>"), std::string::npos);
+}
+
+TEST_F(RegisterCells, SayThatAnEntryIsStillToCome) {
+    EXPECT_EQ(cell(0, "date"), (Cell{.text = numericDateText(rent.date, Calendar::utc()),
+                                     .description = "Upcoming"}));
+    EXPECT_EQ(cell(1, "date").description, "");
+    test.clock.set(rent.date);
+    test.store->refreshIndex();
+    EXPECT_EQ(cell(0, "date").description, "");
+}
+
+TEST_F(RegisterCells, DrawRunsOfBlanksAsOneAndKeepThemInTheLedger) {
+    shop.payee = "WELLNESS CLINIC          ANYTOWN";
+    shop.memo = "card\t  12";
+    edit(shop);
+    EXPECT_EQ(cell(2, "payee").text, "WELLNESS CLINIC ANYTOWN");
+    EXPECT_EQ(cell(2, "payee").detail, "card 12");
+    EXPECT_EQ(view.content()->table->plainText(2, 3), "WELLNESS CLINIC          ANYTOWN");
+    EXPECT_EQ(view.content()->table->typedText(2, 3), "WELLNESS CLINIC          ANYTOWN");
+    EXPECT_EQ(stored(shop.id).payee, "WELLNESS CLINIC          ANYTOWN");
+}
+
+TEST_F(RegisterCells, TellWhichColumnsHoldNothingInTheRowsThatAreShown) {
+    const auto isEmpty = [this](std::string_view column) {
+        const auto content = view.content();
+        return content->table->isEmpty(columnNamed(*content->table, column).value());
+    };
+    EXPECT_TRUE(isEmpty("number"));
+    EXPECT_TRUE(isEmpty("tags"));
+    EXPECT_FALSE(isEmpty("payee"));
+    shop.checkNumber = "101";
+    edit(shop);
+    pay.tags = {"work"};
+    edit(pay);
+    EXPECT_FALSE(isEmpty("number"));
+    EXPECT_FALSE(isEmpty("tags"));
+    view.setFilter(RegisterFilter::thisMonth);
+    EXPECT_TRUE(isEmpty("number"));
+    EXPECT_FALSE(isEmpty("tags"));
+    view.setFilter(RegisterFilter::all);
+    test.undoManager->undo();
+    EXPECT_FALSE(isEmpty("number"));
+    EXPECT_TRUE(isEmpty("tags"));
+}
+
+TEST_F(RegisterCells, FindTheFirstRowPastTodayInBothOrders) {
+    EXPECT_EQ(view.content()->rowPastToday, 1U);
+    view.sortBy("date");
+    EXPECT_EQ(view.content()->rowPastToday, 3U);
+    view.sortBy("payee");
+    EXPECT_EQ(view.content()->rowPastToday, std::nullopt);
+}
+
+TEST_F(RegisterCells, FindNoRowPastTodayWhereAllLieOnOneSide) {
+    view.setFilter(RegisterFilter::uncleared);
+    EXPECT_EQ(view.content()->rowPastToday, 1U);
+    view.setSearchText("rent");
+    EXPECT_EQ(view.content()->rowPastToday, std::nullopt);
+    view.setSearchText("pay");
+    EXPECT_EQ(view.content()->rowPastToday, std::nullopt);
+    view.setSearchText("nobody");
+    EXPECT_EQ(view.content()->rowPastToday, std::nullopt);
 }
 
 } // namespace
