@@ -40,14 +40,7 @@ void EntryTable::setUpTable(const QString& stateKey) {
     table_->setTable(*model_, stateKey);
     table_->setContextMenuPolicy(Qt::CustomContextMenu);
     table_->installEventFilter(this);
-    QHeaderView* header = table_->horizontalHeader();
-    header->setSectionsClickable(true);
-    header->setSortIndicatorShown(true);
-    connect(header, &QHeaderView::sectionClicked, this, [this](int column) {
-        list_.sortBy(model_->content().head(static_cast<std::size_t>(column)).id);
-        // The header has moved its arrow by itself, also to a column that can't be sorted by.
-        showSortIndicator(sortColumn_, isSortedUp_);
-    });
+    setUpHeader();
     connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { takeSelection(); });
     connect(table_, &QTableView::clicked, this, [this](const QModelIndex& index) {
@@ -60,15 +53,46 @@ void EntryTable::setUpTable(const QString& stateKey) {
             openSelection();
         }
     });
-    connect(table_, &QTableView::customContextMenuRequested, this, [this](const QPoint& point) {
-        if (selection_->empty()) {
-            return;
-        }
-        // It ends by itself, since its action may lead to another screen, which ends this one.
-        QMenu* menu = makeContextMenu(*selection_).release();
-        menu->setAttribute(Qt::WA_DeleteOnClose);
-        menu->popup(table_->viewport()->mapToGlobal(point));
+    connect(table_, &QTableView::customContextMenuRequested, this,
+            [this](const QPoint& point) { openContextMenu(point); });
+}
+
+void EntryTable::setUpHeader() {
+    QHeaderView* header = table_->horizontalHeader();
+    header->setSectionsClickable(true);
+    header->setSortIndicatorShown(true);
+    header->setFocusPolicy(Qt::TabFocus);
+    header->setAccessibleName(tr("Sort by"));
+    header->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(header, &QHeaderView::sectionClicked, this, [this](int column) {
+        list_.sortBy(model_->content().head(static_cast<std::size_t>(column)).id);
+        // The header has moved its arrow by itself, also to a column that can't be sorted by.
+        showSortIndicator(sortColumn_, isSortedUp_);
     });
+    connect(header, &QWidget::customContextMenuRequested, this,
+            [this, header](const QPoint& point) {
+                auto* menu = new QMenu(this);
+                menu->setAttribute(Qt::WA_DeleteOnClose);
+                fillSortMenu(*menu);
+                menu->popup(header->viewport()->mapToGlobal(point));
+            });
+}
+
+void EntryTable::openContextMenu(const QPoint& point) {
+    if (selection_->empty()) {
+        return;
+    }
+    QPoint place = point;
+    const QModelIndex there = table_->indexAt(point);
+    if (!there.isValid() || !table_->selectionModel()->isRowSelected(there.row())) {
+        // Asked for by keyboard, or beside the rows.
+        table_->bringTargetIntoSight();
+        place = table_->visualRect(model_->index(table_->targetRow(), 0)).bottomLeft();
+    }
+    // It ends by itself, since its action may lead to another screen, which ends this one.
+    QMenu* menu = makeContextMenu(*selection_).release();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(table_->viewport()->mapToGlobal(place));
 }
 
 bool EntryTable::isMark(const QModelIndex& index) const {
@@ -173,11 +197,21 @@ void EntryTable::showEmptyState(const std::optional<EmptyState>& state,
 }
 
 void EntryTable::reveal(const UUID& id) {
-    const int row = model_->rowOf(id);
-    const int column = std::max(table_->currentIndex().column(), 0);
-    table_->selectionModel()->setCurrentIndex(model_->index(row, column),
-                                              QItemSelectionModel::NoUpdate);
-    table_->scrollTo(table_->currentIndex());
+    {
+        const QScopedValueRollback showing(isShowing_, true);
+        table_->goTo(model_->rowOf(id));
+    }
+    // It may be one of several that came back.
+    showSelection(selection_);
+}
+
+void EntryTable::beginAtTop() {
+    if (model_->rowCount() > 0) {
+        const int column = std::max(table_->currentIndex().column(), 0);
+        table_->selectionModel()->setCurrentIndex(model_->index(0, column),
+                                                  QItemSelectionModel::NoUpdate);
+        table_->scrollToTop();
+    }
 }
 
 void EntryTable::takeSelection() {
@@ -229,16 +263,14 @@ bool EntryTable::handleTableKey(int key, Qt::KeyboardModifiers modifiers) {
         return true;
     case Qt::Key_Delete:
     case Qt::Key_Backspace:
-        list_.requestDelete(*selection_);
+        deleteSelection();
         return true;
     case Qt::Key_Space:
         if (table_->isSearching()) {
             // The blank is part of the payee that is being typed.
             return false;
         }
-        if (table_->currentIndex().isValid()) {
-            list_.toggleCleared(model_->id(table_->currentIndex().row()));
-        }
+        toggleSelection();
         return true;
     default:
         return false;
@@ -246,9 +278,29 @@ bool EntryTable::handleTableKey(int key, Qt::KeyboardModifiers modifiers) {
 }
 
 void EntryTable::openSelection() {
-    if (!selection_->empty()) {
-        list_.editTransaction(*selection_->begin());
+    if (const int row = table_->targetRow(); row >= 0) {
+        list_.editTransaction(model_->id(row));
     }
+}
+
+void EntryTable::toggleSelection() {
+    const SharedSelection selection = selection_;
+    if (selection->empty()) {
+        table_->selectCurrentRow();
+        return;
+    }
+    table_->bringTargetIntoSight();
+    list_.toggleCleared(*selection);
+    if (selection_->empty()) {
+        // The filter hides what was marked; whoever goes on does so with the row at its place.
+        table_->selectCurrentRow();
+    }
+}
+
+void EntryTable::deleteSelection() {
+    const SharedSelection selection = selection_;
+    table_->bringTargetIntoSight();
+    list_.requestDelete(*selection);
 }
 
 } // namespace oakfen

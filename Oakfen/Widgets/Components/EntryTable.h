@@ -41,14 +41,22 @@ public:
                         const std::function<void(EmptyStateWidget&)>& addButtons);
     /// Makes the entry's row the current one and scrolls to it.
     void reveal(const UUID& id);
+    /// Makes the first row the current one and scrolls to it.
+    void beginAtTop();
     /// The context menu for these entries; the caller owns it.
     [[nodiscard]] std::unique_ptr<QMenu> makeContextMenu(const UUIDSet& ids);
+
+    /// Fills the menu of the titles with the orders that the list can have.
+    std::function<void(QMenu&)> fillSortMenu = [](QMenu&) {};
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void setUpTable(const QString& stateKey);
+    void setUpHeader();
+    /// Opens the menu of the selected entries, at the point where it is on one of them.
+    void openContextMenu(const QPoint& point);
     /// Makes the entry's row the current one; without it, the row that is now at its place.
     void keepCurrent(const UUID& id, int row, int column);
     [[nodiscard]] bool isSelectionShown() const;
@@ -58,6 +66,8 @@ private:
     void copySelection();
     bool handleTableKey(int key, Qt::KeyboardModifiers modifiers);
     void openSelection();
+    void toggleSelection();
+    void deleteSelection();
     [[nodiscard]] bool isMark(const QModelIndex& index) const;
 
     EntryList& list_;

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QToolTip>
 #include <algorithm>
+#include <cmath>
 
 #include "Oakfen/Widgets/Components/Figures.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
@@ -38,6 +39,22 @@ QColor colorOf(TextTone tone, bool isSelected) {
 int roomOfText(const QFontMetrics& metrics, const QString& detail, int width) {
     const int rest = width - metrics.horizontalAdvance(detail) - LedgerDelegate::margin;
     return std::clamp(rest, width / 3, width);
+}
+
+int textWidth(const QStyleOptionViewItem& option, const QModelIndex& index) {
+    const QFont font = fontOf(option, index);
+    const QString text = index.data().toString();
+    return index.data(LedgerDelegate::FiguresRole).toBool()
+               ? static_cast<int>(std::ceil(figureWidth(font, text)))
+               : QFontMetrics(font).horizontalAdvance(text);
+}
+
+/// Two tooltips of plain texts as one, each on a line of its own.
+QString joined(const QString& first, const QString& second) {
+    const QString begin = QStringLiteral("<qt>");
+    const QString end = QStringLiteral("</qt>");
+    return first.chopped(end.size()) + QStringLiteral("<br>") +
+           (second.startsWith(begin) ? second.mid(begin.size()) : second + end);
 }
 
 void drawText(QPainter& painter, const QRect& rect, const QModelIndex& index, bool isSelected) {
@@ -110,19 +127,22 @@ void LedgerDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
     painter->restore();
 }
 
+QSize LedgerDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    const bool isMark =
+        index.data(Qt::CheckStateRole).isValid() || !index.data(SymbolRole).toString().isEmpty();
+    const int content = isMark ? iconSize : textWidth(option, index);
+    return {content + (2 * margin), Theme::tableRowHeight};
+}
+
 bool LedgerDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
                                const QStyleOptionViewItem& option, const QModelIndex& index) {
-    const QString text = index.data().toString();
-    const int room = option.rect.width() - (2 * margin);
-    const QFont font = fontOf(option, index);
-    const bool isCut = index.data(FiguresRole).toBool()
-                           ? figureWidth(font, text) > room
-                           : QFontMetrics(font).horizontalAdvance(text) > room;
-    if (event->type() != QEvent::ToolTip || !isCut ||
-        !index.data(Qt::ToolTipRole).toString().isEmpty()) {
+    const bool isCut = textWidth(option, index) > option.rect.width() - (2 * margin);
+    if (event->type() != QEvent::ToolTip || !isCut) {
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     }
-    QToolTip::showText(event->globalPos(), plainToolTip(text), view);
+    const QString whole = plainToolTip(index.data().toString());
+    const QString added = index.data(Qt::ToolTipRole).toString();
+    QToolTip::showText(event->globalPos(), added.isEmpty() ? whole : joined(whole, added), view);
     return true;
 }
 

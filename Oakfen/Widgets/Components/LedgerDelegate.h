@@ -33,7 +33,10 @@ public:
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
-    /// Tells the whole text of a cell that has no room for it, where the model has nothing to add.
+    /// What the cell's text needs, without the detail after it.
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const override;
+    /// Tells the whole text of a cell that has no room for it, before what the model adds.
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override;
 };

@@ -7,9 +7,11 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <utility>
 
 #include "Oakfen/Widgets/Components/Figures.h"
 #include "Oakfen/Widgets/Components/LedgerDelegate.h"
+#include "Oakfen/Widgets/Components/LedgerHeader.h"
 #include "Oakfen/Widgets/Components/TableModel.h"
 #include "Oakfen/Widgets/Theme/Theme.h"
 #include "Oakfen/Widgets/Theme/WindowState.h"
@@ -25,6 +27,7 @@ constexpr int saveDelay = 300;
 } // namespace
 
 LedgerTable::LedgerTable(QWidget* parent) : QTableView(parent) {
+    setHorizontalHeader(new LedgerHeader(this));
     setItemDelegate(new LedgerDelegate(this));
     setSelectionBehavior(SelectRows);
     setSelectionMode(ExtendedSelection);
@@ -61,34 +64,41 @@ void LedgerTable::saveColumnWidths() const {
     for (const int width : widths_) {
         widths.append(width);
     }
+    // At the end, since it used to be left out and its place was filled all the same.
+    widths.append(isChosen(stretched_) ? widths_[stretched_] : 0);
     windowState::setValue(stateKey_, widths);
+}
+
+void LedgerTable::restoreColumnWidths() {
+    const QVariantList kept = windowState::value(stateKey_).toList();
+    const qsizetype count = widths_.size();
+    if (kept.size() != count && kept.size() != count + 1) {
+        return;
+    }
+    for (qsizetype column = 0; column < count; ++column) {
+        const int width = column != stretched_ ? kept[column].toInt() : kept.value(count).toInt();
+        if (column != stretched_ || width > 0) {
+            widths_[column] = std::clamp(width, leastColumnWidth, greatestColumnWidth);
+        }
+    }
 }
 
 void LedgerTable::setColumnWidths(const QString& stateKey, const QList<int>& widths, int stretched,
                                   const QList<YieldingColumn>& yielding) {
     stateKey_ = stateKey;
+    usualWidths_ = widths;
     widths_ = widths;
     stretched_ = stretched;
     yielding_ = yielding;
-    const QVariantList kept = windowState::value(stateKey).toList();
+    restoreColumnWidths();
     for (qsizetype column = 0; column < widths_.size(); ++column) {
-        if (kept.size() == widths_.size() && column != stretched) {
-            widths_[column] =
-                std::clamp(kept[column].toInt(), leastColumnWidth, greatestColumnWidth);
-        }
         setColumnWidth(static_cast<int>(column), widths_[column]);
     }
     connect(horizontalHeader(), &QHeaderView::sectionResized, this,
-            [this](int column, int /*before*/, int after) {
-                if (!isFitting_ && column != stretched_) {
-                    widths_[column] = after;
-                    fitColumns(column);
-                    saveTimer_.start();
-                }
-            });
-    connect(model(), &QAbstractItemModel::modelReset, this, [this] { measureWholeTexts(); });
-    connect(model(), &QAbstractItemModel::headerDataChanged, this, [this] { measureWholeTexts(); });
-    measureWholeTexts();
+            [this](int column, int before, int after) { takeWidth(column, before, after); });
+    connect(model(), &QAbstractItemModel::modelReset, this, [this] { measureColumns(); });
+    connect(model(), &QAbstractItemModel::headerDataChanged, this, [this] { measureColumns(); });
+    measureColumns();
 }
 
 void LedgerTable::setTable(TableModel& model, const QString& stateKey) {
@@ -127,20 +137,22 @@ void LedgerTable::setColumnShown(int column, bool isShown) {
     fitColumns();
 }
 
-void LedgerTable::measureWholeTexts() {
-    const QList<int> before = leastWidths_;
-    leastWidths_.clear();
+void LedgerTable::measureColumns() {
+    const QList<int> leastBefore = std::exchange(leastWidths_, {});
+    const QList<bool> emptyBefore = std::exchange(areEmpty_, {});
     for (int column = 0; column < static_cast<int>(widths_.size()); ++column) {
+        const auto header = [&](int role) {
+            return model()->headerData(column, Qt::Horizontal, role);
+        };
         int least = leastColumnWidth;
-        const QVariant texts =
-            model()->headerData(column, Qt::Horizontal, TableModel::WholeTextsRole);
-        for (const QString& text : texts.toStringList()) {
+        for (const QString& text : header(TableModel::WholeTextsRole).toStringList()) {
             const int width = static_cast<int>(std::ceil(figureWidth(font(), text)));
             least = std::max(least, width + (2 * LedgerDelegate::margin));
         }
         leastWidths_ << least;
+        areEmpty_ << header(TableModel::EmptyRole).toBool();
     }
-    if (leastWidths_ != before) {
+    if (leastWidths_ != leastBefore || areEmpty_ != emptyBefore) {
         fitColumns();
     }
 }
@@ -180,6 +192,7 @@ void LedgerTable::paintEvent(QPaintEvent* event) {
         }
         painter.drawLine(0, bottom, right, bottom);
     }
+    paintDivider(painter, right);
     const QModelIndex current = currentIndex();
     if (hasFocus() && current.isValid()) {
         painter.setPen(Theme::color(ThemeColor::accent));
@@ -207,39 +220,83 @@ void LedgerTable::resizeEvent(QResizeEvent* event) {
 void LedgerTable::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
     if (event->type() == QEvent::FontChange && !leastWidths_.isEmpty()) {
-        measureWholeTexts();
+        measureColumns();
     }
+}
+
+void LedgerTable::takeWidth(int column, int before, int after) {
+    if (isFitting_) {
+        return;
+    }
+    const int next = column + 1;
+    if (column == stretched_ && next < widths_.size()) {
+        // It would take back at once what it gives away; so its edge moves the next column's.
+        int least = leastWidths_[next];
+        for (const YieldingColumn& each : yielding_) {
+            least = each.column == next ? std::max(least, each.least) : least;
+        }
+        widths_[next] = std::max(least, columnWidth(next) - (after - before));
+    }
+    widths_[column] = after;
+    fitColumns(column);
+    if (column == stretched_) {
+        // There may have been no room for all of it.
+        widths_[column] = columnWidth(column);
+    }
+    saveTimer_.start();
+}
+
+int LedgerTable::narrow(QList<int>& widths, const QList<YieldingColumn>& columns, int lack) const {
+    const auto spare = [&](const YieldingColumn& each) {
+        return std::max(0, widths[each.column] - std::max(each.least, leastWidths_[each.column]));
+    };
+    int spareOfAll = 0;
+    for (const YieldingColumn& each : columns) {
+        spareOfAll += spare(each);
+    }
+    int rest = std::min(std::max(lack, 0), spareOfAll);
+    lack -= rest;
+    // Each gives its share of what is lacking; the last one gives what rounding has left.
+    for (const YieldingColumn& each : columns) {
+        if (const int own = spare(each); own > 0) {
+            const int share = rest * own / spareOfAll;
+            widths[each.column] -= share;
+            rest -= share;
+            spareOfAll -= own;
+        }
+    }
+    return lack;
 }
 
 QList<int> LedgerTable::fittedWidths(int dragged) const {
     QList<int> widths = widths_;
-    for (qsizetype column = 0; column < widths.size(); ++column) {
-        widths[column] = isColumnHidden(static_cast<int>(column))
-                             ? 0
-                             : std::max(widths[column], leastWidths_[column]);
+    QList<YieldingColumn> empty;
+    for (int column = 0; column < static_cast<int>(widths.size()); ++column) {
+        if (isColumnHidden(column)) {
+            widths[column] = 0;
+            continue;
+        }
+        widths[column] = std::max(widths[column], leastWidths_[column]);
+        if (areEmpty_[column] && column != dragged && !isChosen(column)) {
+            empty << YieldingColumn{column, leastColumnWidth};
+        }
+    }
+    QList<YieldingColumn> usual;
+    QList<YieldingColumn> chosen;
+    for (const YieldingColumn& each : yielding_) {
+        if (each.column != dragged) {
+            (isChosen(each.column) ? chosen : usual) << each;
+        }
     }
     int lack = std::accumulate(widths.begin(), widths.end(), -viewport()->width());
+    for (const QList<YieldingColumn>& columns : {empty, usual, chosen}) {
+        lack = narrow(widths, columns, lack);
+    }
     if (lack < 0) {
         widths[stretched_] -= lack;
-        return widths;
-    }
-    const auto spare = [&](const YieldingColumn& each) {
-        const int least = std::max(each.least, leastWidths_[each.column]);
-        return each.column == dragged ? 0 : std::max(0, widths[each.column] - least);
-    };
-    int spareOfAll = 0;
-    for (const YieldingColumn& each : yielding_) {
-        spareOfAll += spare(each);
-    }
-    lack = std::min(lack, spareOfAll);
-    // Each gives its share of what is lacking; the last one gives what rounding has left.
-    for (const YieldingColumn& each : yielding_) {
-        if (const int own = spare(each); own > 0) {
-            const int share = lack * own / spareOfAll;
-            widths[each.column] -= share;
-            lack -= share;
-            spareOfAll -= own;
-        }
+    } else if (dragged == stretched_) {
+        // There is no more room to be had.
+        widths[stretched_] = std::max(leastWidths_[stretched_], widths[stretched_] - lack);
     }
     return widths;
 }

@@ -27,7 +27,8 @@ RowTicker::RowTicker(LedgerTable& table, const TableModel& model, Tick tick)
 bool RowTicker::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<QKeyEvent*>(event);
-        if (isTickKey(key->key())) {
+        const bool isPlain = (key->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+        if (isPlain && isTickKey(key->key())) {
             // A key that is held down, perhaps since it left a field, ticks once at most.
             if (!key->isAutoRepeat()) {
                 tickSelected();
@@ -51,15 +52,19 @@ bool RowTicker::isTicked(int row) const {
 }
 
 void RowTicker::tickSelected() {
-    const QModelIndex current = table_.currentIndex();
-    if (!current.isValid()) {
+    if (table_.targetRow() < 0) {
+        table_.selectCurrentRow();
+    }
+    const int target = table_.targetRow();
+    if (target < 0) {
         return;
     }
-    std::vector<UUID> ids{model_.id(current.row())};
+    table_.bringTargetIntoSight();
+    std::vector<UUID> ids;
     for (const QModelIndex& index : table_.selectionModel()->selectedRows()) {
         ids.push_back(model_.id(index.row()));
     }
-    tick_(ids, !isTicked(current.row()));
+    tick_(ids, !isTicked(target));
 }
 
 } // namespace oakfen

@@ -12,8 +12,8 @@ class LedgerTable;
 class TableModel;
 
 /// Lets the person tick a table's rows: with a click on a tick, or with the space bar, which gives
-/// the selected rows the other state of the current one. Return does so too where it is asked to,
-/// since a sheet's default button would be pressed else.
+/// the selected rows the other state of the current one, or of the first where it isn't selected.
+/// Return does so too where it is asked to, since a sheet's default button would be pressed else.
 class RowTicker final : public QObject {
 public:
     using Tick = std::function<void(const std::vector<UUID>& ids, bool isTicked)>;

@@ -204,6 +204,8 @@ QVariant TableModel::headerData(int section, Qt::Orientation orientation, int ro
         }
         return texts;
     }
+    case EmptyRole:
+        return content_->isEmpty(place(section));
     case Qt::DisplayRole:
         return qt(head.title);
     case Qt::AccessibleTextRole:

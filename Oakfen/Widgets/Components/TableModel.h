@@ -17,6 +17,8 @@ public:
     enum HeaderRole {
         /// The texts of a column that are never cut, the widest ones among them.
         WholeTextsRole = Qt::UserRole + 1,
+        /// Whether no row holds anything in the column.
+        EmptyRole,
     };
 
     explicit TableModel(std::shared_ptr<const TableContent> content, QObject* parent = nullptr);

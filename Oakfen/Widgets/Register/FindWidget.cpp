@@ -12,6 +12,7 @@
 #include "Oakfen/Widgets/Components/SearchField.h"
 #include "Oakfen/Widgets/Components/TableModel.h"
 #include "Oakfen/Widgets/Register/RegisterFooterWidget.h"
+#include "Oakfen/Widgets/Register/RegisterSortMenu.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 
 namespace oakfen {
@@ -35,6 +36,7 @@ FindWidget::FindWidget(AppEnvironment& environment, std::string& term, QWidget* 
     setTabOrder(search_, table());
     setTabOrder(table(), closeButton());
     setUpKeys();
+    entries_->fillSortMenu = [this](QMenu& menu) { fillSortMenu(menu, view_); };
     changed_ = view_.changed.observe([this] { showContent(); });
     showContent();
 }
@@ -89,7 +91,7 @@ void FindWidget::showContent() {
     }
     if (earlier != nullptr && content_->searchText != earlier->searchText) {
         // Other entries than before: the newest first.
-        table()->scrollToTop();
+        entries_->beginAtTop();
     }
     footer_->show(content_->footer, environment_.currencyCode());
 }

@@ -8,7 +8,6 @@
 
 #include "Oakfen/Widgets/Components/ElidedLabel.h"
 #include "Oakfen/Widgets/Components/SearchField.h"
-#include "Oakfen/Widgets/Register/RegisterSortButton.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Oakfen/Widgets/Theme/SymbolIcons.h"
 #include "Oakfen/Widgets/Theme/Theme.h"
@@ -25,8 +24,7 @@ constexpr QSize toolIconSize(20, 15);
 RegisterHeaderWidget::RegisterHeaderWidget(RegisterView& view, QWidget* parent)
     : QWidget(parent), view_(view), title_(new ElidedLabel(TextStyle::title, ThemeColor::text)),
       subtitle_(new ElidedLabel(TextStyle::body, ThemeColor::secondaryText)),
-      filter_(new QComboBox), search_(new SearchField(tr("Payee, category, memo, amount"))),
-      sort_(new RegisterSortButton(view)) {
+      filter_(new QComboBox), search_(new SearchField(tr("Payee, category, memo, amount"))) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(2 * Theme::grid, Theme::grid * 3 / 2, 2 * Theme::grid, Theme::grid);
     layout->setSpacing(Theme::grid);
@@ -53,7 +51,6 @@ RegisterHeaderWidget::RegisterHeaderWidget(RegisterView& view, QWidget* parent)
     toolRow->addWidget(filter_);
     toolRow->addWidget(search_, 1);
     toolRow->addStretch(0);
-    toolRow->addWidget(sort_);
 }
 
 void RegisterHeaderWidget::showContent(const RegisterContent& content) {
@@ -65,7 +62,6 @@ void RegisterHeaderWidget::showContent(const RegisterContent& content) {
     if (search_->text() != qt(content.searchText)) {
         search_->setText(qt(content.searchText));
     }
-    sort_->showOrder(content);
 }
 
 void RegisterHeaderWidget::setUpFilter() {

@@ -12,9 +12,8 @@ class QToolButton;
 namespace oakfen {
 
 class ElidedLabel;
-class RegisterSortButton;
 
-/// What stands above a register's table: the account's name, the tools, filter, search and order.
+/// What stands above a register's table: the account's name, the tools, filter and search.
 class RegisterHeaderWidget final : public QWidget {
     Q_OBJECT
 
@@ -28,7 +27,6 @@ public:
     std::function<void()> searchLeft = [] {};
 
     [[nodiscard]] QLineEdit* searchField() const { return search_; }
-    [[nodiscard]] RegisterSortButton* sortButton() const { return sort_; }
 
 private:
     void setUpFilter();
@@ -42,7 +40,6 @@ private:
     ElidedLabel* subtitle_;
     QComboBox* filter_;
     QLineEdit* search_;
-    RegisterSortButton* sort_;
 };
 
 } // namespace oakfen

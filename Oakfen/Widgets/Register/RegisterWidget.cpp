@@ -9,6 +9,7 @@
 #include "Oakfen/Widgets/Register/RegisterFooterWidget.h"
 #include "Oakfen/Widgets/Register/RegisterHeaderWidget.h"
 #include "Oakfen/Widgets/Register/RegisterNoticeWidget.h"
+#include "Oakfen/Widgets/Register/RegisterSortMenu.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 
 namespace oakfen {
@@ -30,7 +31,15 @@ RegisterWidget::RegisterWidget(AppEnvironment& environment, const UUID& accountI
         table()->setFocus(Qt::OtherFocusReason);
     };
     header_->searchLeft = [this] { setFocus(Qt::OtherFocusReason); };
+    entries_->fillSortMenu = [this](QMenu& menu) { fillSortMenu(menu, view_); };
     changed_ = view_.changed.observe([this] { showContent(); });
+    sheetChanged_ = environment.appState.sheetChanged.observe([this] {
+        if (!environment_.appState.sheet() && std::exchange(awaitsFocus_, false)) {
+            // Later: whoever puts the sheet away gives the keyboard back to where it was.
+            QMetaObject::invokeMethod(
+                table(), [this] { table()->setFocus(Qt::OtherFocusReason); }, Qt::QueuedConnection);
+        }
+    });
     showContent();
     setFocusProxy(entries_);
 }
@@ -52,13 +61,10 @@ QLineEdit* RegisterWidget::searchField() const {
     return header_->searchField();
 }
 
-RegisterSortButton* RegisterWidget::sortButton() const {
-    return header_->sortButton();
-}
-
 void RegisterWidget::showContent() {
     const auto earlier = std::exchange(content_, view_.content());
     header_->showContent(*content_);
+    const bool wasInSight = table()->isTargetInSight();
     entries_->showTable(content_->table);
     entries_->showSelection(content_->selection);
     entries_->showSortIndicator(content_->sort.column, content_->sort.ascending);
@@ -66,9 +72,31 @@ void RegisterWidget::showContent() {
     if (earlier == nullptr || content_->emptyState() != earlier->emptyState()) {
         showEmptyState();
     }
+    table()->setDivider(content_->rowPastToday
+                            ? std::optional(static_cast<int>(*content_->rowPastToday))
+                            : std::nullopt);
     footer_->show(content_->footer, environment_.currencyCode());
+    if (earlier != nullptr) {
+        showPlace(*earlier, wasInSight);
+    }
     if (content_->revealed && (earlier == nullptr || content_->revealed != earlier->revealed)) {
         entries_->reveal(content_->revealed->id);
+        // The keyboard goes there too once the sheet that saved it has closed.
+        awaitsFocus_ = environment_.appState.sheet().has_value();
+    }
+}
+
+void RegisterWidget::showPlace(const RegisterContent& earlier, bool wasInSight) {
+    const bool isOtherChoice = content_->filter != earlier.filter ||
+                               content_->searchText != earlier.searchText ||
+                               content_->sort != earlier.sort;
+    if (!content_->selection->empty()) {
+        // The person selecting rows scrolls by that.
+        if (isOtherChoice || (wasInSight && content_->table != earlier.table)) {
+            table()->bringTargetIntoSight();
+        }
+    } else if (isOtherChoice) {
+        entries_->beginAtTop();
     }
 }
 

@@ -14,7 +14,6 @@ class LedgerTable;
 class RegisterFooterWidget;
 class RegisterHeaderWidget;
 class RegisterNoticeWidget;
-class RegisterSortButton;
 
 /// Draws the register of one account and hands its input to the view.
 class RegisterWidget final : public QWidget {
@@ -28,13 +27,14 @@ public:
     [[nodiscard]] LedgerTable* table() const;
     [[nodiscard]] RegisterNoticeWidget* notice() const { return notice_; }
     [[nodiscard]] QLineEdit* searchField() const;
-    [[nodiscard]] RegisterSortButton* sortButton() const;
     /// The context menu for these entries; the caller owns it.
     [[nodiscard]] std::unique_ptr<QMenu> makeContextMenu(const UUIDSet& ids);
 
 private:
     void showContent();
     void showEmptyState();
+    /// Has the selection stay in sight, or what another choice shows begin at its top.
+    void showPlace(const RegisterContent& earlier, bool wasInSight);
 
     AppEnvironment& environment_;
     RegisterView view_;
@@ -43,7 +43,9 @@ private:
     RegisterNoticeWidget* notice_;
     EntryTable* entries_;
     RegisterFooterWidget* footer_;
+    bool awaitsFocus_ = false;
     Subscription changed_;
+    Subscription sheetChanged_;
 };
 
 } // namespace oakfen

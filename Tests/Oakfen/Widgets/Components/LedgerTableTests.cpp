@@ -174,5 +174,109 @@ TEST_F(LedgerTableWindow, TellsAnAmountThatHasNoRoomForItsDigits) {
     QToolTip::hideText();
 }
 
+TEST_F(LedgerTableWindow, MakesAColumnInWhichThereIsNothingNarrowerFirst) {
+    model.setHeaderData(0, Qt::Horizontal, true, TableModel::EmptyRole);
+    widen(540);
+    EXPECT_EQ(widths(), QList<int>({100, 200, 150, 90}));
+    widen(500);
+    EXPECT_EQ(widths(), QList<int>({60, 200, 150, 90}));
+    widen(430);
+    // It has given 72 of 110; the rest comes from the two that yield.
+    EXPECT_EQ(widths(), QList<int>({28, 180, 132, 90}));
+    model.setHeaderData(0, Qt::Horizontal, false, TableModel::EmptyRole);
+    EXPECT_EQ(widths(), QList<int>({100, 140, 100, 90}));
+}
+
+TEST_F(LedgerTableWindow, LeavesAnEmptyColumnTheWidthThatThePersonGaveIt) {
+    model.setHeaderData(0, Qt::Horizontal, true, TableModel::EmptyRole);
+    widen(540);
+    table.horizontalHeader()->resizeSection(0, 70);
+    widen(480);
+    EXPECT_EQ(table.columnWidth(0), 70);
+}
+
+TEST_F(LedgerTableWindow, MovesTheEdgeOfTheColumnThatTakesWhatIsLeft) {
+    widen(540);
+    table.horizontalHeader()->resizeSection(1, 230);
+    EXPECT_EQ(widths(), QList<int>({100, 230, 120, 90}));
+    table.horizontalHeader()->resizeSection(1, 180);
+    EXPECT_EQ(widths(), QList<int>({100, 180, 170, 90}));
+    table.horizontalHeader()->resizeSection(1, 900);
+    EXPECT_EQ(widths(), QList<int>({100, 300, 50, 90}));
+    EXPECT_FALSE(table.horizontalScrollBar()->isVisible());
+    table.horizontalHeader()->resizeSection(1, 200);
+    EXPECT_EQ(widths(), QList<int>({100, 200, 150, 90}));
+}
+
+TEST_F(LedgerTableWindow, TakesFromTheColumnsThatThePersonHasSizedLast) {
+    widen(540);
+    table.horizontalHeader()->resizeSection(2, 180);
+    EXPECT_EQ(widths(), QList<int>({100, 170, 180, 90}));
+    widen(480);
+    EXPECT_EQ(widths(), QList<int>({100, 110, 180, 90}));
+    widen(440);
+    EXPECT_EQ(widths(), QList<int>({100, 80, 170, 90}));
+}
+
+TEST_F(LedgerTableWindow, RemembersTheEdgeOfTheColumnThatTakesWhatIsLeft) {
+    const QString key = QStringLiteral("KeptEdge");
+    {
+        LedgerTable first;
+        first.setModel(&model);
+        first.setColumnWidths(key, {100, 200, 150, 90}, 1, {{1, 80}, {2, 50}});
+        first.resize(540, 200);
+        first.show();
+        QApplication::processEvents();
+        first.horizontalHeader()->resizeSection(1, 230);
+    }
+    LedgerTable second;
+    second.setModel(&model);
+    second.setColumnWidths(key, {100, 200, 150, 90}, 1, {{1, 80}, {2, 50}});
+    second.resize(540, 200);
+    second.show();
+    QApplication::processEvents();
+    EXPECT_EQ(second.columnWidth(1), 230);
+    EXPECT_EQ(second.columnWidth(2), 120);
+}
+
+TEST_F(LedgerTableWindow, FitsAColumnToItsTextWithADoubleClick) {
+    widen(900);
+    model.item(0, 2)->setText(QStringLiteral("Harbour Books and Stationery, Limited"));
+    QHeaderView* header = table.horizontalHeader();
+    QTest::mouseDClick(header->viewport(), Qt::LeftButton, {},
+                       QPoint(header->sectionViewportPosition(3) - 1, 5));
+    const int text = table.fontMetrics().horizontalAdvance(model.item(0, 2)->text());
+    EXPECT_EQ(table.columnWidth(2), text + (2 * LedgerDelegate::margin));
+}
+
+TEST_F(LedgerTableWindow, TellsTheWholeTextBeforeWhatTheModelAdds) {
+    widen(430);
+    model.item(0, 1)->setText(QStringLiteral("Harbour <b>Books</b> and Stationery, Limited"));
+    model.item(0, 1)->setToolTip(QStringLiteral("<qt>a memo</qt>"));
+    const QRect cell = table.visualRect(model.index(0, 1));
+    QHelpEvent event(QEvent::ToolTip, cell.center(), table.viewport()->mapToGlobal(cell.center()));
+    QApplication::sendEvent(table.viewport(), &event);
+    EXPECT_EQ(QToolTip::text(),
+              QStringLiteral("<qt>Harbour &lt;b&gt;Books&lt;/b&gt; and Stationery, Limited<br>"
+                             "a memo</qt>"));
+    QToolTip::hideText();
+}
+
+TEST_F(LedgerTableWindow, DrawsALineAboveTheRowThatBeginsSomethingElse) {
+    for (int row = 1; row < 4; ++row) {
+        model.setItem(row, 2, new QStandardItem(QStringLiteral("text")));
+    }
+    widen(700);
+    const auto lineAbove = [this](int row) {
+        return table.viewport()->grab().toImage().pixelColor(5, table.rowViewportPosition(row) - 2);
+    };
+    const QColor before = lineAbove(2);
+    table.setDivider(2);
+    EXPECT_NE(lineAbove(2), before);
+    EXPECT_EQ(lineAbove(3), before);
+    table.setDivider(std::nullopt);
+    EXPECT_EQ(lineAbove(2), before);
+}
+
 } // namespace
 } // namespace oakfen

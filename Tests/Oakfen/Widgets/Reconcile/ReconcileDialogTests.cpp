@@ -108,6 +108,20 @@ TEST_F(ReconcileSheet, IsTickedWithTheSpaceBar) {
     EXPECT_FALSE(isTicked(1));
 }
 
+TEST_F(ReconcileSheet, TicksTheSelectedRowWhereverTheRingIs) {
+    dialog.table()->setFocus();
+    QTest::keyClick(dialog.table(), Qt::Key_Home);
+    ASSERT_TRUE(isTicked(0));
+    QTest::keyClick(dialog.table(), Qt::Key_Down, Qt::ControlModifier);
+    QTest::keyClick(dialog.table(), Qt::Key_Space);
+    EXPECT_FALSE(isTicked(0));
+    EXPECT_FALSE(isTicked(1));
+    QTest::keyClick(dialog.table(), Qt::Key_End);
+    QTest::keyClick(dialog.table(), Qt::Key_Space);
+    EXPECT_TRUE(isTicked(1));
+    EXPECT_FALSE(isTicked(0));
+}
+
 TEST_F(ReconcileSheet, MatchesAStatementWhoseBalanceIsCalculated) {
     type("460/3*3");
     EXPECT_TRUE(reads("Difference, $0.00"));

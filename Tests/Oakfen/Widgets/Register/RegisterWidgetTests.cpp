@@ -14,12 +14,12 @@
 #include "Oakfen/Widgets/Components/EmptyStateWidget.h"
 #include "Oakfen/Widgets/Components/LedgerDelegate.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
-#include "Oakfen/Widgets/Register/RegisterSortButton.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Tests/Oakfen/Widgets/Register/RegisterWindowFixture.h"
 
 namespace oakfen {
 
+using testing::LongRegisterWindow;
 using testing::RegisterWindow;
 
 TEST_F(RegisterWindow, HasRowsOfOneHeight) {
@@ -100,22 +100,6 @@ TEST_F(RegisterWindow, KeepsTheSelectionAndTheCurrentRowThroughAnEdit) {
     EXPECT_EQ(widget->table()->currentIndex().row(), 3);
 }
 
-/// An account with more entries than the table has room for.
-class LongRegisterWindow : public RegisterWindow {
-protected:
-    LongRegisterWindow() {
-        test.store->mutate("Add", [this](Library& library) {
-            for (int number = 0; number < 200; ++number) {
-                upsert(library, testing::makeTransaction(everyday.id, testing::day(2026, 1, 5),
-                                                         "Entry", "-1"));
-            }
-        });
-        QApplication::processEvents();
-    }
-
-    [[nodiscard]] QScrollBar* scrollBar() const { return widget->table()->verticalScrollBar(); }
-};
-
 TEST_F(RegisterWindow, GoesOnFromThePlaceOfARowThatLeavesTheList) {
     widget->view().setFilter(RegisterFilter::uncleared);
     widget->view().markAs(ClearedState::uncleared, {shop.id, cardPayment.id});
@@ -126,6 +110,8 @@ TEST_F(RegisterWindow, GoesOnFromThePlaceOfARowThatLeavesTheList) {
     EXPECT_EQ(widget->table()->model()->rowCount(), 3);
     EXPECT_EQ(widget->table()->currentIndex(), index(1, "balance"));
     EXPECT_EQ(cell(1, "payee"), next);
+    EXPECT_EQ(selection().size(), 1U);
+    EXPECT_EQ(widget->table()->targetRow(), 1);
 }
 
 TEST_F(RegisterWindow, KeepsTheCurrentColumnThroughAnEdit) {
@@ -255,46 +241,6 @@ TEST_F(RegisterWindow, TakesABlankWhileOneTypesForAPartOfThePayee) {
     EXPECT_EQ(selection(), UUIDSet{cardPayment.id});
     EXPECT_EQ(stored(cardPayment.id).cleared, ClearedState::uncleared);
     EXPECT_EQ(stored(rent.id).cleared, ClearedState::uncleared);
-}
-
-TEST_F(RegisterWindow, SortsFromAMenuThatTheKeyboardReaches) {
-    RegisterSortButton* sort = widget->sortButton();
-    EXPECT_EQ(sort->text(), QStringLiteral("Sort: Date"));
-    EXPECT_TRUE((sort->focusPolicy() & Qt::TabFocus) != 0);
-    const auto choose = [&](const char* title) {
-        Q_EMIT sort->menu()->aboutToShow();
-        action(*sort->menu(), title)->trigger();
-    };
-    Q_EMIT sort->menu()->aboutToShow();
-    EXPECT_EQ(titles(*sort->menu()),
-              (std::vector<std::string>{"Cleared", "Date", "Num", "Payee", "Category", "Payment",
-                                        "Deposit", "Balance", "-", "Ascending", "Descending"}));
-    EXPECT_TRUE(action(*sort->menu(), "Date")->isChecked());
-    EXPECT_TRUE(action(*sort->menu(), "Descending")->isChecked());
-    EXPECT_FALSE(action(*sort->menu(), "Ascending")->isChecked());
-    choose("Payee");
-    EXPECT_EQ(payees(), "Shop|Rent|Pay|Card Company");
-    EXPECT_EQ(sort->text(), QStringLiteral("Sort: Payee"));
-    choose("Ascending");
-    EXPECT_EQ(payees(), "Card Company|Pay|Rent|Shop");
-    EXPECT_EQ(widget->table()->horizontalHeader()->sortIndicatorSection(), column("payee"));
-}
-
-TEST_F(RegisterWindow, SortsWithAClickOnAHeaderAndTurnsRoundWithTheNext) {
-    QHeaderView* header = widget->table()->horizontalHeader();
-    const auto clickHeader = [&](std::string_view name) {
-        const int section = column(name);
-        QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
-                          QPoint(header->sectionViewportPosition(section) + 20, 10));
-    };
-    clickHeader("payee");
-    EXPECT_EQ(payees(), "Card Company|Pay|Rent|Shop");
-    EXPECT_EQ(header->sortIndicatorOrder(), Qt::AscendingOrder);
-    clickHeader("payee");
-    EXPECT_EQ(payees(), "Shop|Rent|Pay|Card Company");
-    EXPECT_EQ(header->sortIndicatorOrder(), Qt::DescendingOrder);
-    clickHeader("tags");
-    EXPECT_EQ(header->sortIndicatorSection(), column("payee"));
 }
 
 TEST_F(RegisterWindow, SearchesAsOneTypes) {

@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMenu>
+#include <QScrollBar>
 #include <QTest>
 #include <memory>
 #include <string>
@@ -91,6 +92,26 @@ protected:
     }
 
     std::unique_ptr<RegisterWidget> widget;
+};
+
+/// An account with more entries than the table has room for.
+class LongRegisterWindow : public RegisterWindow {
+protected:
+    LongRegisterWindow() {
+        test.store->mutate("Add", [this](Library& library) {
+            for (int number = 0; number < 200; ++number) {
+                upsert(library, makeTransaction(everyday.id, day(2026, 1, 5), "Entry", "-1"));
+            }
+        });
+        QApplication::processEvents();
+    }
+
+    [[nodiscard]] QScrollBar* scrollBar() const { return widget->table()->verticalScrollBar(); }
+
+    [[nodiscard]] bool isInSight(int row) const {
+        const QRect place = widget->table()->visualRect(index(row, "payee"));
+        return widget->table()->viewport()->rect().contains(place.center());
+    }
 };
 
 } // namespace oakfen::testing
