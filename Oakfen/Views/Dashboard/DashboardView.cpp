@@ -1,6 +1,7 @@
 #include "Oakfen/Views/Dashboard/DashboardView.h"
 
 #include "Oakfen/FileActions.h"
+#include "Oakfen/Views/Components/Components.h"
 #include "OakfenCore/Support/Text/Formatting.h"
 
 namespace oakfen {
@@ -52,8 +53,8 @@ std::vector<DashboardView::Step> DashboardView::steps() {
          .isEnabled = !open.empty()});
     if (!open.empty()) {
         result.push_back({.symbolName = "list.bullet.rectangle",
-                          .title = "Open an Account",
-                          .text = "See the entries of " + open.front()->name + ".",
+                          .title = "Go to " + singleLine(open.front()->name),
+                          .text = "See what came in and went out.",
                           .perform = [this] { showFirstAccount(); }});
     }
     result.push_back({.symbolName = "plus.circle",

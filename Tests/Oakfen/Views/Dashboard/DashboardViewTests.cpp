@@ -78,7 +78,7 @@ TEST_F(DashboardViewTest, LeadsOnToAnImportAndToTheFirstAccount) {
     EXPECT_TRUE(steps[0].isEnabled);
     steps[0].perform();
     ASSERT_EQ(test.panels.openRequests.size(), 1U);
-    EXPECT_EQ(steps[1].text, "See the entries of Everyday.");
+    EXPECT_EQ(steps[1].title, "Go to Everyday");
     steps[1].perform();
     EXPECT_EQ(test.appState->selectedAccountID(), account.id);
     steps[2].perform();
