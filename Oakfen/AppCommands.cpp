@@ -1,8 +1,13 @@
 #include "Oakfen/AppCommands.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "Oakfen/Cover.h"
 #include "Oakfen/FileActions.h"
 #include "Oakfen/Reminders.h"
+#include "Oakfen/ScreenCommands.h"
+#include "Oakfen/ScreenHistory.h"
 
 namespace oakfen {
 
@@ -40,8 +45,8 @@ private:
     [[nodiscard]] bool isOpenWithSelectedAccount() const {
         return isOpen() && environment_.appState.selectedAccountID().has_value();
     }
-    /// Taking back what nobody can see would surprise.
-    [[nodiscard]] bool isHistoryVisible() const { return isFree() && !isObscured(environment_); }
+    /// What nobody can see should not change: taking it back would surprise.
+    [[nodiscard]] bool isVisible() const { return isMainScreenFree(environment_); }
 
     /// Opens the sheet that `make` describes at that moment.
     template <typename MakeContent>
@@ -97,27 +102,57 @@ private:
             {.title = named("Undo", history.undoActionName()),
              .shortcut = "Ctrl+Z",
              .perform = [&history] { history.undo(); },
-             .isEnabled = isHistoryVisible() && history.canUndo()},
+             .isEnabled = isVisible() && history.canUndo()},
             {.title = named("Redo", history.redoActionName()),
              .shortcut = "Ctrl+Shift+Z",
              .perform = [&history] { history.redo(); },
-             .isEnabled = isHistoryVisible() && history.canRedo()},
+             .isEnabled = isVisible() && history.canRedo()},
             {.title = "Cut", .shortcut = "Ctrl+X", .standard = Standard::cut, .startsGroup = true},
             {.title = "Copy", .shortcut = "Ctrl+C", .standard = Standard::copy},
             {.title = "Paste", .shortcut = "Ctrl+V", .standard = Standard::paste},
             {.title = "Select All", .shortcut = "Ctrl+A", .standard = Standard::selectAll},
+            {.title = "Find",
+             .shortcut = "Ctrl+F",
+             .perform = finding(),
+             .isEnabled = isVisible(),
+             .startsGroup = true},
             {.title = "Find in All Accounts…",
              .shortcut = "Ctrl+Shift+F",
              .perform = window_.findInAllAccounts,
-             .isEnabled = isOpen(),
-             .startsGroup = true},
+             .isEnabled = isOpen()},
             {.title = "Settings…", .shortcut = "Ctrl+,", .startsGroup = true}};
     }
 
+    [[nodiscard]] std::function<void()> finding() const {
+        const auto screen = environment_.screenCommands.present();
+        return screen != nullptr ? screen->find : nullptr;
+    }
+
     [[nodiscard]] Lines viewMenu() const {
+        Lines lines = windowLines();
+        const auto screen = environment_.screenCommands.present();
+        if (screen != nullptr && screen->forOrder) {
+            lines.push_back({.title = "Sort By",
+                             .isEnabled = isVisible(),
+                             .startsGroup = true,
+                             .children = screen->forOrder()});
+        }
+        return lines;
+    }
+
+    [[nodiscard]] Lines windowLines() const {
         return {{.title = window_.isSidebarShown() ? "Hide Sidebar" : "Show Sidebar",
                  .shortcut = "F9",
                  .perform = window_.toggleSidebar,
+                 .isEnabled = isFree()},
+                {.title = "Next Pane",
+                 .shortcut = "F6",
+                 .perform = [go = window_.goToPane] { go(true); },
+                 .isEnabled = isFree(),
+                 .startsGroup = true},
+                {.title = "Previous Pane",
+                 .shortcut = "Shift+F6",
+                 .perform = [go = window_.goToPane] { go(false); },
                  .isEnabled = isFree()}};
     }
 
@@ -130,10 +165,44 @@ private:
                  .perform = [&state = environment_.appState, item] { state.setSelection(item); },
                  .isEnabled = isOpen()});
         }
+        ScreenHistory& history = environment_.screenHistory;
+        lines.push_back({.title = "Back",
+                         .shortcut = "Alt+Left",
+                         .perform = [&history] { history.goBack(); },
+                         .isEnabled = isVisible() && history.canGoBack(),
+                         .startsGroup = true});
+        lines.push_back({.title = "Forward",
+                         .shortcut = "Alt+Right",
+                         .perform = [&history] { history.goForward(); },
+                         .isEnabled = isVisible() && history.canGoForward()});
+        return lines;
+    }
+
+    /// What the screen can do with the rows that are selected on it.
+    [[nodiscard]] Lines rowLines() const {
+        const auto screen = environment_.screenCommands.present();
+        Lines lines = screen != nullptr && screen->forRows ? screen->forRows() : Lines();
+        if (!lines.empty()) {
+            lines.front().startsGroup = true;
+        }
+        for (MenuEntry& line : lines) {
+            // The bar has no pictures.
+            line.symbolName.clear();
+            for (MenuEntry& child : line.children) {
+                child.symbolName.clear();
+            }
+            line.isEnabled = line.isEnabled && isVisible();
+        }
         return lines;
     }
 
     [[nodiscard]] Lines transactionsMenu() const {
+        Lines lines = givenTransactionsMenu();
+        std::ranges::move(rowLines(), std::back_inserter(lines));
+        return lines;
+    }
+
+    [[nodiscard]] Lines givenTransactionsMenu() const {
         return {{.title = "Reconcile…",
                  .shortcut = "Ctrl+Shift+R",
                  .perform = showing([](const AppState& state) {

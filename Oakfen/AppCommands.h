@@ -15,6 +15,8 @@ struct WindowActions {
     std::function<bool()> isSidebarShown;
     std::function<void()> toggleSidebar;
     std::function<void()> findInAllAccounts = {};
+    /// Moves the keyboard to the next part of the window, or to the one before.
+    std::function<void(bool forward)> goToPane = {};
 };
 
 /// The whole menu bar as it is now: an entry for each menu, with its lines in their order. A line

@@ -14,6 +14,8 @@
 namespace oakfen {
 
 class OtherVersionFlow;
+class ScreenCommands;
+class ScreenHistory;
 
 /// What every screen is handed. A bundle of references to objects that live as long as the program.
 struct AppEnvironment {
@@ -28,6 +30,8 @@ struct AppEnvironment {
     DayChange& dayChange;
     BusyWork& busyWork;
     OtherVersionFlow& otherVersion;
+    ScreenHistory& screenHistory;
+    ScreenCommands& screenCommands;
     Authenticator& authenticator;
 
     /// The code in which every screen shows money.

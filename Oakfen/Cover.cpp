@@ -15,6 +15,10 @@ bool isObscured(const AppEnvironment& environment) {
     return cover(environment) != Cover::none;
 }
 
+bool isMainScreenFree(const AppEnvironment& environment) {
+    return !environment.appState.sheet() && !isObscured(environment);
+}
+
 bool canClose(const AppEnvironment& environment) {
     return !environment.appState.sheet() || cover(environment) == Cover::gate;
 }

@@ -14,6 +14,9 @@ enum class Cover { none, gate, lock };
 /// Whether the main screen is hidden and its controls are disabled.
 [[nodiscard]] bool isObscured(const AppEnvironment& environment);
 
+/// Whether commands may act on the main screen: nothing covers it, and no sheet lies over it.
+[[nodiscard]] bool isMainScreenFree(const AppEnvironment& environment);
+
 /// Whether the window may be closed. What was begun in an open sheet would be lost with it; at the
 /// gate there is nothing that it could be saved to.
 [[nodiscard]] bool canClose(const AppEnvironment& environment);

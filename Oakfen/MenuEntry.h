@@ -16,8 +16,10 @@ struct MenuEntry {
 
     std::string title;
     std::string symbolName = {};
-    /// As "Ctrl+Shift+N"; empty for none. For the menu bar only.
+    /// As "Ctrl+Shift+N"; empty for none. It acts from the menu bar only.
     std::string shortcut = {};
+    /// What has the focus answers the shortcut by itself, which stands here to be read.
+    bool leavesKeyToFocus = false;
     std::function<void()> perform = {};
     /// In the place of `perform`.
     Standard standard = Standard::none;

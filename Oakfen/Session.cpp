@@ -32,8 +32,11 @@ Session::Session(const SessionServices& services, std::unique_ptr<LibraryStore> 
                    .dayChange = dayChange_,
                    .busyWork = busyWork_,
                    .otherVersion = otherVersion_,
+                   .screenHistory = screenHistory_,
+                   .screenCommands = screenCommands_,
                    .authenticator = services.authenticator},
-      otherVersion_(environment_), screenReturn_(appState_, *store_, *undoManager_) {
+      otherVersion_(environment_), screenReturn_(appState_, *store_, *undoManager_),
+      screenHistory_(appState_, *store_) {
     store_->setUndoManager(undoManager_);
     dayChanged_ = dayChange_.dayChanged.observe([this] { store_->refreshIndex(); });
     documentChanged_ = store_->libraryChanged.observe([this] {

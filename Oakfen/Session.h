@@ -6,6 +6,8 @@
 
 #include "Oakfen/AppEnvironment.h"
 #include "Oakfen/OtherVersionFlow.h"
+#include "Oakfen/ScreenCommands.h"
+#include "Oakfen/ScreenHistory.h"
 #include "Oakfen/ScreenReturn.h"
 #include "OakfenCore/LibraryStore/DataFileChoice.h"
 #include "OakfenCore/Platform/InMemoryLegacyKeyStore.h"
@@ -58,6 +60,8 @@ private:
     AppEnvironment environment_;
     OtherVersionFlow otherVersion_;
     ScreenReturn screenReturn_;
+    ScreenHistory screenHistory_;
+    ScreenCommands screenCommands_;
     Subscription dayChanged_;
     Subscription documentChanged_;
     Subscription missingFileWritten_;

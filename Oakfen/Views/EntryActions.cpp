@@ -72,38 +72,53 @@ void EntryActions::goToTransfer(const UUID& id) {
 }
 
 std::vector<MenuEntry> EntryActions::contextMenu(const UUIDSet& ids) {
-    if (ids.empty()) {
-        return {};
+    std::vector<MenuEntry> menu = rowMenu(std::make_shared<const UUIDSet>(ids));
+    std::erase_if(menu, [](const MenuEntry& line) { return !line.isEnabled; });
+    if (!menu.empty()) {
+        menu.front().startsGroup = false;
     }
-    const bool isOne = ids.size() == 1;
-    std::vector<MenuEntry> menu = isOne ? menuForOne(*ids.begin()) : std::vector<MenuEntry>();
-    const auto shared = std::make_shared<const UUIDSet>(ids);
-    menu.push_back({.title = "Mark As", .startsGroup = isOne, .children = markMenu(shared)});
-    menu.push_back({.title = "Set Category", .children = categoryMenu(shared)});
+    return menu;
+}
+
+std::vector<MenuEntry> EntryActions::rowMenu(const SharedIDs& ids) {
+    const bool isAny = !ids->empty();
+    std::vector<MenuEntry> menu =
+        menuForOne(ids->size() == 1 ? std::optional(*ids->begin()) : std::nullopt);
+    menu.push_back(
+        {.title = "Mark As", .isEnabled = isAny, .startsGroup = true, .children = markMenu(ids)});
+    menu.push_back({.title = "Set Category", .isEnabled = isAny, .children = categoryMenu(ids)});
     menu.push_back({.title = "Delete",
                     .symbolName = "trash",
-                    .perform = [this, shared] { requestDelete(*shared); },
+                    .shortcut = "Del",
+                    .leavesKeyToFocus = true,
+                    .perform = [this, ids] { requestDelete(*ids); },
+                    .isEnabled = isAny,
                     .isDestructive = true,
                     .startsGroup = true});
     return menu;
 }
 
-std::vector<MenuEntry> EntryActions::menuForOne(const UUID& id) {
-    std::vector<MenuEntry> menu{
-        {.title = "Edit", .symbolName = "pencil", .perform = [this, id] { editTransaction(id); }},
-        {.title = "Duplicate", .symbolName = "plus.rectangle.on.rectangle", .perform = [this, id] {
-             duplicate(id);
-         }}};
+std::vector<MenuEntry> EntryActions::menuForOne(const std::optional<UUID>& id) {
     const LibraryIndex& index = environment_.store.index();
-    const Transaction* entry = index.transaction(id);
-    if (entry != nullptr && entry->transferAccountID) {
-        const Account* other = index.account(*entry->transferAccountID);
-        menu.push_back(
+    const Transaction* entry = id ? index.transaction(*id) : nullptr;
+    const bool isTransfer = entry != nullptr && entry->transferAccountID.has_value();
+    const Account* other = isTransfer ? index.account(*entry->transferAccountID) : nullptr;
+    return {{.title = "Edit",
+             .symbolName = "pencil",
+             .shortcut = "Return",
+             .leavesKeyToFocus = true,
+             .perform = [this, id] { editTransaction(*id); },
+             .isEnabled = id.has_value()},
+            {.title = "Duplicate",
+             .symbolName = "plus.rectangle.on.rectangle",
+             .shortcut = "Ctrl+D",
+             .perform = [this, id] { duplicate(*id); },
+             .isEnabled = id.has_value()},
             {.title = "Go to " + (other != nullptr ? other->name : std::string("Transfer")),
              .symbolName = "arrow.right",
-             .perform = [this, id] { goToTransfer(id); }});
-    }
-    return menu;
+             .shortcut = "Ctrl+J",
+             .perform = [this, id] { goToTransfer(*id); },
+             .isEnabled = isTransfer}};
 }
 
 std::vector<MenuEntry> EntryActions::markMenu(const SharedIDs& ids) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -32,7 +33,7 @@ public:
     void editTransaction(const UUID& id);
 
     /// What can be done with these entries. The view must outlive it.
-    [[nodiscard]] virtual std::vector<MenuEntry> contextMenu(const UUIDSet& ids);
+    [[nodiscard]] std::vector<MenuEntry> contextMenu(const UUIDSet& ids);
 
     /// Asks whether to delete the entries; does it once confirmed.
     void requestDelete(const UUIDSet& ids);
@@ -40,18 +41,22 @@ public:
     [[nodiscard]] const UUIDSet& pendingDelete() const { return pendingDelete_; }
 
 protected:
+    /// The entries that a menu is about. Its lines share them, since they may be a hundred
+    /// thousand.
+    using SharedIDs = std::shared_ptr<const UUIDSet>;
+
     explicit EntryActions(AppEnvironment& environment) : environment_(environment) {}
     virtual ~EntryActions() = default;
+
+    /// All that can be done with one entry or many, in its order; what can't be done with these is
+    /// disabled.
+    [[nodiscard]] virtual std::vector<MenuEntry> rowMenu(const SharedIDs& ids);
 
     /// After these were deleted.
     virtual void deleted(const UUIDSet& /*ids*/) {}
 
 private:
-    /// The entries that a menu is about. Its lines share them, since they may be a hundred
-    /// thousand.
-    using SharedIDs = std::shared_ptr<const UUIDSet>;
-
-    [[nodiscard]] std::vector<MenuEntry> menuForOne(const UUID& id);
+    [[nodiscard]] std::vector<MenuEntry> menuForOne(const std::optional<UUID>& id);
     [[nodiscard]] std::vector<MenuEntry> markMenu(const SharedIDs& ids);
     [[nodiscard]] std::vector<MenuEntry> categoryMenu(const SharedIDs& ids);
     [[nodiscard]] ConfirmationRequest deleteConfirmation() const;

@@ -15,6 +15,8 @@ class EntryList : public EntryActions {
 public:
     /// A click on a column's header: sorts by it, or turns the direction round.
     virtual void sortBy(std::string_view column) = 0;
+    /// The columns to sort by, and the directions.
+    [[nodiscard]] virtual std::vector<MenuEntry> sortMenu() = 0;
     /// Selects these of the rows that are shown.
     virtual void select(UUIDSet ids) = 0;
     /// The selected rows as lines of tab-separated text for a spreadsheet, in all columns.

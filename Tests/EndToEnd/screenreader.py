@@ -101,6 +101,18 @@ def follow_the_focus(desktop):
     eventually("the next row", lambda: screen.focused_below(table).getIndexInParent() > place)
 
 
+def listen_to_a_sheet(desktop):
+    """What stands under the title of a sheet is told with it, and a choice is a group of radio
+    buttons."""
+    desktop.key("ctrl+n")
+    sheet = screen.find("dialog", "New Transaction")
+    assert sheet.description.startswith("Ctrl+Return"), screen.describe(sheet)
+    words = names_below(sheet, "radio button")
+    assert words[:3] == ["Payment", "Deposit", "Transfer"], words
+    desktop.key("Escape")
+    screen.find("table", "Transactions")
+
+
 def work_in_a_sheet(desktop):
     """A sheet is a dialog with a name, has the focus, and hides what lies beneath."""
     desktop.key("ctrl+shift+n")
@@ -128,6 +140,7 @@ def main():
         check_names()
         check_reading_order()
         follow_the_focus(desktop)
+        listen_to_a_sheet(desktop)
         work_in_a_sheet(desktop)
         assert stop(program) == 0, "the program did not end well"
     print(f"Heard: {', '.join(text for text in row.values() if text)}; today {balance}.")

@@ -60,10 +60,12 @@ protected:
     TestEnvironment test;
     bool isSidebarShown = true;
     int quits = 0;
+    std::string panes;
     WindowActions window{.quit = [this] { ++quits; },
                          .showAbout = [] {},
                          .isSidebarShown = [this] { return isSidebarShown; },
-                         .toggleSidebar = [this] { isSidebarShown = !isSidebarShown; }};
+                         .toggleSidebar = [this] { isSidebarShown = !isSidebarShown; },
+                         .goToPane = [this](bool forward) { panes += forward ? '>' : '<'; }};
 };
 
 TEST_F(AppCommandsTest, ListsEveryItemInItsPlace) {
@@ -94,10 +96,14 @@ TEST_F(AppCommandsTest, ListsEveryItemInItsPlace) {
                     "Edit: Paste (Ctrl+V)\n"
                     "Edit: Select All (Ctrl+A)\n"
                     "-\n"
+                    "Edit: Find (Ctrl+F)\n"
                     "Edit: Find in All Accounts… (Ctrl+Shift+F)\n"
                     "-\n"
                     "Edit: Settings… (Ctrl+,)\n"
                     "View: Hide Sidebar (F9)\n"
+                    "-\n"
+                    "View: Next Pane (F6)\n"
+                    "View: Previous Pane (Shift+F6)\n"
                     "Go: Dashboard (Ctrl+1)\n"
                     "Go: Bills & Income (Ctrl+2)\n"
                     "Go: Budget (Ctrl+3)\n"
@@ -105,6 +111,9 @@ TEST_F(AppCommandsTest, ListsEveryItemInItsPlace) {
                     "Go: Investing (Ctrl+5)\n"
                     "Go: Savings Goals (Ctrl+6)\n"
                     "Go: Categories (Ctrl+7)\n"
+                    "-\n"
+                    "Go: Back (Alt+Left)\n"
+                    "Go: Forward (Alt+Right)\n"
                     "Transactions: Reconcile… (Ctrl+Shift+R)\n"
                     "Transactions: Enter Due Reminders\n"
                     "-\n"
@@ -222,8 +231,9 @@ TEST_F(AppCommandsTest, GoByTheOpenFileAloneWhileTheLockShows) {
     for (std::size_t place = 0; place < before.size(); ++place) {
         const MenuEntry& entry = behindTheLock[place].entry;
         EXPECT_EQ(entry.title, before[place].entry.title);
-        const bool isUndo = entry.title.starts_with("Undo");
-        EXPECT_EQ(entry.canBeChosen(), before[place].entry.canBeChosen() && !isUndo) << entry.title;
+        const bool goesBack = entry.title.starts_with("Undo") || entry.title == "Back";
+        EXPECT_EQ(entry.canBeChosen(), before[place].entry.canBeChosen() && !goesBack)
+            << entry.title;
     }
 }
 
@@ -294,6 +304,68 @@ TEST_F(AppCommandsTest, NamesTheSidebarItemByWhatItWouldDo) {
     EXPECT_TRUE(isSidebarShown);
 }
 
+TEST_F(AppCommandsTest, GoesBackAndForwardAmongTheScreens) {
+    EXPECT_FALSE(isEnabled("Back"));
+    command("Budget").perform();
+    EXPECT_FALSE(isEnabled("Forward"));
+    command("Back").perform();
+    EXPECT_EQ(test.appState->selection(), SidebarItem{});
+    command("Forward").perform();
+    EXPECT_EQ(test.appState->selection(), SidebarItem{SidebarItem::Kind::budget});
+    test.appState->setSheet(ActiveSheet{ActiveSheet::NewAccount{}});
+    EXPECT_FALSE(isEnabled("Back"));
+}
+
+TEST_F(AppCommandsTest, EndsTheTransactionsMenuWithTheLinesOfTheScreen) {
+    int found = 0;
+    int notices = 0;
+    const Subscription watching = test->screenCommands.changed.observe([&notices] { ++notices; });
+    Subscription offer = test->screenCommands.offer(
+        {.find = [&found] { ++found; },
+         .forRows =
+             [] {
+                 return std::vector<MenuEntry>{
+                     {.title = "Edit", .symbolName = "pencil", .perform = [] {}},
+                     {.title = "Duplicate", .perform = [] {}, .isEnabled = false}};
+             }});
+    EXPECT_EQ(notices, 1);
+    EXPECT_TRUE(command("Edit").canBeChosen());
+    EXPECT_TRUE(command("Edit").startsGroup);
+    EXPECT_EQ(command("Edit").symbolName, "");
+    EXPECT_FALSE(command("Duplicate").canBeChosen());
+    command("Find").perform();
+    EXPECT_EQ(found, 1);
+
+    test.appState->setSheet(ActiveSheet{ActiveSheet::NewAccount{}});
+    EXPECT_FALSE(isEnabled("Edit"));
+    EXPECT_FALSE(isEnabled("Find"));
+    test.appState->setSheet(std::nullopt);
+    offer.reset();
+    EXPECT_EQ(notices, 2);
+    EXPECT_THROW(static_cast<void>(command("Edit")), std::invalid_argument);
+    EXPECT_FALSE(isEnabled("Find"));
+}
+
+TEST_F(AppCommandsTest, TakesTheLinesOfTheScreenThatCameUpLast) {
+    const auto offerOf = [this](const char* title) {
+        return test->screenCommands.offer({.forRows = [title] {
+            return std::vector<MenuEntry>{{.title = title, .perform = [] {}}};
+        }});
+    };
+    Subscription earlier = offerOf("Earlier");
+    const Subscription later = offerOf("Later");
+    EXPECT_TRUE(isEnabled("Later"));
+    // The screen before it ends only now.
+    earlier.reset();
+    EXPECT_TRUE(isEnabled("Later"));
+}
+
+TEST_F(AppCommandsTest, GoesFromPaneToPaneThroughTheWindow) {
+    command("Next Pane").perform();
+    command("Previous Pane").perform();
+    EXPECT_EQ(panes, "><");
+}
+
 TEST_F(AppCommandsTest, QuitsThroughTheWindow) {
     EXPECT_TRUE(isEnabled("Quit Oakfen"));
     command("Quit Oakfen").perform();
@@ -303,7 +375,7 @@ TEST_F(AppCommandsTest, QuitsThroughTheWindow) {
 TEST(AppCommandsBehindTheGate, AreDisabledButForLocking) {
     TestEnvironment test{TestEnvironment::Unopened{}};
     test.defaults.set(settings::requireAuthentication, true);
-    const WindowActions window{[] {}, [] {}, [] { return true; }, [] {}};
+    const WindowActions window{[] {}, [] {}, [] { return true; }, [] {}, [](bool) {}};
     for (const auto& [menu, entry] : commandsOf(test, window)) {
         const bool isOfTheLedger =
             menu.starts_with("File") || menu == "Go" || menu == "Transactions";

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "Oakfen/Views/Register/FindSearch.h"
+#include "Oakfen/Views/Register/SortMenu.h"
 #include "OakfenCore/Support/Text/Formatting.h"
 
 namespace oakfen {
@@ -42,16 +43,19 @@ std::string FindView::copiedText() const {
     return clipboardText(*shown->table, rowsOf(*shown->selection, *shown->table));
 }
 
-std::vector<MenuEntry> FindView::contextMenu(const UUIDSet& ids) {
-    std::vector<MenuEntry> menu = EntryList::contextMenu(ids);
-    if (ids.size() == 1) {
-        // Beside what opens the entry in its editor.
-        menu.insert(menu.begin() + 1,
-                    {.title = "Show in Register",
-                     .symbolName = "list.bullet.rectangle",
-                     .shortcut = "Ctrl+Return",
-                     .perform = [this, id = *ids.begin()] { showInRegister(id); }});
-    }
+std::vector<MenuEntry> FindView::sortMenu() {
+    return sortMenuOf(*this);
+}
+
+std::vector<MenuEntry> FindView::rowMenu(const SharedIDs& ids) {
+    std::vector<MenuEntry> menu = EntryList::rowMenu(ids);
+    // Beside what opens the entry in its editor.
+    menu.insert(menu.begin() + 1, {.title = "Show in Register",
+                                   .symbolName = "list.bullet.rectangle",
+                                   .shortcut = "Ctrl+Return",
+                                   .leavesKeyToFocus = true,
+                                   .perform = [this, ids] { showInRegister(*ids->begin()); },
+                                   .isEnabled = ids->size() == 1});
     return menu;
 }
 

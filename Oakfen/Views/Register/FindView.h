@@ -25,7 +25,9 @@ public:
     void sortBy(std::string_view column) override;
     void select(UUIDSet ids) override;
     [[nodiscard]] std::string copiedText() const override;
-    [[nodiscard]] std::vector<MenuEntry> contextMenu(const UUIDSet& ids) override;
+    [[nodiscard]] std::vector<MenuEntry> sortMenu() override;
+    /// What can be done with the selected entries, with what can't be done with them.
+    [[nodiscard]] std::vector<MenuEntry> selectionMenu() { return rowMenu(content()->selection); }
 
     /// Shows the register of the entry's account, with the entry selected and in sight.
     void showInRegister(const UUID& id);
@@ -34,6 +36,7 @@ protected:
     [[nodiscard]] FindContent derive(const FindContent* earlier) const override;
     void adopt(const FindContent& content) override { selection_ = content.selection; }
     void deleted(const UUIDSet& ids) override;
+    [[nodiscard]] std::vector<MenuEntry> rowMenu(const SharedIDs& ids) override;
 
 private:
     using Screen::environment_;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "Oakfen/FileActions.h"
+#include "Oakfen/Views/Register/SortMenu.h"
 
 namespace oakfen {
 
@@ -37,6 +38,10 @@ void RegisterView::setSort(const RegisterSort& sort) {
 
 void RegisterView::sortBy(std::string_view column) {
     setSort(afterClick(sort_, columns(), column));
+}
+
+std::vector<MenuEntry> RegisterView::sortMenu() {
+    return sortMenuOf(*this);
 }
 
 void RegisterView::select(UUIDSet ids) {

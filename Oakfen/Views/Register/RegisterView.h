@@ -26,7 +26,11 @@ public:
     void setSearchText(std::string text);
     void setSort(const RegisterSort& sort);
     void sortBy(std::string_view column) override;
+    /// The columns to sort by, and the directions.
+    [[nodiscard]] std::vector<MenuEntry> sortMenu() override;
     void select(UUIDSet ids) override;
+    /// What can be done with the selected entries, with what can't be done with them.
+    [[nodiscard]] std::vector<MenuEntry> selectionMenu() { return rowMenu(content()->selection); }
 
     /// Selects the row of an entry that was saved just now, or of its leg in this account, and
     /// reveals it. One that the filter or the search hides is noted.

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 
+#include "Oakfen/Widgets/Components/Mnemonics.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Oakfen/Widgets/Theme/Theme.h"
 #include "OakfenCore/Support/Values/LocalizedError.h"
@@ -61,7 +62,7 @@ void EditorSheet::refresh() {
 
 void EditorSheet::showButtons() {
     showObstacle(*primaryButton(), editor_.obstacle(),
-                 tr("%1 (Return)").arg(primaryButton()->text()));
+                 tr("%1 (Return)").arg(withoutMnemonic(primaryButton()->text())));
     if (const auto action = editor_.secondAction(); action && secondButton() != nullptr) {
         showObstacle(*secondButton(), action->obstacle, qt(action->help));
     }
@@ -71,7 +72,7 @@ void EditorSheet::showWork() {
     const bool isWorking = editor_.isWorking();
     work_->setText(qt(editor_.work()));
     work_->setVisible(isWorking);
-    describe(*this, work_->text());
+    describe(*this, isWorking ? work_->text() : qt(editor_.subtitle()));
     form_->setEnabled(!isWorking);
     cancelButton()->setEnabled(!isWorking);
     if (destructiveButton() != nullptr) {

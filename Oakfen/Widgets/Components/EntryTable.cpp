@@ -13,9 +13,11 @@
 #include <numeric>
 #include <utility>
 
+#include "Oakfen/Widgets/Components/CommandMenu.h"
 #include "Oakfen/Widgets/Components/EmptyStateWidget.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/Components/MenuBuilder.h"
+#include "Oakfen/Widgets/Components/Panes.h"
 #include "Oakfen/Widgets/Components/TableModel.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 
@@ -27,7 +29,7 @@ EntryTable::EntryTable(EntryList& list, std::shared_ptr<const TableContent> cont
       table_(new LedgerTable), stack_(new QStackedLayout(this)) {
     setUpTable(stateKey);
     stack_->addWidget(table_);
-    setFocusProxy(table_);
+    makePane(*this);
 }
 
 EntryTable::~EntryTable() {
@@ -73,7 +75,7 @@ void EntryTable::setUpHeader() {
             [this, header](const QPoint& point) {
                 auto* menu = new QMenu(this);
                 menu->setAttribute(Qt::WA_DeleteOnClose);
-                fillSortMenu(*menu);
+                fillMenu(*menu, list_.sortMenu());
                 menu->popup(header->viewport()->mapToGlobal(point));
             });
 }
@@ -100,7 +102,7 @@ bool EntryTable::isMark(const QModelIndex& index) const {
 }
 
 std::unique_ptr<QMenu> EntryTable::makeContextMenu(const UUIDSet& ids) {
-    auto menu = std::make_unique<QMenu>(this);
+    auto menu = std::make_unique<CommandMenu>(this);
     fillMenu(*menu, list_.contextMenu(ids));
     return menu;
 }
@@ -203,6 +205,10 @@ void EntryTable::reveal(const UUID& id) {
     }
     // It may be one of several that came back.
     showSelection(selection_);
+}
+
+void EntryTable::focusShown() {
+    focusFirstIn(*stack_->currentWidget());
 }
 
 void EntryTable::beginAtTop() {

@@ -45,9 +45,8 @@ public:
     void beginAtTop();
     /// The context menu for these entries; the caller owns it.
     [[nodiscard]] std::unique_ptr<QMenu> makeContextMenu(const UUIDSet& ids);
-
-    /// Fills the menu of the titles with the orders that the list can have.
-    std::function<void(QMenu&)> fillSortMenu = [](QMenu&) {};
+    /// Moves the keyboard to the table, or to what stands in its place.
+    void focusShown();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -1,24 +1,24 @@
 #pragma once
 
-#include <QString>
+#include <QList>
+#include <QStringList>
 #include <string>
 #include <vector>
 
 #include "Oakfen/MenuEntry.h"
 
+class QAction;
 class QMenu;
 
 namespace oakfen {
 
-/// A title as a menu shows it: in one line, with its ampersands, which would be taken for
-/// mnemonics.
-[[nodiscard]] QString menuText(const std::string& title);
+/// Gives the lines their titles, each with a letter of its own by which it is chosen.
+void markLetters(const QList<QAction*>& lines, const QStringList& titles);
 
 /// Replaces the menu's lines.
 void fillMenu(QMenu& menu, const std::vector<MenuEntry>& entries);
 
-/// Brings title and enablement of each line up to date in a menu that was filled with as many lines
-/// that do the same.
+/// Brings the menu's lines up to date; only where others came or went are they replaced.
 void refreshMenu(QMenu& menu, const std::vector<MenuEntry>& entries);
 
 } // namespace oakfen

@@ -77,7 +77,11 @@ QVBoxLayout* SheetScaffold::content() const {
 }
 
 void SheetScaffold::setSubtitle(const QString& subtitle) {
+    if (subtitle == subtitle_->text()) {
+        return;
+    }
     subtitle_->setText(subtitle);
+    setAccessibleDescription(subtitle);
     subtitle_->setVisible(!subtitle.isEmpty());
 }
 

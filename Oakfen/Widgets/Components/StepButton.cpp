@@ -3,6 +3,7 @@
 #include <QFontMetrics>
 #include <utility>
 
+#include "Oakfen/Widgets/Components/Mnemonics.h"
 #include "Oakfen/Widgets/Theme/SymbolIcons.h"
 #include "Oakfen/Widgets/Theme/Theme.h"
 
@@ -19,7 +20,7 @@ StepButton::StepButton(std::string_view symbolName, const QString& title, QStrin
                        QWidget* parent)
     : QAbstractButton(parent), icon_(symbolIcon(symbolName, ThemeColor::accent)),
       detail_(std::move(detail)) {
-    setText(title);
+    setText(withMnemonic(title, -1));
     setAccessibleName(title);
     setAccessibleDescription(detail_);
     setFocusPolicy(Qt::StrongFocus);
@@ -53,7 +54,10 @@ void StepButton::paintEvent(QPaintEvent* /*event*/) {
     space.setHeight(height() / 2);
     painter.setFont(Theme::font(TextStyle::bodyStrong));
     painter.setPen(Theme::color(ThemeColor::text));
-    painter.drawText(space.adjusted(0, 0, 0, -1), Qt::AlignLeft | Qt::AlignBottom, text());
+    painter.drawText(space.adjusted(0, 0, 0, -1),
+                     Qt::AlignLeft | Qt::AlignBottom | Qt::TextShowMnemonic,
+                     painter.fontMetrics().elidedText(text(), Qt::ElideRight, space.width(),
+                                                      Qt::TextShowMnemonic));
     space.moveTop(space.bottom() + 1);
     painter.setFont(Theme::font(TextStyle::body));
     painter.setPen(Theme::color(ThemeColor::secondaryText));

@@ -7,12 +7,12 @@
 #include <algorithm>
 #include <utility>
 
+#include "Oakfen/ScreenCommands.h"
 #include "Oakfen/Widgets/Components/EntryTable.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/Components/SearchField.h"
 #include "Oakfen/Widgets/Components/TableModel.h"
 #include "Oakfen/Widgets/Register/RegisterFooterWidget.h"
-#include "Oakfen/Widgets/Register/RegisterSortMenu.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 
 namespace oakfen {
@@ -36,7 +36,6 @@ FindWidget::FindWidget(AppEnvironment& environment, std::string& term, QWidget* 
     setTabOrder(search_, table());
     setTabOrder(table(), closeButton());
     setUpKeys();
-    entries_->fillSortMenu = [this](QMenu& menu) { fillSortMenu(menu, view_); };
     changed_ = view_.changed.observe([this] { showContent(); });
     showContent();
 }
@@ -72,8 +71,10 @@ void FindWidget::setUpSearch() {
 }
 
 void FindWidget::setUpKeys() {
-    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this,
-            &FindWidget::startSearch);
+    commands_ =
+        environment_.screenCommands.offer({.find = [this] { startSearch(); },
+                                           .forOrder = [this] { return view_.sortMenu(); },
+                                           .forRows = [this] { return view_.selectionMenu(); }});
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
         auto* shortcut = new QShortcut(Qt::CTRL | key, this);
         shortcut->setContext(Qt::WidgetWithChildrenShortcut);
@@ -94,6 +95,7 @@ void FindWidget::showContent() {
         entries_->beginAtTop();
     }
     footer_->show(content_->footer, environment_.currencyCode());
+    environment_.screenCommands.changed.notify();
 }
 
 void FindWidget::focusInEvent(QFocusEvent* /*event*/) {

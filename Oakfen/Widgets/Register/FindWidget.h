@@ -50,6 +50,8 @@ private:
     EntryTable* entries_;
     RegisterFooterWidget* footer_;
     Subscription changed_;
+    /// Ends first: the menus ask the view for their lines as long as there is an offer.
+    Subscription commands_;
 };
 
 } // namespace oakfen

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "Oakfen/Widgets/Components/ElidedLabel.h"
+#include "Oakfen/Widgets/Components/Panes.h"
 #include "Oakfen/Widgets/Components/SearchField.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Oakfen/Widgets/Theme/SymbolIcons.h"
@@ -25,6 +26,7 @@ RegisterHeaderWidget::RegisterHeaderWidget(RegisterView& view, QWidget* parent)
     : QWidget(parent), view_(view), title_(new ElidedLabel(TextStyle::title, ThemeColor::text)),
       subtitle_(new ElidedLabel(TextStyle::body, ThemeColor::secondaryText)),
       filter_(new QComboBox), search_(new SearchField(tr("Payee, category, memo, amount"))) {
+    makePane(*this);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(2 * Theme::grid, Theme::grid * 3 / 2, 2 * Theme::grid, Theme::grid);
     layout->setSpacing(Theme::grid);
@@ -80,8 +82,6 @@ void RegisterHeaderWidget::setUpSearch() {
     search_->setMaximumWidth(360);
     connect(search_, &QLineEdit::textChanged, this,
             [this](const QString& text) { view_.setSearchText(utf8(text)); });
-    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, search_,
-            [this] { search_->setFocus(Qt::ShortcutFocusReason); });
     auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), search_);
     escape->setContext(Qt::WidgetShortcut);
     connect(escape, &QShortcut::activated, search_, [this] {

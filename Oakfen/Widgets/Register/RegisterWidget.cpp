@@ -1,15 +1,16 @@
 #include "Oakfen/Widgets/Register/RegisterWidget.h"
 
+#include <QLineEdit>
 #include <QMenu>
 #include <utility>
 
+#include "Oakfen/ScreenCommands.h"
 #include "Oakfen/Widgets/Components/EmptyStateWidget.h"
 #include "Oakfen/Widgets/Components/EntryTable.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/Register/RegisterFooterWidget.h"
 #include "Oakfen/Widgets/Register/RegisterHeaderWidget.h"
 #include "Oakfen/Widgets/Register/RegisterNoticeWidget.h"
-#include "Oakfen/Widgets/Register/RegisterSortMenu.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 
 namespace oakfen {
@@ -31,7 +32,6 @@ RegisterWidget::RegisterWidget(AppEnvironment& environment, const UUID& accountI
         table()->setFocus(Qt::OtherFocusReason);
     };
     header_->searchLeft = [this] { setFocus(Qt::OtherFocusReason); };
-    entries_->fillSortMenu = [this](QMenu& menu) { fillSortMenu(menu, view_); };
     changed_ = view_.changed.observe([this] { showContent(); });
     sheetChanged_ = environment.appState.sheetChanged.observe([this] {
         if (!environment_.appState.sheet() && std::exchange(awaitsFocus_, false)) {
@@ -41,7 +41,10 @@ RegisterWidget::RegisterWidget(AppEnvironment& environment, const UUID& accountI
         }
     });
     showContent();
-    setFocusProxy(entries_);
+    commands_ = environment_.screenCommands.offer(
+        {.find = [this] { searchField()->setFocus(Qt::ShortcutFocusReason); },
+         .forOrder = [this] { return view_.sortMenu(); },
+         .forRows = [this] { return view_.selectionMenu(); }});
 }
 
 RegisterWidget::~RegisterWidget() {
@@ -76,6 +79,7 @@ void RegisterWidget::showContent() {
                             ? std::optional(static_cast<int>(*content_->rowPastToday))
                             : std::nullopt);
     footer_->show(content_->footer, environment_.currencyCode());
+    environment_.screenCommands.changed.notify();
     if (earlier != nullptr) {
         showPlace(*earlier, wasInSight);
     }
@@ -84,6 +88,11 @@ void RegisterWidget::showContent() {
         // The keyboard goes there too once the sheet that saved it has closed.
         awaitsFocus_ = environment_.appState.sheet().has_value();
     }
+}
+
+void RegisterWidget::focusInEvent(QFocusEvent* /*event*/) {
+    // Not a proxy: Tab would come to the table before what stands above it, and never to that.
+    entries_->focusShown();
 }
 
 void RegisterWidget::showPlace(const RegisterContent& earlier, bool wasInSight) {

@@ -30,6 +30,9 @@ public:
     /// The context menu for these entries; the caller owns it.
     [[nodiscard]] std::unique_ptr<QMenu> makeContextMenu(const UUIDSet& ids);
 
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+
 private:
     void showContent();
     void showEmptyState();
@@ -46,6 +49,8 @@ private:
     bool awaitsFocus_ = false;
     Subscription changed_;
     Subscription sheetChanged_;
+    /// Ends first: the menus ask the view for their lines as long as there is an offer.
+    Subscription commands_;
 };
 
 } // namespace oakfen

@@ -3,6 +3,7 @@
 #include <QApplication>
 
 #include "Oakfen/Widgets/Components/EmptyStateWidget.h"
+#include "Oakfen/Widgets/Components/Panes.h"
 #include "Oakfen/Widgets/Dashboard/DashboardWidget.h"
 #include "Oakfen/Widgets/Register/RegisterWidget.h"
 
@@ -10,6 +11,7 @@ namespace oakfen {
 
 DetailWidget::DetailWidget(AppEnvironment& environment, QWidget* parent)
     : QWidget(parent), environment_(environment) {
+    makePane(*this);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     refresh();

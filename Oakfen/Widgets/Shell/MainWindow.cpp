@@ -18,6 +18,7 @@
 #include "Oakfen/Views/Shell/WindowTitle.h"
 #include "Oakfen/Widgets/Components/CrossFade.h"
 #include "Oakfen/Widgets/Components/MessageBox.h"
+#include "Oakfen/Widgets/Components/Panes.h"
 #include "Oakfen/Widgets/Gate/GateWidget.h"
 #include "Oakfen/Widgets/Register/FindWidget.h"
 #include "Oakfen/Widgets/Shell/AlertPresenter.h"
@@ -25,7 +26,9 @@
 #include "Oakfen/Widgets/Shell/ContextMenuKey.h"
 #include "Oakfen/Widgets/Shell/DetailWidget.h"
 #include "Oakfen/Widgets/Shell/EventApplication.h"
+#include "Oakfen/Widgets/Shell/HistoryButtons.h"
 #include "Oakfen/Widgets/Shell/MenuBar.h"
+#include "Oakfen/Widgets/Shell/MnemonicKeys.h"
 #include "Oakfen/Widgets/Shell/NoticeWidget.h"
 #include "Oakfen/Widgets/Shell/OneLineFields.h"
 #include "Oakfen/Widgets/Shell/PanelHost.h"
@@ -63,6 +66,8 @@ MainWindow::MainWindow(AppEnvironment& environment, std::function<void()> reques
     alerts_ = new AlertPresenter(environment_, this);
     new ContextMenuKey(this);
     new OneLineFields(this);
+    new HistoryButtons(environment_, *this);
+    new MnemonicKeys(this);
     fitScreen();
     restoreState();
 
@@ -144,7 +149,8 @@ void MainWindow::buildMenuBar() {
                          .showAbout = [this] { showAbout(); },
                          .isSidebarShown = [this] { return !sidebar_->isHidden(); },
                          .toggleSidebar = [this] { setSidebarShown(sidebar_->isHidden()); },
-                         .findInAllAccounts = [this] { findInAllAccounts(); }},
+                         .findInAllAccounts = [this] { findInAllAccounts(); },
+                         .goToPane = [this](bool forward) { goToPane(*this, forward); }},
                         *menuBar());
     menuBar()->lower();
 }

@@ -21,9 +21,12 @@ public:
     void refresh();
 
 private:
-    void build(QMenuBar& bar);
+    void build();
     void watch();
+    /// The letters that open the menus, while they do.
+    void showLetters();
 
+    QMenuBar& bar_;
     AppEnvironment& environment_;
     WindowActions window_;
     std::vector<QMenu*> menus_;

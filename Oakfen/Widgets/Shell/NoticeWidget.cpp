@@ -7,6 +7,7 @@
 #include <QToolButton>
 #include <chrono>
 
+#include "Oakfen/Widgets/Components/Panes.h"
 #include "Oakfen/Widgets/Components/WrappedLabel.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Oakfen/Widgets/Theme/SymbolIcons.h"
@@ -33,6 +34,7 @@ NoticeWidget::NoticeWidget(AppState& state, QWidget* parent)
       close_(new QToolButton(this)), timer_(new QTimer(this)) {
     setObjectName(QStringLiteral("Notice"));
     QAccessible::installFactory(accessibleNotice);
+    makePane(*this);
     text_->setTextFormat(Qt::PlainText);
     text_->setWordWrap(true);
     close_->setIcon(symbolIcon("xmark", ThemeColor::secondaryText));

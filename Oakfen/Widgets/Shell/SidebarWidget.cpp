@@ -9,7 +9,9 @@
 #include <QTreeWidget>
 #include <utility>
 
+#include "Oakfen/Widgets/Components/CommandMenu.h"
 #include "Oakfen/Widgets/Components/MenuBuilder.h"
+#include "Oakfen/Widgets/Components/Panes.h"
 #include "Oakfen/Widgets/Shell/SidebarDelegate.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Oakfen/Widgets/Theme/SymbolIcons.h"
@@ -63,6 +65,7 @@ QTreeWidgetItem* makeAccountLine(const SidebarContent::AccountRow& row) {
 SidebarWidget::SidebarWidget(AppEnvironment& environment, QWidget* parent)
     : QFrame(parent), environment_(environment), view_(environment) {
     setObjectName(QStringLiteral("Sidebar"));
+    makePane(*this);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -119,7 +122,6 @@ void SidebarWidget::buildList() {
     list_->setContextMenuPolicy(Qt::CustomContextMenu);
     list_->setItemDelegate(
         new SidebarDelegate([this](const QModelIndex& index) { return isSelected(index); }, list_));
-    setFocusProxy(list_);
     list_->installEventFilter(this);
     list_->viewport()->installEventFilter(this);
     connect(list_, &QTreeWidget::currentItemChanged, this, &SidebarWidget::selectCurrent);
@@ -270,6 +272,11 @@ void SidebarWidget::rememberFolding(const QTreeWidgetItem* group) {
     windowState::setValue(foldedGroupsKey, titles);
 }
 
+void SidebarWidget::focusInEvent(QFocusEvent* event) {
+    // Not a proxy: Tab would come to the list before the button above it, and never to that.
+    list_->setFocus(event->reason());
+}
+
 bool SidebarWidget::eventFilter(QObject* watched, QEvent* event) {
     if (watched == list_ && event->type() == QEvent::KeyPress) {
         return handleKey(static_cast<QKeyEvent*>(event)->key());
@@ -308,7 +315,7 @@ void SidebarWidget::showContextMenu(const QPoint& position) {
     if (!item || item->kind != SidebarItem::Kind::account) {
         return;
     }
-    auto* menu = new QMenu(this);
+    auto* menu = new CommandMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     fillMenu(*menu, view_.contextMenu(item->accountID));
     menu->popup(list_->viewport()->mapToGlobal(position));

@@ -24,6 +24,7 @@ public:
     SidebarWidget(AppEnvironment& environment, QWidget* parent = nullptr);
 
 protected:
+    void focusInEvent(QFocusEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

@@ -271,6 +271,11 @@ int ThemeStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
     // Turning the wheel scrolls; it must not change what happens to lie beneath the pointer.
     case SH_ComboBox_AllowWheelScrolling:
         return 0;
+    case SH_MenuBar_AltKeyNavigation:
+        if (widget != nullptr && widget->property(leavesAlt).toBool()) {
+            return 0;
+        }
+        return QProxyStyle::styleHint(hint, option, widget, returnData);
     default:
         return QProxyStyle::styleHint(hint, option, widget, returnData);
     }

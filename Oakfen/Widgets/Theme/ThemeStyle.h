@@ -11,6 +11,9 @@ class ThemeStyle final : public QProxyStyle {
     Q_OBJECT
 
 public:
+    /// Names the property of a menu bar that the Alt key alone doesn't lead to.
+    static constexpr const char* leavesAlt = "leavesAlt";
+
     ThemeStyle();
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

@@ -5,13 +5,17 @@
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
+#include <QToolButton>
 #include <QTreeWidget>
 #include <algorithm>
 
 #include "Oakfen/Widgets/Components/AmountField.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
+#include "Oakfen/Widgets/Components/Mnemonics.h"
 #include "Oakfen/Widgets/Components/SheetScaffold.h"
 #include "Oakfen/Widgets/Register/RegisterWidget.h"
 #include "Oakfen/Widgets/Shell/MainWindow.h"
@@ -51,6 +55,73 @@ protected:
     void expectGoodOrder(QWidget& root) {
         EXPECT_THAT(namelessNodes(root), IsEmpty());
         EXPECT_THAT(stepsAgainstReadingOrder(root), IsEmpty());
+    }
+    /// Each text has a letter that no other one has, as long as one of its letters is free.
+    static void expectLetters(const QStringList& marked) {
+        QString used;
+        for (const QString& each : marked) {
+            if (const QChar letter = mnemonicOf(each); !letter.isNull()) {
+                EXPECT_FALSE(used.contains(letter)) << utf8(marked.join(QLatin1Char('|')));
+                used.append(letter);
+            }
+        }
+        for (const QString& each : marked) {
+            const bool isStuck = std::ranges::none_of(each.toLower(), [&](QChar letter) {
+                return letter.isLetter() && letter.unicode() < 0x80 && !used.contains(letter);
+            });
+            EXPECT_TRUE(isStuck || !mnemonicOf(each).isNull()) << utf8(each);
+        }
+    }
+    static void expectLetters(const QList<QAction*>& lines) {
+        QStringList marked;
+        for (const QAction* line : lines) {
+            marked.append(line->text());
+            if (line->menu() != nullptr) {
+                expectLetters(line->menu()->actions());
+            }
+        }
+        expectLetters(marked);
+    }
+    /// While Alt is held, in what the window shows; none before and after.
+    static void expectLetters(QWidget& root) {
+        EXPECT_TRUE(marksOf(root).isEmpty());
+        QTest::keyPress(&root, Qt::Key_Alt, Qt::AltModifier);
+        QStringList marked = marksOf(root);
+        EXPECT_GE(marked.size(), 3);
+        if (const auto* bar = root.findChild<QMenuBar*>()) {
+            for (const QAction* menu : bar->actions()) {
+                marked.append(menu->text());
+            }
+        }
+        expectLetters(marked);
+        for (const QString& each : marked) {
+            EXPECT_FALSE(mnemonicOf(each).isNull()) << utf8(each);
+        }
+        QTest::keyRelease(&root, Qt::Key_Alt);
+        EXPECT_TRUE(marksOf(root).isEmpty());
+    }
+    /// The texts of buttons and of labels of fields that one can go to, as far as one is marked.
+    [[nodiscard]] static QStringList marksOf(const QWidget& root) {
+        QStringList texts;
+        for (const QAbstractButton* each : root.findChildren<QAbstractButton*>()) {
+            const auto* tool = qobject_cast<const QToolButton*>(each);
+            if (tool == nullptr || tool->toolButtonStyle() != Qt::ToolButtonIconOnly) {
+                addVisible(*each, each->text(), texts);
+            }
+        }
+        for (const QLabel* each : root.findChildren<QLabel*>()) {
+            if (each->buddy() != nullptr && each->buddy()->focusPolicy() != Qt::NoFocus) {
+                addVisible(*each, each->text(), texts);
+            }
+        }
+        const bool isAny = std::ranges::any_of(
+            texts, [](const QString& text) { return !mnemonicOf(text).isNull(); });
+        return isAny ? texts : QStringList();
+    }
+    static void addVisible(const QWidget& widget, const QString& text, QStringList& texts) {
+        if (widget.isVisible() && !text.isEmpty()) {
+            texts.append(text);
+        }
     }
     [[nodiscard]] const Account& account(AccountType type) const {
         return *test.library().accounts.first(
@@ -129,6 +200,74 @@ TEST_F(Accessibility, NamesAndOrdersEverySheet) {
         expectGoodOrder(*dialog);
     }
     EXPECT_GE(sheets, 4);
+}
+
+TEST_F(Accessibility, ReadsWhatStandsUnderTheTitleOfASheet) {
+    const std::unique_ptr<QDialog> dialog(makeSheet(
+        *test, ActiveSheet{ActiveSheet::Reconcile{account(AccountType::chequing).id}}, nullptr));
+    const QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(dialog.get());
+    EXPECT_EQ(heard->role(), QAccessible::Dialog);
+    EXPECT_EQ(heard->text(QAccessible::Name), dialog->windowTitle());
+    EXPECT_TRUE(heard->text(QAccessible::Description).startsWith(qt("Tick")))
+        << utf8(heard->text(QAccessible::Description));
+}
+
+TEST_F(Accessibility, LeadsByALetterOfItsOwnToEachPlaceOfASheet) {
+    int sheets = 0;
+    for (const ActiveSheet& sheet : everySheet()) {
+        const std::unique_ptr<QDialog> dialog(makeSheet(*test, sheet, nullptr));
+        if (dialog == nullptr) {
+            continue;
+        }
+        SCOPED_TRACE(utf8(dialog->windowTitle()));
+        dialog->show();
+        settle();
+        ++sheets;
+        expectLetters(*dialog);
+        // What else a sheet shows once something was chosen in it.
+        for (QPushButton* word : dialog->findChildren<QPushButton*>()) {
+            if (word->isCheckable()) {
+                word->click();
+                settle();
+                expectLetters(*dialog);
+            }
+        }
+    }
+    EXPECT_GE(sheets, 4);
+}
+
+TEST_F(Accessibility, LeadsByALetterOfItsOwnToEachPlaceOfAScreen) {
+    for (const SidebarItem& item :
+         {SidebarItem{}, SidebarItem::account(account(AccountType::chequing).id)}) {
+        select(item);
+        expectLetters(window);
+    }
+}
+
+TEST_F(Accessibility, OpensNoMenuByALetterWhileASheetIsOpen) {
+    const auto letters = [this] {
+        std::string found;
+        for (const QAction* menu : window.menuBar()->actions()) {
+            const QChar letter = mnemonicOf(menu->text());
+            found += letter.isNull() ? '-' : letter.toLatin1();
+        }
+        return found;
+    };
+    EXPECT_EQ(letters(), "fevgth");
+    test.appState->setSheet(ActiveSheet{ActiveSheet::NewAccount{}});
+    EXPECT_EQ(letters(), "------");
+    test.appState->setSheet(std::nullopt);
+    EXPECT_EQ(letters(), "fevgth");
+}
+
+TEST_F(Accessibility, LeadsByALetterOfItsOwnToEachLineOfAMenu) {
+    select(SidebarItem::account(account(AccountType::chequing).id));
+    auto* shown = window.findChild<RegisterWidget*>();
+    shown->table()->selectRow(0);
+    settle();
+    const auto context = shown->makeContextMenu(*shown->view().content()->selection);
+    expectLetters(context->actions());
+    expectLetters(window.menuBar()->actions());
 }
 
 TEST_F(Accessibility, ReadsTheSidebarBeforeTheScreenBesideIt) {

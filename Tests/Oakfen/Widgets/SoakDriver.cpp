@@ -22,6 +22,7 @@
 #include "Oakfen/Widgets/Components/AmountField.h"
 #include "Oakfen/Widgets/Components/DateField.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
+#include "Oakfen/Widgets/Components/Mnemonics.h"
 #include "Oakfen/Widgets/Components/SheetScaffold.h"
 #include "Oakfen/Widgets/Register/RegisterWidget.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
@@ -180,7 +181,7 @@ std::vector<QAction*> SoakDriver::menuItems() const {
 QAction* SoakDriver::menuItem(const QString& verb) const {
     const auto items = menuItems();
     const auto found = std::ranges::find_if(
-        items, [&](const QAction* each) { return each->text().startsWith(verb); });
+        items, [&](const QAction* each) { return withoutMnemonic(each->text()).startsWith(verb); });
     return found == items.end() ? nullptr : *found;
 }
 

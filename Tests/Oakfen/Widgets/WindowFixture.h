@@ -9,6 +9,7 @@
 #include <QTreeWidget>
 #include <memory>
 
+#include "Oakfen/Widgets/Components/Mnemonics.h"
 #include "Oakfen/Widgets/Shell/MainWindow.h"
 #include "OakfenCore/LibraryOperations/Accounts.h"
 #include "Tests/Oakfen/Widgets/Settle.h"
@@ -52,7 +53,7 @@ protected:
 
     [[nodiscard]] QAction* action(const QString& text) const {
         for (QAction* each : window->menuBar()->findChildren<QAction*>()) {
-            if (each->text() == text) {
+            if (withoutMnemonic(each->text()) == text) {
                 return each;
             }
         }

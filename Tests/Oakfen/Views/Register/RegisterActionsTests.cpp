@@ -165,6 +165,56 @@ TEST_F(RegisterActions, TheMenuOfSeveralEntriesIsAboutAllOfThem) {
     EXPECT_TRUE(view.contextMenu({}).empty());
 }
 
+/// The titles of the lines that can be chosen.
+std::string live(const std::vector<MenuEntry>& menu) {
+    std::string text;
+    for (const MenuEntry& entry : menu) {
+        if (entry.canBeChosen()) {
+            text += (text.empty() ? "" : "|") + entry.title;
+        }
+    }
+    return text;
+}
+
+TEST_F(RegisterActions, TheMenuOfTheSelectionAlwaysHasTheSameLines) {
+    EXPECT_EQ(lines(view.selectionMenu()),
+              "Edit|Duplicate|Go to Transfer|-Mark As>|Set Category>|-Delete");
+    EXPECT_EQ(live(view.selectionMenu()), "");
+    view.select({shop.id});
+    EXPECT_EQ(live(view.selectionMenu()), "Edit|Duplicate|Mark As|Set Category|Delete");
+    view.select({cardPayment.id});
+    EXPECT_EQ(live(view.selectionMenu()), "Edit|Duplicate|Go to Card|Mark As|Set Category|Delete");
+    view.select({shop.id, pay.id});
+    EXPECT_EQ(live(view.selectionMenu()), "Mark As|Set Category|Delete");
+    view.selectionMenu()[3].children.at(1).perform();
+    EXPECT_EQ(stored(pay.id).cleared, ClearedState::cleared);
+}
+
+TEST_F(RegisterActions, TheMenuOfTheOrderTicksTheColumnAndTheDirection) {
+    const auto ticked = [this] {
+        std::string text;
+        for (const MenuEntry& entry : view.sortMenu()) {
+            text += entry.isChecked.value_or(false) ? entry.title + "|" : "";
+        }
+        return text;
+    };
+    EXPECT_EQ(lines(view.sortMenu()), "Cleared|Date|Num|Payee|Category|Payment|Deposit|Balance|"
+                                      "-Ascending|Descending");
+    EXPECT_EQ(ticked(), "Date|Descending|");
+    view.sortMenu()[3].perform();
+    EXPECT_EQ(ticked(), "Payee|Descending|");
+    view.sortMenu()[8].perform();
+    EXPECT_EQ(ticked(), "Payee|Ascending|");
+}
+
+TEST_F(RegisterActions, TheMenusTellTheirKeys) {
+    std::string keys;
+    for (const MenuEntry& entry : view.contextMenu({cardPayment.id})) {
+        keys += entry.shortcut + (entry.leavesKeyToFocus ? "*|" : "|");
+    }
+    EXPECT_EQ(keys, "Return*|Ctrl+D|Ctrl+J|||Del*|");
+}
+
 TEST_F(RegisterActions, DeletingAsksInTheSingularForOne) {
     view.requestDelete({shop.id});
     ASSERT_EQ(test.panels.confirmations.size(), 1U);

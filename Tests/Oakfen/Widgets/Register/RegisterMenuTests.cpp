@@ -50,8 +50,8 @@ TEST_F(RegisterMenuWindow, ReadsTheNamesInItsMenuToTheLetter) {
         upsert(library, changed);
     });
     const auto menu = widget->makeContextMenu({cardPayment.id});
-    EXPECT_NE(action(*menu, "Go to Card && Co"), nullptr);
-    EXPECT_NE(action(*action(*menu, "Set Category")->menu(), "Food && Drink"), nullptr);
+    EXPECT_NE(action(*menu, "Go to Card & Co"), nullptr);
+    EXPECT_NE(action(*action(*menu, "Set Category")->menu(), "Food & Drink"), nullptr);
 }
 
 } // namespace oakfen

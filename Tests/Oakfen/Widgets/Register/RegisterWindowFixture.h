@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "Oakfen/Widgets/Components/LedgerTable.h"
+#include "Oakfen/Widgets/Components/Mnemonics.h"
 #include "Oakfen/Widgets/Register/RegisterWidget.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Tests/Oakfen/Views/Register/RegisterFixture.h"
@@ -77,14 +78,14 @@ protected:
     static std::vector<std::string> titles(const QMenu& menu) {
         std::vector<std::string> result;
         for (const QAction* action : menu.actions()) {
-            result.push_back(action->isSeparator() ? "-" : utf8(action->text()));
+            result.push_back(action->isSeparator() ? "-" : utf8(withoutMnemonic(action->text())));
         }
         return result;
     }
 
     static QAction* action(const QMenu& menu, const char* title) {
         for (QAction* each : menu.actions()) {
-            if (each->text() == QString::fromUtf8(title)) {
+            if (withoutMnemonic(each->text()) == QString::fromUtf8(title)) {
                 return each;
             }
         }

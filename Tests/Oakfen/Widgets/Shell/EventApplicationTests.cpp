@@ -50,7 +50,7 @@ protected:
         auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
         ASSERT_NE(menu, nullptr);
         for (QAction* each : menu->actions()) {
-            if (each->text() == title) {
+            if (withoutMnemonic(each->text()) == title) {
                 QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(each).center());
                 return;
             }

@@ -21,7 +21,9 @@ TEST_F(MenuBarTest, KeepsTheMenuInStepWithTheLedger) {
 }
 
 TEST_F(MenuBarTest, TakesTheAmpersandOfATitleToTheLetter) {
-    EXPECT_NE(action(QStringLiteral("Bills && Income")), nullptr);
+    const QAction* bills = action(QStringLiteral("Bills & Income"));
+    ASSERT_NE(bills, nullptr);
+    EXPECT_TRUE(bills->text().contains(QStringLiteral("&&")));
 }
 
 TEST_F(MenuBarTest, SendsEditCommandsToTheFieldWithTheFocus) {
@@ -50,9 +52,10 @@ TEST_F(MenuBarTest, DrawsDividersAndSubmenus) {
     const QMenu* file = window->menuBar()->actions().first()->menu();
     ASSERT_NE(file, nullptr);
     for (const QAction* each : file->actions()) {
+        const QString title = withoutMnemonic(each->text());
         lines.append(each->isSeparator()       ? QStringLiteral("-")
-                     : each->menu() != nullptr ? each->text() + QStringLiteral(" >")
-                                               : each->text());
+                     : each->menu() != nullptr ? title + QStringLiteral(" >")
+                                               : title);
     }
     EXPECT_EQ(lines.join(QLatin1Char('|')),
               QStringLiteral("New Transaction|New Account…|New Reminder…|-|Import Transactions…|"

@@ -1,17 +1,18 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Oakfen/MenuEntry.h"
 #include "Oakfen/Views/Register/RegisterTable.h"
-#include "Oakfen/Widgets/Components/MenuBuilder.h"
 
 namespace oakfen {
 
-/// Fills the menu of the titles above a list of entries with its orders. The view must outlive it.
+/// The orders that a view's list can have: its columns, and the directions. The view must outlive
+/// them.
 template <typename View>
-void fillSortMenu(QMenu& menu, View& view) {
+[[nodiscard]] std::vector<MenuEntry> sortMenuOf(View& view) {
     const auto content = view.content();
     const TableContent& table = *content->table;
     const RegisterSort& present = content->sort;
@@ -30,7 +31,7 @@ void fillSortMenu(QMenu& menu, View& view) {
     }
     add("Ascending", {present.column, true}, true);
     add("Descending", {present.column, false}, false);
-    fillMenu(menu, entries);
+    return entries;
 }
 
 } // namespace oakfen
