@@ -109,17 +109,18 @@ TEST_F(MainWindowTest, LeavesNoSheetOpenThatHasNoScreen) {
     EXPECT_FALSE(test->appState->sheet());
 }
 
-TEST_F(MainWindowTest, ShowsNoAccountAfterUndoingTheOneThatIsShown) {
+TEST_F(MainWindowTest, ShowsNoAccountOnceTheOneThatIsShownHasGone) {
     const Account account = addAccount("Everyday");
     test->appState->setSelection(SidebarItem::account(account.id));
     settle();
-    action(QStringLiteral("Undo New Account"))->trigger();
+    test->store->mutate("Delete Account",
+                        [&](Library& library) { deleteAccount(library, account.id); });
     settle();
     EXPECT_EQ(test->appState->selectedAccountID(), account.id);
     EmptyStateWidget* empty = shown<EmptyStateWidget>();
     ASSERT_NE(empty, nullptr);
     EXPECT_EQ(empty->accessibleName(), QStringLiteral("No Account Selected"));
-    action(QStringLiteral("Redo New Account"))->trigger();
+    action(QStringLiteral("Undo Delete Account"))->trigger();
     settle();
     EXPECT_NE(shown<RegisterWidget>(), nullptr);
 }
