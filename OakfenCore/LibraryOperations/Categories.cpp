@@ -88,4 +88,62 @@ const Category* categoryNamed(const Library& library, std::string_view path) {
     return firstCandidate;
 }
 
+std::vector<std::string> namesOfPath(std::string_view path) {
+    std::vector<std::string> names;
+    for (const std::string_view name : namesInPath(path)) {
+        if (!name.empty()) {
+            names.emplace_back(name);
+        }
+    }
+    return names;
+}
+
+const Category* topLevelCategoryNamed(const Library& library, std::string_view name,
+                                      CategoryKind kind) {
+    const Category* found = nullptr;
+    for (const Category& category : library.categories) {
+        if (category.parentID || !equalsCaseInsensitively(category.name, name)) {
+            continue;
+        }
+        if (category.kind == kind) {
+            return &category;
+        }
+        if (found == nullptr) {
+            found = &category;
+        }
+    }
+    return found;
+}
+
+namespace {
+
+Category addCategory(Library& library, const std::string& name, CategoryKind kind,
+                     const std::optional<UUID>& parentID) {
+    Category category{.id = UUID::random(), .name = name, .kind = kind, .parentID = parentID};
+    library.categories.push_back(category);
+    return category;
+}
+
+} // namespace
+
+std::optional<UUID> categoryFor(Library& library, std::string_view path, CategoryKind kind) {
+    const std::vector<std::string> names = namesOfPath(path);
+    if (names.empty() || names.size() > mostCategoryLevels) {
+        return std::nullopt;
+    }
+    const std::string& name = names.back();
+    const Category* known = categoryNamed(library, joined(names, ": "));
+    if (names.size() == 1) {
+        return known != nullptr ? known->id : addCategory(library, name, kind, {}).id;
+    }
+    if (known != nullptr && hasParentNamed(library, *known, names.front())) {
+        return known->id;
+    }
+    const Category* above = topLevelCategoryNamed(library, names.front(), kind);
+    // A copy, since adding the child may move the records.
+    const Category parent =
+        above != nullptr ? *above : addCategory(library, names.front(), kind, {});
+    return addCategory(library, name, parent.kind, parent.id).id;
+}
+
 } // namespace oakfen
