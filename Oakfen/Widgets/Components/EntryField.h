@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "Oakfen/Views/Components/TypedEntry.h"
+#include "Oakfen/Widgets/Components/CheckedField.h"
 
 namespace oakfen {
 
@@ -13,12 +14,12 @@ namespace oakfen {
 
 /// A field for a value that is typed as text: shows it in its usual form, selects it all when it
 /// is entered, and marks a text that can't be read and says why.
-class EntryField : public QLineEdit {
+class EntryField : public QLineEdit, public CheckedField {
 public:
     /// Whether the text stands for a value.
-    [[nodiscard]] bool isReadable() const { return entry().explanation().empty(); }
-    /// Why not; empty while it does.
-    [[nodiscard]] QString explanation() const;
+    [[nodiscard]] bool isReadable() const override { return entry().explanation().empty(); }
+    [[nodiscard]] QString explanation() const override;
+    void selectText() override { selectAll(); }
 
     /// What the tooltip says of the field while all is well, before how it is used.
     void setPurpose(const QString& purpose);

@@ -134,6 +134,13 @@ FieldRow& Form::category(const QString& label, const Bound<std::optional<UUID>>&
     return addPicker(label, new CategoryPicker(label), value, std::move(rows));
 }
 
+FieldRow& Form::category(const QString& label, const Bound<std::optional<UUID>>& value,
+                         PickerRows rows, PickerCreation creation) {
+    auto* box = new CategoryPicker(label);
+    box->setCreation(std::move(creation));
+    return addPicker(label, box, value, std::move(rows));
+}
+
 FieldRow& Form::record(const QString& label, const Bound<std::optional<UUID>>& value,
                        PickerRows rows) {
     return addPicker(label, new PickerBox(label), value, std::move(rows));

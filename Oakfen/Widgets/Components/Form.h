@@ -20,6 +20,7 @@ class QLineEdit;
 namespace oakfen {
 
 class PickerBox;
+struct PickerCreation;
 struct StepRange;
 
 /// One row of a form: a field with its label, and what about it follows the draft.
@@ -91,6 +92,9 @@ public:
                       PickerRows rows);
     FieldRow& category(const QString& label, const Bound<std::optional<UUID>>& value,
                        PickerRows rows);
+    /// One that can be made on the spot.
+    FieldRow& category(const QString& label, const Bound<std::optional<UUID>>& value,
+                       PickerRows rows, PickerCreation creation);
     /// A choice among other records.
     FieldRow& record(const QString& label, const Bound<std::optional<UUID>>& value,
                      PickerRows rows);

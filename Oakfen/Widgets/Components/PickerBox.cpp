@@ -1,58 +1,72 @@
 #include "Oakfen/Widgets/Components/PickerBox.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
-#include <QCompleter>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QStandardItemModel>
 #include <QWheelEvent>
 #include <algorithm>
+#include <utility>
 
 #include "Oakfen/Widgets/Components/EntryField.h"
+#include "Oakfen/Widgets/Components/PickerList.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Oakfen/Widgets/Theme/Theme.h"
 
 namespace oakfen {
 
-PickerBox::PickerBox(const QString& title, QWidget* parent) : QComboBox(parent) {
+PickerBox::PickerBox(const QString& title, PickerSubject subject, QWidget* parent)
+    : QComboBox(parent), subject_(subject) {
     setAccessibleName(title);
     // The toolkit gives the choice as the name; this says what it is a choice of.
     setAccessibleDescription(title);
-    setMaxVisibleItems(20);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(18);
     setEditable(true);
     setInsertPolicy(NoInsert);
-    completer()->setCompletionMode(QCompleter::PopupCompletion);
-    completer()->setFilterMode(Qt::MatchContains);
-    completer()->setCaseSensitivity(Qt::CaseInsensitive);
-    completer()->popup()->installEventFilter(this);
+    setCompleter(nullptr);
     lineEdit()->setAccessibleName(title);
+    lineEdit()->installEventFilter(this);
     connect(lineEdit(), &QLineEdit::editingFinished, this, [this] { takeTypedText(); });
+    connect(lineEdit(), &QLineEdit::textChanged, this, [this] { showState(); });
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this] { showMatches(); });
     connect(this, &QComboBox::activated, this, [this] {
         showBeginning();
         chosen();
     });
 }
 
+PickerBox::~PickerBox() {
+    delete list_.data();
+}
+
+void PickerBox::addRowItem(const PickerRow& row) {
+    addItem(qt(singleLine(row.title)));
+    if (row.isHeader) {
+        auto* item = qobject_cast<QStandardItemModel*>(model())->item(count() - 1);
+        item->setFlags(Qt::NoItemFlags);
+        item->setFont(Theme::font(TextStyle::captionStrong));
+    }
+}
+
 void PickerBox::setRows(const std::vector<PickerRow>& rows) {
+    if (rows == rows_) {
+        return;
+    }
     const bool hadChoice = currentIndex() >= 0;
     const auto before = chosenID();
+    const auto typed = isTyped() ? std::optional(currentText()) : std::nullopt;
+    hidePopup();
     rows_ = rows;
     clear();
-    for (const PickerRow& row : rows_) {
-        addItem(qt(singleLine(row.title)));
-        if (row.isHeader) {
-            auto* item = qobject_cast<QStandardItemModel*>(model())->item(count() - 1);
-            item->setFlags(Qt::NoItemFlags);
-            item->setFont(Theme::font(TextStyle::captionStrong));
-        }
-    }
+    std::ranges::for_each(rows_, [this](const PickerRow& row) { addRowItem(row); });
     setCurrentIndex(-1);
     if (hadChoice) {
         choose(before);
+    }
+    if (typed) {
+        setEditText(*typed);
     }
 }
 
@@ -65,89 +79,108 @@ void PickerBox::choose(const std::optional<UUID>& id) {
     const auto row = std::ranges::find_if(
         rows_, [&](const PickerRow& each) { return !each.isHeader && each.id == id; });
     setCurrentIndex(row == rows_.end() ? -1 : static_cast<int>(row - rows_.begin()));
-    showBeginning();
+    showChoice();
+}
+
+bool PickerBox::isTyped() const {
+    return currentText() != itemText(currentIndex());
+}
+
+std::optional<std::size_t> PickerBox::typedRow() const {
+    return meantRow(rows_, utf8(currentText()));
+}
+
+CategoryOffer PickerBox::offer() const {
+    return creation_.offer ? creation_.offer(utf8(currentText())) : CategoryOffer{};
 }
 
 bool PickerBox::takeTypedText() {
-    if (currentText() == itemText(currentIndex())) {
+    if (!isTyped()) {
         return true;
     }
-    const int row = rowOf(currentText().trimmed());
-    const bool isChange = row >= 0 && row != currentIndex();
-    if (isChange) {
-        setCurrentIndex(row);
+    const auto row = typedRow();
+    if (row) {
+        takeRow(*row);
+    } else {
+        showState();
     }
-    setEditText(itemText(currentIndex()));
-    showBeginning();
+    return row.has_value();
+}
+
+void PickerBox::takeRow(std::size_t row) {
+    const bool isChange = currentIndex() != static_cast<int>(row);
+    setCurrentIndex(static_cast<int>(row));
+    showChoice();
     if (isChange) {
         chosen();
     }
-    return row >= 0;
+}
+
+void PickerBox::takeLine(const PickerLine& line) {
+    if (line.kind != PickerLine::Kind::creation) {
+        takeRow(line.row);
+        return;
+    }
+    const PickerRow made = creation_.make(offer().path);
+    rows_.push_back(made);
+    addRowItem(made);
+    takeRow(rows_.size() - 1);
+}
+
+bool PickerBox::takeHighlighted() {
+    const auto line = list_ != nullptr ? list_->current() : std::nullopt;
+    if (!line) {
+        return false;
+    }
+    const PickerLine taken = list_->lines()[*line];
+    hidePopup();
+    takeLine(taken);
+    return true;
+}
+
+void PickerBox::showChoice() {
+    setEditText(itemText(currentIndex()));
+    showBeginning();
 }
 
 void PickerBox::setPrompt(const QString& prompt) {
     lineEdit()->setPlaceholderText(prompt);
 }
 
-bool PickerBox::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == completer()->popup() && event->type() == QEvent::KeyPress &&
-        leaveListByKey(*static_cast<QKeyEvent*>(event))) {
-        return true;
-    }
-    return QComboBox::eventFilter(watched, event);
+void PickerBox::selectText() {
+    lineEdit()->selectAll();
 }
 
-bool PickerBox::leaveListByKey(QKeyEvent& event) {
-    switch (event.key()) {
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-        takeMatch();
-        focusNextPrevChild(event.key() == Qt::Key_Tab);
-        return true;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        if ((event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
-            return false;
-        }
-        // The list has the keyboard, so the key would not reach the sheet by itself.
-        takeMatch();
-        QApplication::sendEvent(parentWidget(), &event);
-        return true;
-    default:
-        return false;
+void PickerBox::showState() {
+    const bool wasReadable = isReadable();
+    explanation_ = !isTyped() || typedRow()
+                       ? QString()
+                       : qt(pickerExplanation(subject_, utf8(currentText()), offer()));
+    if (wasReadable && !isReadable()) {
+        purpose_ = accessibleDescription();
+        help_ = toolTip();
     }
-}
-
-void PickerBox::takeMatch() {
-    const QModelIndex match = completer()->popup()->currentIndex();
-    completer()->popup()->hide();
-    if (match.isValid()) {
-        Q_EMIT completer()->activated(match);
-    } else {
-        takeTypedText();
+    if (!isReadable() || !wasReadable) {
+        setAccessibleDescription(isReadable() ? purpose_ : explanation_);
+        setToolTip(isReadable() ? help_ : plainToolTip(explanation_));
+        setProperty("invalid", !isReadable());
+        update();
     }
-}
-
-void PickerBox::keyPressEvent(QKeyEvent* event) {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    // Before the toolkit does it, which would take a header of that title too. A text that means
-    // no row goes back to the choice, for the person to see before the sheet is saved with it.
-    if (isReturn && !takeTypedText()) {
-        event->accept();
-        return;
-    }
-    QComboBox::keyPressEvent(event);
 }
 
 void PickerBox::focusOutEvent(QFocusEvent* event) {
-    if (isMomentary(*event)) {
-        // What is half typed stays so; the toolkit would take it for finished.
-        const QSignalBlocker blocker(lineEdit());
-        QComboBox::focusOutEvent(event);
-        return;
+    hidePopup();
+    if (!isMomentary(*event)) {
+        takeTypedText();
     }
-    takeTypedText();
+    // The toolkit would look by itself for what was typed, and take a header of that title too.
+    const QSignalBlocker blocker(lineEdit());
     QComboBox::focusOutEvent(event);
+}
+
+void PickerBox::hideEvent(QHideEvent* event) {
+    hidePopup();
+    QComboBox::hideEvent(event);
 }
 
 void PickerBox::wheelEvent(QWheelEvent* event) {
@@ -155,30 +188,13 @@ void PickerBox::wheelEvent(QWheelEvent* event) {
     event->ignore();
 }
 
-int PickerBox::rowOf(const QString& text) const {
-    const auto first = [this](auto&& fits) {
-        const auto row = std::ranges::find_if(rows_, [&](const PickerRow& each) {
-            return !each.isHeader && fits(each, qt(singleLine(each.title)));
-        });
-        return row == rows_.end() ? -1 : static_cast<int>(row - rows_.begin());
-    };
-    if (text.isEmpty()) {
-        return first([](const PickerRow& row, const QString&) { return !row.id; });
-    }
-    const int exact = first([&](const PickerRow&, const QString& title) {
-        return title.compare(text, Qt::CaseInsensitive) == 0;
-    });
-    return exact >= 0 ? exact : first([&](const PickerRow&, const QString& title) {
-        return title.contains(text, Qt::CaseInsensitive);
-    });
-}
-
 void PickerBox::showBeginning() {
     // A long name shows its beginning.
     lineEdit()->setCursorPosition(0);
 }
 
-AccountPicker::AccountPicker(const QString& title, QWidget* parent) : PickerBox(title, parent) {
+AccountPicker::AccountPicker(const QString& title, QWidget* parent)
+    : PickerBox(title, PickerSubject::account, parent) {
     setPrompt(tr("Choose an account"));
 }
 

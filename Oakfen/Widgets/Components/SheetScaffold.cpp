@@ -6,7 +6,7 @@
 #include <QPointer>
 #include <algorithm>
 
-#include "Oakfen/Widgets/Components/EntryField.h"
+#include "Oakfen/Widgets/Components/CheckedField.h"
 #include "Oakfen/Widgets/Components/PickerBox.h"
 #include "Oakfen/Widgets/Components/SheetBody.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
@@ -177,13 +177,13 @@ bool SheetScaffold::finishFields() {
     for (QAbstractSpinBox* stepper : findChildren<QAbstractSpinBox*>()) {
         stepper->interpretText();
     }
-    EntryField* field = unreadableField();
+    const auto [field, widget] = unreadableField();
     if (field == nullptr) {
         return true;
     }
-    field->setFocus(Qt::OtherFocusReason);
-    setProblem(field->accessibleName() + QStringLiteral(": ") + field->explanation());
-    field->selectAll();
+    widget->setFocus(Qt::OtherFocusReason);
+    setProblem(widget->accessibleName() + QStringLiteral(": ") + field->explanation());
+    field->selectText();
     return false;
 }
 
@@ -208,14 +208,14 @@ void SheetScaffold::confirmDestructiveAction(const ConfirmationRequest& confirma
     });
 }
 
-EntryField* SheetScaffold::unreadableField() const {
-    for (QLineEdit* edit : findChildren<QLineEdit*>()) {
-        auto* field = dynamic_cast<EntryField*>(edit);
-        if (field != nullptr && field->isVisibleTo(this) && !field->isReadable()) {
-            return field;
+SheetScaffold::UnreadableField SheetScaffold::unreadableField() const {
+    for (QWidget* widget : findChildren<QWidget*>()) {
+        auto* field = dynamic_cast<CheckedField*>(widget);
+        if (field != nullptr && widget->isVisibleTo(this) && !field->isReadable()) {
+            return {field, widget};
         }
     }
-    return nullptr;
+    return {};
 }
 
 } // namespace oakfen

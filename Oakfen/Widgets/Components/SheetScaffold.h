@@ -13,7 +13,7 @@ class QVBoxLayout;
 
 namespace oakfen {
 
-class EntryField;
+class CheckedField;
 class SheetBody;
 
 /// The frame of every editor sheet: a title, what the sheet edits, and a row of buttons with one
@@ -79,8 +79,12 @@ private:
     void putButtonsLast();
     void savePressed();
     void confirmDestructiveAction(const ConfirmationRequest& confirmation);
-    /// The first field whose text can't be read, if any.
-    [[nodiscard]] EntryField* unreadableField() const;
+    /// The first field whose text means nothing, if any, as what it is and as a widget.
+    struct UnreadableField {
+        CheckedField* field = nullptr;
+        QWidget* widget = nullptr;
+    };
+    [[nodiscard]] UnreadableField unreadableField() const;
 
     Panels& panels_;
     QLabel* title_;

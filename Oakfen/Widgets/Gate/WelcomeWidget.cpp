@@ -1,7 +1,10 @@
 #include "Oakfen/Widgets/Gate/WelcomeWidget.h"
 
-#include <QComboBox>
+#include <map>
+#include <utility>
+#include <vector>
 
+#include "Oakfen/Widgets/Components/PickerBox.h"
 #include "Oakfen/Widgets/Gate/GatePanelWidget.h"
 #include "Oakfen/Widgets/Gate/NewPasswordFields.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
@@ -37,17 +40,7 @@ void WelcomeWidget::refresh() {
 GatePanelWidget* WelcomeWidget::makeFirstStep() {
     auto* panel = new GatePanelWidget(WelcomeView::welcomeText(), this);
 
-    auto* currency = new QComboBox(panel);
-    currency->setAccessibleName(QStringLiteral("Currency"));
-    currency->setMaxVisibleItems(16);
-    for (const WelcomeView::Currency& entry : WelcomeView::currencies()) {
-        currency->addItem(qt(entry.label), qt(entry.code));
-    }
-    currency->setCurrentIndex(currency->findData(qt(view_.currency())));
-    currency->setMinimumContentsLength(24);
-    currency->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    connect(currency, &QComboBox::currentIndexChanged, this,
-            [this, currency] { view_.setCurrency(utf8(currency->currentData().toString())); });
+    PickerBox* currency = makeCurrencyPicker();
     auto* label = new QLabel(QStringLiteral("Currency"), panel);
     label->setBuddy(currency);
     auto* row = new QHBoxLayout;
@@ -60,12 +53,20 @@ GatePanelWidget* WelcomeWidget::makeFirstStep() {
 
     auto* fresh = new QPushButton(symbolIcon("sparkles", ThemeColor::onAccent),
                                   QStringLiteral("Start Fresh"), panel);
-    connect(fresh, &QPushButton::clicked, this, [this] { view_.startFresh(); });
+    connect(fresh, &QPushButton::clicked, this, [this, currency] {
+        if (takeCurrency(*currency)) {
+            view_.startFresh();
+        }
+    });
     panel->setDefaultButton(fresh);
     auto* sample =
         new QPushButton(symbolIcon("wand.and.stars"), QStringLiteral("Explore Sample Data"), panel);
     sample->setToolTip(QStringLiteral("Look around in the ledger of a made-up household"));
-    connect(sample, &QPushButton::clicked, this, [this] { view_.exploreSampleData(); });
+    connect(sample, &QPushButton::clicked, this, [this, currency] {
+        if (takeCurrency(*currency)) {
+            view_.exploreSampleData();
+        }
+    });
     for (QPushButton* button : {fresh, sample}) {
         button->setMinimumWidth(220);
         // A little air between picture and words.
@@ -73,6 +74,39 @@ GatePanelWidget* WelcomeWidget::makeFirstStep() {
         panel->buttons().addWidget(button, 0, Qt::AlignHCenter);
     }
     return panel;
+}
+
+PickerBox* WelcomeWidget::makeCurrencyPicker() {
+    auto* currency = new PickerBox(QStringLiteral("Currency"));
+    std::vector<PickerRow> rows;
+    std::map<UUID, std::string> codes;
+    std::optional<UUID> chosen;
+    for (const WelcomeView::Currency& entry : WelcomeView::currencies()) {
+        const UUID id = UUID::random();
+        rows.push_back({.title = entry.label, .id = id});
+        codes[id] = entry.code;
+        chosen = entry.code == view_.currency() ? id : chosen;
+    }
+    currency->setRows(rows);
+    currency->choose(chosen);
+    currency->setMinimumContentsLength(24);
+    currency->chosen = [this, currency, codes = std::move(codes)] {
+        view_.setCurrency(codes.at(currency->chosenID().value()));
+        panel_->setErrorText(std::nullopt);
+    };
+    return currency;
+}
+
+bool WelcomeWidget::takeCurrency(PickerBox& picker) {
+    // All money will be shown in it, so a word that is none must not be passed over.
+    const bool isKnown = picker.takeTypedText();
+    if (!isKnown) {
+        picker.setFocus(Qt::OtherFocusReason);
+        picker.selectText();
+        panel_->setErrorText(
+            utf8(picker.accessibleName() + QStringLiteral(": ") + picker.explanation()));
+    }
+    return isKnown;
 }
 
 GatePanelWidget* WelcomeWidget::makeSecondStep() {

@@ -7,6 +7,7 @@
 namespace oakfen {
 
 class GatePanelWidget;
+class PickerBox;
 
 /// Draws the two steps of the first start.
 class WelcomeWidget final : public QWidget {
@@ -18,6 +19,9 @@ public:
 private:
     void refresh();
     [[nodiscard]] GatePanelWidget* makeFirstStep();
+    [[nodiscard]] PickerBox* makeCurrencyPicker();
+    /// Takes the currency that was typed. A word that is none is told of; then nothing begins.
+    bool takeCurrency(PickerBox& picker);
     [[nodiscard]] GatePanelWidget* makeSecondStep();
 
     WelcomeView view_;

@@ -159,6 +159,12 @@ QListView { background: @surface; border: 1px solid @border; outline: none; }
 QListView::item { min-height: 18px; padding: 3px 6px; border-radius: 4px; }
 QListView::item:selected { background: @selection; color: @onSelection; }
 
+#PickerList { border-radius: 5px; padding: 2px; }
+#PickerList::item { min-height: 20px; padding: 3px 6px; border-radius: 4px; }
+#PickerList::item:hover { background: @hover; }
+#PickerList::item:selected { background: @selection; color: @onSelection; }
+#PickerList::item:disabled { color: @secondaryText; background: transparent; }
+
 QSplitter::handle { background: @border; }
 QScrollBar { background: transparent; border: none; }
 QScrollBar:vertical { width: 11px; }

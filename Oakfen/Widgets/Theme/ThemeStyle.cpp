@@ -149,9 +149,10 @@ void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
         return;
     }
     const bool isField = combo->editable && combo->state.testFlag(State_Enabled);
+    const bool isWrong = widget != nullptr && widget->property("invalid").toBool();
     drawPanel(painter, combo->rect,
               isField ? Theme::color(ThemeColor::surface) : buttonColor(*combo),
-              borderColor(*combo));
+              isWrong ? Theme::color(ThemeColor::negative) : borderColor(*combo));
     constexpr int arrowSize = 10;
     drawSign(painter, proxy()->subControlRect(CC_ComboBox, combo, SC_ComboBoxArrow, widget),
              arrowSize, "chevron.down", combo->state.testFlag(State_Enabled));

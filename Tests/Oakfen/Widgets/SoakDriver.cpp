@@ -23,6 +23,7 @@
 #include "Oakfen/Widgets/Components/DateField.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/Components/Mnemonics.h"
+#include "Oakfen/Widgets/Components/PickerBox.h"
 #include "Oakfen/Widgets/Components/SheetScaffold.h"
 #include "Oakfen/Widgets/Register/RegisterWidget.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
@@ -283,6 +284,9 @@ void SoakDriver::chooseFromList() {
     list->setFocus();
     for (std::size_t steps = below(6) + 1; steps > 0; --steps) {
         QTest::keyClick(list, below(3) == 0 ? Qt::Key_Up : Qt::Key_Down);
+    }
+    if (dynamic_cast<PickerBox*>(list) != nullptr) {
+        QTest::keyClick(list, Qt::Key_Tab); // takes the line it went to
     }
 }
 

@@ -1,12 +1,14 @@
 #include "Oakfen/Widgets/Gate/GateWidget.h"
 
-#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QVariantAnimation>
+#include <algorithm>
 #include <cerrno>
 
 #include "Oakfen/Widgets/Components/CrossFade.h"
+#include "Oakfen/Widgets/Components/PickerBox.h"
+#include "Oakfen/Widgets/Components/PickerList.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 #include "OakfenCore/Models/LibraryCoding.h"
 #include "Tests/Oakfen/Widgets/WindowFixture.h"
@@ -25,9 +27,11 @@ protected:
 TEST_F(FirstStartTest, CoversTheMainScreenUntilAChoiceIsMade) {
     ASSERT_NE(shown<GateWidget>(), nullptr);
     EXPECT_FALSE(sidebar()->isEnabled());
-    auto* currency = shown<QComboBox>();
+    auto* currency = shown<PickerBox>();
     ASSERT_NE(currency, nullptr);
-    currency->setCurrentIndex(currency->findData(QStringLiteral("EUR")));
+    QTest::mouseClick(currency->lineEdit(), Qt::LeftButton, {}, QPoint(10, 8));
+    QTest::keyClicks(currency, QStringLiteral("eur"));
+    QTest::keyClick(currency, Qt::Key_Return);
     QTest::mouseClick(button(QStringLiteral("Start Fresh")), Qt::LeftButton);
     settle();
 
@@ -41,6 +45,26 @@ TEST_F(FirstStartTest, CoversTheMainScreenUntilAChoiceIsMade) {
     EXPECT_EQ(shown<GateWidget>(), nullptr);
     EXPECT_TRUE(sidebar()->isEnabled());
     EXPECT_TRUE(sidebar()->hasFocus() || !window->isActiveWindow());
+}
+
+TEST_F(FirstStartTest, BeginsInNoCurrencyThatNobodyKnows) {
+    auto* currency = shown<PickerBox>();
+    QTest::mouseClick(currency->lineEdit(), Qt::LeftButton, {}, QPoint(10, 8));
+    ASSERT_NE(currency->list(), nullptr);
+    EXPECT_LT(currency->list()->height(), window->height() / 2 + 1);
+    QTest::keyClicks(currency, QStringLiteral("shells"));
+    for (const char* title : {"Start Fresh", "Explore Sample Data"}) {
+        QTest::mouseClick(button(QString::fromUtf8(title)), Qt::LeftButton);
+        settle();
+        EXPECT_FALSE(test->store->accessState().isOpen());
+        EXPECT_EQ(button(QStringLiteral("Don’t Use a Password")), nullptr);
+        EXPECT_EQ(currency->currentText(), QStringLiteral("shells"));
+    }
+    const auto labels = window->findChildren<QLabel*>();
+    EXPECT_TRUE(std::ranges::any_of(labels, [](const QLabel* label) {
+        return label->isVisible() &&
+               label->text().contains(QStringLiteral("“shells” isn’t in the list."));
+    }));
 }
 
 TEST_F(FirstStartTest, ShowsASampleHousehold) {

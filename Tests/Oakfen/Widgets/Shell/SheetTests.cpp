@@ -161,7 +161,9 @@ TEST_F(Sheets, ACategoryIsFoundByAnyPartOfItsPath) {
     EXPECT_EQ(changes, 1);
     picker.setEditText(QStringLiteral("nothing of the kind"));
     Q_EMIT picker.lineEdit()->editingFinished();
-    EXPECT_EQ(picker.currentText(), QStringLiteral("Food: Groceries"));
+    EXPECT_EQ(picker.currentText(), QStringLiteral("nothing of the kind"));
+    EXPECT_FALSE(picker.isReadable());
+    EXPECT_EQ(picker.chosenID(), groceries);
     EXPECT_EQ(changes, 1);
 }
 
