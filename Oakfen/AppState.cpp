@@ -1,5 +1,6 @@
 #include "Oakfen/AppState.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <utility>
@@ -117,6 +118,13 @@ void AppState::dismissNotice() {
     if (std::exchange(notice_, std::nullopt)) {
         noticeChanged.notify();
     }
+}
+
+void AppState::rememberCategory(const UUID& id) {
+    constexpr std::size_t most = 5;
+    std::erase(recentCategories_, id);
+    recentCategories_.insert(recentCategories_.begin(), id);
+    recentCategories_.resize(std::min(recentCategories_.size(), most));
 }
 
 void AppState::whenFree(std::function<bool()> isFree, std::function<void()> work) {

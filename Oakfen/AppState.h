@@ -82,9 +82,16 @@ struct ActiveSheet {
     struct NewAccount {
         friend bool operator==(const NewAccount&, const NewAccount&) = default;
     };
+    /// For entries that are to be filed under one category; they may be many.
+    struct SetCategory {
+        std::shared_ptr<const UUIDSet> ids;
+        friend bool operator==(const SetCategory& a, const SetCategory& b) {
+            return a.ids == b.ids || *a.ids == *b.ids;
+        }
+    };
 
     std::variant<EditAccount, NewTransaction, EditTransaction, Reconcile, ImportReview, Scheduled,
-                 Category, NewAccount>
+                 Category, NewAccount, SetCategory>
         content;
 
     friend bool operator==(const ActiveSheet&, const ActiveSheet&) = default;
@@ -142,6 +149,11 @@ public:
     void showNotice(Notice notice);
     void dismissNotice();
 
+    /// The categories that entries were filed under since the program began, the latest first; a
+    /// few, and some may be gone. Never written anywhere.
+    [[nodiscard]] const std::vector<UUID>& recentCategories() const { return recentCategories_; }
+    void rememberCategory(const UUID& id);
+
     /// Does the work once `isFree` holds: at once, or when `doWhatWaits` finds it so. What waits is
     /// forgotten with the state.
     void whenFree(std::function<bool()> isFree, std::function<void()> work);
@@ -174,6 +186,7 @@ private:
     std::string alertTitle_;
     std::optional<std::string> busyMessage_;
     std::optional<Notice> notice_;
+    std::vector<UUID> recentCategories_;
     std::vector<WaitingWork> waiting_;
 };
 

@@ -145,6 +145,28 @@ TEST_F(WaitingWork, WaitsOnWhileWhatWasDoneBeforeItKeepsIt) {
     EXPECT_EQ(done, "b");
 }
 
+TEST_F(AppStateTest, RemembersAFewCategoriesTheLatestFirst) {
+    EXPECT_TRUE(state.recentCategories().empty());
+    std::vector<UUID> ids(7);
+    for (UUID& id : ids) {
+        id = UUID::random();
+        state.rememberCategory(id);
+    }
+    state.rememberCategory(ids[3]);
+    EXPECT_EQ(state.recentCategories(),
+              (std::vector<UUID>{ids[3], ids[6], ids[5], ids[4], ids[2]}));
+}
+
+TEST(ActiveSheetTest, ComparesSetsOfEntriesByWhatIsInThem) {
+    const auto of = [](UUIDSet ids) {
+        return ActiveSheet{
+            ActiveSheet::SetCategory{std::make_shared<const UUIDSet>(std::move(ids))}};
+    };
+    const UUID id = UUID::random();
+    EXPECT_EQ(of({id}), of({id}));
+    EXPECT_NE(of({id}), of({id, UUID::random()}));
+}
+
 TEST(ActiveSheetTest, ComparesImportReviewsByTheirSessions) {
     const auto session = std::make_shared<ImportSession>(ImportSession{.id = UUID::random()});
     const auto same = std::make_shared<ImportSession>(*session);
