@@ -139,11 +139,6 @@ std::vector<PickerRow> TransactionEditor::transferChoices() const {
                : keepingAccount(std::move(rows), transferSelection);
 }
 
-std::vector<PickerRow> TransactionEditor::categoryChoices(const std::optional<UUID>& chosen) const {
-    return keepingChoice(categoryPickerRows(environment_.store.index()),
-                         {.title = "Unknown Category", .id = chosen});
-}
-
 std::vector<std::string> TransactionEditor::payeeSuggestions() const {
     const std::string_view term = trimmingWhitespaces(draft.payee);
     std::vector<std::string> suggestions;
@@ -318,10 +313,15 @@ void TransactionEditor::save() {
         return;
     }
     const Transaction entry = transactionToSave();
-    environment_.store.mutate(title(), [&](Library& library) { upsert(library, entry); });
+    environment_.store.mutate(title(), [&](Library& library) {
+        Transaction filed = entry;
+        makeCategories(library, filed);
+        upsert(library, filed);
+    });
     if (const Transaction* stored = environment_.store.index().transaction(entry.id)) {
         savedText_ = "Saved " + singleLine(stored->payee) + ", " +
                      currencyText(stored->amount, environment_.currencyCode()) + ".";
+        rememberCategories(*stored);
     }
     environment_.appState.transactionSaved.notify(entry.id);
 }
@@ -331,6 +331,7 @@ void TransactionEditor::startNext() {
     const Date now = environment_.clock.now();
     // The time of day goes on, so that entries of one day stay in the order of their entering.
     const int days = calendar.wholeDays(calendar.startOfDay(now), calendar.startOfDay(draft.date));
+    plan_ = {};
     startEmpty(accountSelection, calendar.addingDays(now, days));
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Oakfen/AppEnvironment.h"
+#include "Oakfen/Views/Components/CategoryOffer.h"
 #include "Oakfen/Views/Components/Components.h"
 #include "Oakfen/Views/Editor.h"
 
@@ -73,6 +74,12 @@ public:
     [[nodiscard]] std::vector<PickerRow> transferChoices() const;
     [[nodiscard]] std::vector<PickerRow> categoryChoices(const std::optional<UUID>& chosen) const;
 
+    /// What can be made of a text that was typed for a category.
+    [[nodiscard]] CategoryOffer categoryOffer(std::string_view typed) const;
+    /// Plans a category of that path, for the entry or its lines; saving makes it if they are filed
+    /// under it.
+    PickerRow planCategory(const std::string& path);
+
     /// At most eight known payees with the typed text in their name.
     [[nodiscard]] std::vector<std::string> payeeSuggestions() const;
     /// Fills a new entry in as the payee's latest one was. Whether there was one to follow.
@@ -105,10 +112,16 @@ private:
     [[nodiscard]] std::optional<std::string> obstacleOfAmount() const;
     [[nodiscard]] std::vector<std::string> tags() const;
     [[nodiscard]] Transaction transactionToSave() const;
+    /// Makes the planned categories that the entry is filed under: for income where money comes in,
+    /// for expenses where it goes out.
+    void makeCategories(Library& library, Transaction& entry) const;
+    /// Remembers what the stored entry is filed under for later choices.
+    void rememberCategories(const Transaction& stored) const;
 
     AppEnvironment& environment_;
     std::optional<UUID> transactionID_;
     Kind kind_ = Kind::payment;
+    CategoryPlan plan_;
     std::string savedText_;
 };
 

@@ -32,6 +32,11 @@ QPushButton* makeButton(const QString& title, const QString& tooltip) {
 
 } // namespace
 
+PickerCreation categoryCreation(TransactionEditor& editor) {
+    return {.offer = [&editor](const std::string& typed) { return editor.categoryOffer(typed); },
+            .make = [&editor](const std::string& path) { return editor.planCategory(path); }};
+}
+
 SplitRowsWidget::SplitRowsWidget(TransactionEditor& editor, QWidget* parent)
     : QWidget(parent), editor_(editor), area_(new QScrollArea), lines_(new QVBoxLayout),
       add_(makeButton(tr("Add Split Line"), tr("Assign a part to one more category"))),
@@ -71,7 +76,15 @@ void SplitRowsWidget::showLines() {
                             &TransactionEditor::SplitDraft::id)) {
         reload();
     }
+    listCategories();
     showRemainder();
+}
+
+void SplitRowsWidget::listCategories() {
+    for (const Row& row : rows_) {
+        const TransactionEditor::SplitDraft* line = editor_.splitLine(row.id);
+        row.category->setRows(editor_.categoryChoices(line->categoryID));
+    }
 }
 
 void SplitRowsWidget::reload() {
@@ -103,6 +116,7 @@ void SplitRowsWidget::addRow(const TransactionEditor::SplitDraft& line) {
                   .memo = new QLineEdit(qt(line.memo)),
                   .amount = new AmountField(tr("Amount")),
                   .remove = new QToolButton};
+    row.category->setCreation(categoryCreation(editor_));
     row.category->setRows(editor_.categoryChoices(line.categoryID));
     row.category->choose(line.categoryID);
     row.memo->setCursorPosition(0); // a long memo shows its beginning

@@ -17,6 +17,10 @@ namespace oakfen {
 
 class AmountField;
 class CategoryPicker;
+struct PickerCreation;
+
+/// Makes categories from within the editor's pickers.
+[[nodiscard]] PickerCreation categoryCreation(TransactionEditor& editor);
 
 /// The lines of a split entry: a category, a memo and an amount each, and beneath them how much is
 /// left to assign.
@@ -47,6 +51,8 @@ private:
 
     void reload();
     void showRemainder();
+    /// A category that was made for one line can be chosen for the others.
+    void listCategories();
     void addRow(const TransactionEditor::SplitDraft& line);
     void connectRow(const Row& row);
     void addLine();

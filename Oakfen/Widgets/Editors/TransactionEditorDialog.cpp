@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 
+#include "Oakfen/Widgets/Components/PickerBox.h"
 #include "Oakfen/Widgets/Editors/PayeeField.h"
 #include "Oakfen/Widgets/Editors/SplitRowsWidget.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
@@ -91,8 +92,10 @@ void TransactionEditorDialog::addCategoryFields() {
     TransactionEditor& edited = editor();
     const auto showsCategory = [&edited] { return edited.showsCategory(); };
     category_ = form()
-                    .category(tr("Category"), edited.draft.categoryID,
-                              [&edited] { return edited.categoryChoices(edited.draft.categoryID); })
+                    .category(
+                        tr("Category"), edited.draft.categoryID,
+                        [&edited] { return edited.categoryChoices(edited.draft.categoryID); },
+                        categoryCreation(edited))
                     .help(tr("Type any part of a category’s name"))
                     .shownWhen(showsCategory)
                     .field();
