@@ -80,6 +80,18 @@ ImportSession exampleStatement(const LibraryIndex& index, const Account& account
     return session;
 }
 
+/// As many as a person may select at once.
+std::shared_ptr<const UUIDSet> someEntries(const LibraryIndex& index, const Account& account) {
+    UUIDSet ids;
+    for (const Transaction* entry : index.transactions(account.id)) {
+        ids.insert(entry->id);
+        if (ids.size() == 12) {
+            break;
+        }
+    }
+    return std::make_shared<const UUIDSet>(std::move(ids));
+}
+
 void walkTheGate(Album& album) {
     TourStage first("");
     album.add(first, "gate-welcome");
@@ -115,6 +127,8 @@ void walkTheSheets(Album& album, TourStage& stage, const Account& account) {
     openFirst(&Transaction::isSplit, "sheet-edit-split");
     openFirst(&Transaction::isTransfer, "sheet-edit-transfer");
     open(ActiveSheet::Reconcile{account.id}, "sheet-reconcile");
+    open(ActiveSheet::SetCategory{someEntries(stage.store().index(), account)},
+         "sheet-set-category");
     open(ActiveSheet::ImportReview{std::make_shared<const ImportSession>(
              exampleStatement(stage.store().index(), account))},
          "sheet-import-review");

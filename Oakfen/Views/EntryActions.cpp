@@ -1,5 +1,7 @@
 #include "Oakfen/Views/EntryActions.h"
 
+#include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "Oakfen/Views/Components/Components.h"
@@ -35,9 +37,16 @@ void EntryActions::markAs(ClearedState state, const UUIDSet& ids) {
                               [&](Library& library) { setCleared(library, state, ids); });
 }
 
-void EntryActions::setCategory(const UUID& categoryID, const UUIDSet& ids) {
-    environment_.store.mutate(
-        "Set Category", [&](Library& library) { oakfen::setCategory(library, categoryID, ids); });
+void EntryActions::chooseCategory(const UUIDSet& ids) {
+    environment_.appState.setSheet(
+        ActiveSheet{ActiveSheet::SetCategory{std::make_shared<const UUIDSet>(ids)}});
+}
+
+bool EntryActions::canBeCategorized(const UUIDSet& ids) const {
+    return std::ranges::any_of(ids, [this](const UUID& id) {
+        const Transaction* entry = environment_.store.index().transaction(id);
+        return entry != nullptr && !entry->transferAccountID;
+    });
 }
 
 void EntryActions::duplicate(const UUID& id) {
@@ -86,7 +95,10 @@ std::vector<MenuEntry> EntryActions::rowMenu(const SharedIDs& ids) {
         menuForOne(ids->size() == 1 ? std::optional(*ids->begin()) : std::nullopt);
     menu.push_back(
         {.title = "Mark As", .isEnabled = isAny, .startsGroup = true, .children = markMenu(ids)});
-    menu.push_back({.title = "Set Category", .isEnabled = isAny, .children = categoryMenu(ids)});
+    menu.push_back({.title = "Set Category",
+                    .perform = canBeCategorized(*ids) ? [this, ids] { chooseCategory(*ids); }
+                                                      : std::function<void()>(),
+                    .isEnabled = isAny});
     menu.push_back({.title = "Delete",
                     .symbolName = "trash",
                     .shortcut = "Del",
@@ -127,19 +139,6 @@ std::vector<MenuEntry> EntryActions::markMenu(const SharedIDs& ids) {
         menu.push_back({.title = std::string(oakfen::title(state)),
                         .symbolName = std::string(clearedBadge(state).symbolName),
                         .perform = [this, state, ids] { markAs(state, *ids); }});
-    }
-    return menu;
-}
-
-std::vector<MenuEntry> EntryActions::categoryMenu(const SharedIDs& ids) {
-    std::vector<MenuEntry> menu;
-    for (const CategoryKind kind : {CategoryKind::expense, CategoryKind::income}) {
-        bool startsGroup = kind == CategoryKind::income;
-        for (const PickerRow& row : categoryChoices(environment_.store.index(), kind)) {
-            menu.push_back({.title = row.title,
-                            .perform = [this, ids, id = *row.id] { setCategory(id, *ids); },
-                            .startsGroup = std::exchange(startsGroup, false)});
-        }
     }
     return menu;
 }

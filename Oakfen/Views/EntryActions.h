@@ -24,7 +24,8 @@ public:
     /// all become uncleared.
     void toggleCleared(const UUIDSet& ids);
     void markAs(ClearedState state, const UUIDSet& ids);
-    void setCategory(const UUID& categoryID, const UUIDSet& ids);
+    /// Opens the panel in which the person chooses a category for them.
+    void chooseCategory(const UUIDSet& ids);
     /// Enters a copy dated now; a transfer's copy is a new transfer.
     void duplicate(const UUID& id);
     /// Shows the other account of a transfer, with the other leg selected.
@@ -58,7 +59,8 @@ protected:
 private:
     [[nodiscard]] std::vector<MenuEntry> menuForOne(const std::optional<UUID>& id);
     [[nodiscard]] std::vector<MenuEntry> markMenu(const SharedIDs& ids);
-    [[nodiscard]] std::vector<MenuEntry> categoryMenu(const SharedIDs& ids);
+    /// Whether any of them is no transfer.
+    [[nodiscard]] bool canBeCategorized(const UUIDSet& ids) const;
     [[nodiscard]] ConfirmationRequest deleteConfirmation() const;
     void confirmDelete();
 

@@ -4,6 +4,7 @@
 #include "Oakfen/Widgets/Editors/TransactionEditorDialog.h"
 #include "Oakfen/Widgets/Import/ImportReviewDialog.h"
 #include "Oakfen/Widgets/Reconcile/ReconcileDialog.h"
+#include "Oakfen/Widgets/Register/SetCategoryDialog.h"
 
 namespace oakfen {
 
@@ -34,6 +35,9 @@ struct DialogMaker {
     SheetScaffold* operator()(const ActiveSheet::Reconcile& sheet) const {
         const Account* account = environment.store.index().account(sheet.accountID);
         return account != nullptr ? new ReconcileDialog(environment, *account, parent) : nullptr;
+    }
+    SheetScaffold* operator()(const ActiveSheet::SetCategory& sheet) const {
+        return new SetCategoryDialog(environment, sheet.ids, parent);
     }
     template <typename Other>
     SheetScaffold* operator()(const Other& /*sheet*/) const {

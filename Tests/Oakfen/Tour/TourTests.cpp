@@ -40,8 +40,8 @@ const QStringList expectedPictures{
     QStringLiteral("sheet-new-account"),     QStringLiteral("sheet-edit-account"),
     QStringLiteral("sheet-import-review"),   QStringLiteral("sheet-reconcile"),
     QStringLiteral("sheet-new-transaction"), QStringLiteral("sheet-edit-split"),
-    QStringLiteral("sheet-edit-transfer"),   QStringLiteral("panel-find"),
-    QStringLiteral("panel-find-small")};
+    QStringLiteral("sheet-edit-transfer"),   QStringLiteral("sheet-set-category"),
+    QStringLiteral("panel-find"),            QStringLiteral("panel-find-small")};
 
 TEST(Tour, ShowsEveryScreenInLightAndDark) {
     const QTemporaryDir folder;
