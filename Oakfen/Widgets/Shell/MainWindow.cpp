@@ -4,12 +4,14 @@
 #include <QCoreApplication>
 #include <QDropEvent>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QScreen>
 #include <QSplitter>
 #include <QStyle>
+#include <QToolButton>
 #include <QUrl>
 #include <QWindow>
 #include <utility>
@@ -244,6 +246,22 @@ void MainWindow::changeEvent(QEvent* event) {
     if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
         // The person is back, perhaps from a night for which the machine slept.
         environment_.dayChange.check();
+    }
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    auto* button = qobject_cast<QAbstractButton*>(focusWidget());
+    if (!isReturn || (event->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier ||
+        button == nullptr) {
+        QMainWindow::keyPressEvent(event);
+        return;
+    }
+    auto* tool = qobject_cast<QToolButton*>(button);
+    if (tool != nullptr && tool->menu() != nullptr) {
+        tool->showMenu();
+    } else {
+        button->click();
     }
 }
 

@@ -40,6 +40,8 @@ public:
     [[nodiscard]] QSize roomOnScreen() const;
 
 protected:
+    /// Return presses the button that has the keyboard, as the blank does.
+    void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;

@@ -126,6 +126,21 @@ TEST_F(KeyboardTest, LeavesThePanesAloneBehindASheet) {
     EXPECT_EQ(QApplication::focusWidget(), before);
 }
 
+TEST_F(KeyboardTest, PressesAButtonByReturn) {
+    press(Qt::Key_F6);
+    ASSERT_EQ(place(), "Reconcile");
+    press(Qt::Key_Return);
+    EXPECT_EQ(test->appState->sheet(), ActiveSheet{ActiveSheet::Reconcile{everyday.id}});
+    test->appState->setSheet(std::nullopt);
+    select(SidebarItem{});
+    sidebar()->setFocus();
+    press(Qt::Key_F6);
+    press(Qt::Key_Tab);
+    ASSERT_EQ(place(), "Go to Everyday");
+    press(Qt::Key_Enter, Qt::KeypadModifier);
+    EXPECT_EQ(test->appState->selectedAccountID(), everyday.id);
+}
+
 TEST_F(KeyboardTest, FollowsTheLettersOfASheet) {
     test->appState->setSheet(ActiveSheet{ActiveSheet::NewTransaction{everyday.id}});
     settle();
