@@ -15,14 +15,17 @@ bool canServe(QChar letter) {
     return letter.isLetterOrNumber() && letter.unicode() < 0x80;
 }
 
-/// The places of different letters in a text, the best ones first.
+bool beginsWord(const QString& text, qsizetype place) {
+    return place == 0 || !text[place - 1].isLetterOrNumber();
+}
+
+/// The places of different letters in a text, beginnings of words first.
 QList<qsizetype> candidates(const QString& text) {
     QList<qsizetype> beginnings;
     QList<qsizetype> rest;
     for (qsizetype place = 0; place < text.size(); ++place) {
         if (canServe(text[place])) {
-            const bool begins = place == 0 || !text[place - 1].isLetterOrNumber();
-            (begins ? beginnings : rest).append(place);
+            (beginsWord(text, place) ? beginnings : rest).append(place);
         }
     }
     QList<qsizetype> different;
@@ -37,8 +40,8 @@ QList<qsizetype> candidates(const QString& text) {
     return different;
 }
 
-/// Gives letters to texts one after the other. Whoever finds all of its own taken has others move
-/// on, if they can.
+/// Gives letters to texts one after the other, first to those that can have a beginning of a word.
+/// Whoever finds all of its own taken has others move on, if they can.
 class LetterAssignment {
 public:
     LetterAssignment(const QStringList& texts, const QString& taken)
@@ -50,8 +53,11 @@ public:
 
     [[nodiscard]] QList<qsizetype> make() {
         for (qsizetype text = 0; text < texts_.size(); ++text) {
+            takeFree(text, true);
+        }
+        for (qsizetype text = 0; text < texts_.size(); ++text) {
             QSet<QChar> tried;
-            if (!takeFree(text)) {
+            if (places_[text] < 0 && !takeFree(text, false)) {
                 takeAway(text, tried);
             }
         }
@@ -63,8 +69,11 @@ private:
         return texts_[text][place].toLower();
     }
 
-    bool takeFree(qsizetype text) {
+    bool takeFree(qsizetype text, bool isBeginning) {
         for (const qsizetype place : candidates_[text]) {
+            if (isBeginning && !beginsWord(texts_[text], place)) {
+                return false;
+            }
             const QChar wanted = letter(text, place);
             if (!owners_.contains(wanted) && !taken_.contains(wanted)) {
                 take(text, place);
@@ -82,7 +91,7 @@ private:
             }
             tried.insert(wanted);
             const qsizetype owner = owners_.value(wanted);
-            if (takeFree(owner) || takeAway(owner, tried)) {
+            if (takeFree(owner, false) || takeAway(owner, tried)) {
                 take(text, place);
                 return true;
             }

@@ -8,7 +8,7 @@ namespace oakfen {
 
 /// The letter of each text by which it is chosen from the keyboard, as its place in the text. No
 /// letter serves twice, nor one of those `taken`; -1 only where all letters of a text serve others.
-/// Beginnings of words come first, and earlier texts before later ones.
+/// A beginning of a word where that is free, and of two texts the earlier one has the choice.
 [[nodiscard]] QList<qsizetype> mnemonicPlaces(const QStringList& texts, const QString& taken = {});
 
 /// The text as the toolkit takes it, with the letter at that place marked, or none, and its own

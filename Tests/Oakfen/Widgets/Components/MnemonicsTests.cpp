@@ -29,6 +29,11 @@ TEST(Mnemonics, GoIntoAWordWhereItsBeginningIsTaken) {
     EXPECT_EQ(marked({qt("Cut"), qt("Copy"), qt("Paste")}), "&Cut|C&opy|&Paste");
 }
 
+TEST(Mnemonics, LeaveABeginningToWhoeverBeginsWithIt) {
+    EXPECT_EQ(marked({qt("Enter"), qt("Edit"), qt("Duplicate"), qt("Delete")}),
+              "&Enter|Ed&it|&Duplicate|De&lete");
+}
+
 TEST(Mnemonics, AreNoneOfThoseTakenAlready) {
     EXPECT_EQ(marked({qt("Filter"), qt("Find")}, qt("FI")), "Fi&lter|Fi&nd");
 }
