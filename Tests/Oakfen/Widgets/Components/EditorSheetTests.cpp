@@ -285,7 +285,7 @@ TEST_F(EditorSheets, ComeBackAsTheyWereWhenTheWorkFails) {
     test.scheduler.runBackground();
     EXPECT_TRUE(sheet->isVisible());
     EXPECT_FALSE(tells("Encrypting…"));
-    EXPECT_EQ(description(*sheet), editor->subtitle());
+    EXPECT_EQ(description(*sheet), "Called Boat");
     EXPECT_TRUE(tells("That password is incorrect."));
     EXPECT_TRUE(field("Password").hasFocus());
     EXPECT_EQ(field("Password").text(), QStringLiteral("paddle"));
