@@ -71,41 +71,50 @@ std::vector<SidebarContent::OverviewRow> SidebarView::overview() const {
     return rows;
 }
 
-SidebarContent::AccountRow SidebarView::row(const Account& account) const {
-    const Decimal balance = environment_.store.index().balance(account.id);
+SidebarContent::Figure SidebarView::figure(const Decimal& amount) const {
+    return {.text = currencyText(amount, environment_.currencyCode()),
+            .compact = compactCurrencyText(amount, environment_.currencyCode()),
+            .isNegative = amount.isNegative()};
+}
+
+SidebarContent::AccountRow SidebarView::row(const Account& account, const Decimal& balance) const {
     return {.id = account.id,
             .name = account.name,
             .symbolName = std::string(symbolName(account.type)),
             .isClosed = account.isClosed,
-            .balance = currencyText(balance, environment_.currencyCode()),
-            .isNegative = balance.isNegative(),
+            .balance = figure(balance),
             .detail = creditUseText(account, balance)};
 }
 
 std::vector<SidebarContent::Section> SidebarView::sections() const {
     std::vector<SidebarContent::Section> result;
     for (const AccountGroup group : allCases<AccountGroup>) {
-        SidebarContent::Section section{std::string(title(group)), {}};
-        for (const Account* account :
-             environment_.store.index().accounts(group, showsClosedAccounts())) {
-            section.rows.push_back(row(*account));
-        }
-        if (!section.rows.empty()) {
-            result.push_back(std::move(section));
+        SidebarContent::Section each = section(group);
+        if (!each.rows.empty()) {
+            result.push_back(std::move(each));
         }
     }
     return result;
 }
 
+SidebarContent::Section SidebarView::section(AccountGroup group) const {
+    const LibraryIndex& index = environment_.store.index();
+    SidebarContent::Section result{.title = std::string(title(group)), .rows = {}, .total = {}};
+    Decimal total;
+    for (const Account* account : index.accounts(group, showsClosedAccounts())) {
+        const Decimal balance = index.balance(account->id);
+        result.rows.push_back(row(*account, balance));
+        total += balance;
+    }
+    result.total = figure(total);
+    return result;
+}
+
 SidebarContent::Footer SidebarView::footer() const {
     const LibraryIndex& index = environment_.store.index();
-    const auto text = [this](const Decimal& amount) {
-        return currencyText(amount, environment_.currencyCode());
-    };
-    return {.netWorth = text(index.netWorth()),
-            .isNegative = index.netWorth().isNegative(),
-            .assets = "Assets " + text(index.totalAssets()),
-            .liabilities = "Liabilities " + text(index.totalLiabilities())};
+    return {.netWorth = figure(index.netWorth()),
+            .assets = figure(index.totalAssets()),
+            .liabilities = figure(index.totalLiabilities())};
 }
 
 MenuEntry SidebarView::closeOrReopen(const Account& account) {

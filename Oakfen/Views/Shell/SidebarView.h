@@ -11,6 +11,15 @@ namespace oakfen {
 
 /// What the left column shows.
 struct SidebarContent {
+    /// An amount.
+    struct Figure {
+        std::string text;
+        /// In few characters, for where no line holds the whole text.
+        std::string compact;
+        bool isNegative = false;
+
+        friend bool operator==(const Figure&, const Figure&) = default;
+    };
     struct OverviewRow {
         SidebarItem item;
         std::string title;
@@ -25,8 +34,7 @@ struct SidebarContent {
         std::string name;
         std::string symbolName;
         bool isClosed = false;
-        std::string balance;
-        bool isNegative = false;
+        Figure balance;
         /// "42% of limit used", where the account has a limit.
         std::optional<std::string> detail = {};
 
@@ -35,14 +43,15 @@ struct SidebarContent {
     struct Section {
         std::string title;
         std::vector<AccountRow> rows;
+        /// What the rows add up to.
+        Figure total;
 
         friend bool operator==(const Section&, const Section&) = default;
     };
     struct Footer {
-        std::string netWorth;
-        bool isNegative = false;
-        std::string assets;
-        std::string liabilities;
+        Figure netWorth;
+        Figure assets;
+        Figure liabilities;
 
         friend bool operator==(const Footer&, const Footer&) = default;
     };
@@ -76,7 +85,10 @@ private:
     [[nodiscard]] int badge(const SidebarItem& item) const;
     [[nodiscard]] std::vector<SidebarContent::OverviewRow> overview() const;
     [[nodiscard]] std::vector<SidebarContent::Section> sections() const;
-    [[nodiscard]] SidebarContent::AccountRow row(const Account& account) const;
+    [[nodiscard]] SidebarContent::Section section(AccountGroup group) const;
+    [[nodiscard]] SidebarContent::AccountRow row(const Account& account,
+                                                 const Decimal& balance) const;
+    [[nodiscard]] SidebarContent::Figure figure(const Decimal& amount) const;
     [[nodiscard]] SidebarContent::Footer footer() const;
     [[nodiscard]] MenuEntry closeOrReopen(const Account& account);
 

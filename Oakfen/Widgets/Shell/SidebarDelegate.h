@@ -8,9 +8,10 @@ namespace oakfen {
 /// What a line of the sidebar carries for its drawing.
 enum SidebarRole {
     kindRole = Qt::UserRole,
-    itemRole,   ///< which `SidebarItem` it selects
-    symbolRole, ///< the icon's name
-    figureRole, ///< the text at the right
+    itemRole,    ///< which `SidebarItem` it selects
+    symbolRole,  ///< the icon's name
+    figureRole,  ///< the amount at the right
+    compactRole, ///< the same in few characters
     negativeRole,
     detailRole, ///< the second line; empty for none
     badgeRole,
@@ -33,10 +34,12 @@ public:
                                  const QModelIndex& index) const override;
 
 private:
-    void paintGroup(QPainter* painter, const QStyleOptionViewItem& option,
-                    const QModelIndex& index) const;
+    static void paintGroup(QPainter* painter, const QStyleOptionViewItem& option,
+                           const QModelIndex& index);
     void paintItem(QPainter* painter, const QStyleOptionViewItem& option,
                    const QModelIndex& index) const;
+    void paintTexts(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index,
+                    const QRect& texts) const;
 
     std::function<bool(const QModelIndex&)> isSelected_;
 };

@@ -40,23 +40,43 @@ QTreeWidgetItem* makeLine(SidebarLine kind, const std::string& title) {
     return line;
 }
 
+/// On one line, as long as it isn't very long: the toolkit would break even a short one.
+QString oneLineToolTip(const QString& text) {
+    constexpr qsizetype longestLine = 100;
+    if (text.size() > longestLine) {
+        return plainToolTip(text);
+    }
+    return QStringLiteral("<p style='white-space:nowrap'>") + text.toHtmlEscaped() +
+           QStringLiteral("</p>");
+}
+
+void setFigure(QTreeWidgetItem& line, const SidebarContent::Figure& figure) {
+    line.setData(0, figureRole, qt(figure.text));
+    line.setData(0, compactRole, qt(figure.compact));
+    line.setData(0, negativeRole, figure.isNegative);
+}
+
+/// What is heard at the line, and read in its tooltip.
+void setSpoken(QTreeWidgetItem& line, const QString& text) {
+    line.setData(0, Qt::AccessibleTextRole, text);
+    line.setToolTip(0, oneLineToolTip(text));
+}
+
 QTreeWidgetItem* makeAccountLine(const SidebarContent::AccountRow& row) {
     QTreeWidgetItem* line = makeLine(SidebarLine::item, row.name);
     line->setData(0, itemRole, QVariant::fromValue(SidebarItem::account(row.id)));
     line->setData(0, symbolRole, qt(row.symbolName));
-    line->setData(0, figureRole, qt(row.balance));
-    line->setData(0, negativeRole, row.isNegative);
+    setFigure(*line, row.balance);
     line->setData(0, detailRole, qt(row.detail.value_or("")));
     line->setData(0, dimmedRole, row.isClosed);
-    QString spoken = qt(row.name) + QStringLiteral(", ") + qt(row.balance);
+    QString spoken = qt(row.name) + QStringLiteral(", ") + qt(row.balance.text);
     if (row.isClosed) {
         spoken += QStringLiteral(", closed");
     }
     if (row.detail) {
         spoken += QStringLiteral(", ") + qt(*row.detail);
     }
-    line->setData(0, Qt::AccessibleTextRole, spoken);
-    line->setToolTip(0, plainToolTip(spoken));
+    setSpoken(*line, spoken);
     return line;
 }
 
@@ -143,18 +163,14 @@ void SidebarWidget::buildFooter() {
     column->setContentsMargins(Theme::grid * 2, Theme::grid + 2, Theme::grid * 2, Theme::grid + 2);
     column->setSpacing(3);
 
-    auto* first = new QHBoxLayout;
-    netWorth_ = {new QLabel(QStringLiteral("Net Worth"), footer),
-                 new MoneyLabel(TextStyle::bodyStrong, footer)};
-    Theme::setText(*netWorth_.label, TextStyle::body);
-    first->addWidget(netWorth_.label, 1);
-    first->addWidget(netWorth_.amount);
-    column->addLayout(first);
-    assets_ = new QLabel(footer);
-    liabilities_ = new QLabel(footer);
-    for (QLabel* label : {assets_, liabilities_}) {
-        Theme::setText(*label, TextStyle::caption, ThemeColor::secondaryText);
-        column->addWidget(label);
+    netWorth_ = new FigureLine(QStringLiteral("Net Worth"), TextStyle::body, TextStyle::bodyStrong,
+                               ThemeColor::text, footer);
+    assets_ = new FigureLine(QStringLiteral("Assets"), TextStyle::caption, TextStyle::caption,
+                             ThemeColor::secondaryText, footer);
+    liabilities_ = new FigureLine(QStringLiteral("Liabilities"), TextStyle::caption,
+                                  TextStyle::caption, ThemeColor::secondaryText, footer);
+    for (FigureLine* line : {netWorth_, assets_, liabilities_}) {
+        column->addWidget(line);
     }
     layout()->addWidget(footer);
 }
@@ -198,6 +214,8 @@ void SidebarWidget::addOverview() {
 void SidebarWidget::addSection(const SidebarContent::Section& section) {
     QTreeWidgetItem* group = makeLine(SidebarLine::group, section.title);
     group->setFlags(Qt::ItemIsEnabled);
+    setFigure(*group, section.total);
+    setSpoken(*group, qt(section.title + ", " + section.total.text));
     list_->addTopLevelItem(group);
     for (const SidebarContent::AccountRow& row : section.rows) {
         group->addChild(makeAccountLine(row));
@@ -234,10 +252,13 @@ void SidebarWidget::showSelection() {
 
 void SidebarWidget::showFooter() {
     const SidebarContent::Footer& footer = content_->footer;
-    netWorth_.setMoney({.text = footer.netWorth,
-                        .tone = footer.isNegative ? TextTone::negative : TextTone::primary});
-    assets_->setText(qt(footer.assets));
-    liabilities_->setText(qt(footer.liabilities));
+    const auto show = [](FigureLine& line, const SidebarContent::Figure& figure, TextTone tone) {
+        line.setFigure({qt(figure.text), qt(figure.compact)}, tone);
+    };
+    show(*netWorth_, footer.netWorth,
+         footer.netWorth.isNegative ? TextTone::negative : TextTone::primary);
+    show(*assets_, footer.assets, TextTone::secondary);
+    show(*liabilities_, footer.liabilities, TextTone::secondary);
 }
 
 bool SidebarWidget::isSelected(const QModelIndex& index) const {
@@ -278,6 +299,10 @@ void SidebarWidget::focusInEvent(QFocusEvent* event) {
 }
 
 bool SidebarWidget::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == list_ && event->type() == QEvent::Resize) {
+        // Names and amounts share a line or not, as the width is.
+        list_->doItemsLayout();
+    }
     if (watched == list_ && event->type() == QEvent::KeyPress) {
         return handleKey(static_cast<QKeyEvent*>(event)->key());
     }

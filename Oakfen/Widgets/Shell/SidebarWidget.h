@@ -5,10 +5,9 @@
 #include <vector>
 
 #include "Oakfen/Views/Shell/SidebarView.h"
-#include "Oakfen/Widgets/Components/LabelledFigure.h"
+#include "Oakfen/Widgets/Components/FigureLine.h"
 #include "OakfenCore/Support/Values/Observers.h"
 
-class QLabel;
 class QMenu;
 class QModelIndex;
 class QTreeWidget;
@@ -52,9 +51,9 @@ private:
     SidebarView view_;
     QTreeWidget* list_ = nullptr;
     QMenu* addMenu_ = nullptr;
-    LabelledFigure netWorth_;
-    QLabel* assets_ = nullptr;
-    QLabel* liabilities_ = nullptr;
+    FigureLine* netWorth_ = nullptr;
+    FigureLine* assets_ = nullptr;
+    FigureLine* liabilities_ = nullptr;
 
     std::shared_ptr<const SidebarContent> content_;
     /// Titles of the groups that are folded, those without an account at present included.

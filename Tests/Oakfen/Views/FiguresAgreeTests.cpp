@@ -82,15 +82,18 @@ private:
         Decimal assets;
         Decimal liabilities;
         for (const SidebarContent::Section& section : sidebar->sections) {
+            Decimal total;
             for (const SidebarContent::AccountRow& row : section.rows) {
-                const Decimal balance = figure(row.balance);
+                const Decimal balance = figure(row.balance.text);
                 (balance.isNegative() ? liabilities : assets) += balance;
+                total += balance;
             }
+            EXPECT_EQ(figure(section.total.text), total);
         }
         const SidebarContent::Footer& footer = sidebar->footer;
-        EXPECT_EQ(figure(footer.assets.substr(footer.assets.find(' '))), assets);
-        EXPECT_EQ(figure(footer.liabilities.substr(footer.liabilities.find(' '))), liabilities);
-        EXPECT_EQ(figure(footer.netWorth), assets + liabilities);
+        EXPECT_EQ(figure(footer.assets.text), assets);
+        EXPECT_EQ(figure(footer.liabilities.text), liabilities);
+        EXPECT_EQ(figure(footer.netWorth.text), assets + liabilities);
     }
 
     void expectRegisterAgrees(const Account& account) {

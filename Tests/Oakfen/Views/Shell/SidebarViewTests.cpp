@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 
 #include "OakfenCore/LibraryOperations/Accounts.h"
+#include "OakfenCore/Support/Text/Formatting.h"
+#include "Tests/Generators/RandomLibrary.h"
 #include "Tests/Support/LocaleForTest.h"
 #include "Tests/Support/TestEnvironment.h"
 
@@ -16,6 +19,7 @@ using testing::day;
 using testing::LocaleForTest;
 using testing::makeAccount;
 using testing::makeTransaction;
+using testing::RandomLibrary;
 using testing::TestEnvironment;
 
 class SidebarViewTest : public ::testing::Test {
@@ -107,14 +111,14 @@ TEST_F(SidebarViewTest, ShowsTheBalanceOfAClosedAccountToo) {
     account.openingBalance = amount("12.5");
     add(account);
     view.toggleClosedAccounts();
-    EXPECT_NE(view.content()->sections[0].rows[0].balance.find("12.50"), std::string::npos);
+    EXPECT_NE(view.content()->sections[0].rows[0].balance.text.find("12.50"), std::string::npos);
 }
 
 TEST_F(SidebarViewTest, TellsANegativeBalance) {
     Account account = makeAccount("Visa", AccountType::creditCard);
     account.openingBalance = amount("-50");
     add(account);
-    EXPECT_TRUE(view.content()->sections[0].rows[0].isNegative);
+    EXPECT_TRUE(view.content()->sections[0].rows[0].balance.isNegative);
 }
 
 TEST_F(SidebarViewTest, TellsHowMuchOfTheLimitIsUsed) {
@@ -175,11 +179,86 @@ TEST_F(SidebarViewTest, SumsUpInTheFooter) {
     card.openingBalance = amount("-1250");
     add(card);
     const SidebarContent::Footer footer = view.content()->footer;
-    EXPECT_TRUE(footer.isNegative);
-    EXPECT_NE(footer.netWorth.find("250.00"), std::string::npos);
-    EXPECT_EQ(footer.assets.rfind("Assets ", 0), 0U);
-    EXPECT_NE(footer.assets.find("1,000.00"), std::string::npos);
-    EXPECT_EQ(footer.liabilities.rfind("Liabilities ", 0), 0U);
+    EXPECT_TRUE(footer.netWorth.isNegative);
+    EXPECT_EQ(footer.netWorth.text, "-$250.00");
+    EXPECT_EQ(footer.assets.text, "$1,000.00");
+    EXPECT_EQ(footer.liabilities.text, "-$1,250.00");
+}
+
+TEST_F(SidebarViewTest, AddsUpTheAccountsOfEachGroup) {
+    const LocaleForTest locale("en_CA");
+    for (const char* balance : {"1000.10", "-250.05"}) {
+        Account account = makeAccount("Savings", AccountType::savings);
+        account.openingBalance = amount(balance);
+        add(account);
+    }
+    Account card = makeAccount("Visa", AccountType::creditCard);
+    card.openingBalance = amount("-50");
+    add(card);
+    const auto sections = view.content()->sections;
+    ASSERT_EQ(sections.size(), 2U);
+    EXPECT_EQ(sections[0].total.text, "$750.05");
+    EXPECT_FALSE(sections[0].total.isNegative);
+    EXPECT_EQ(sections[1].total.text, "-$50.00");
+    EXPECT_TRUE(sections[1].total.isNegative);
+}
+
+TEST_F(SidebarViewTest, RoundsTheTotalOfAGroupOnceAndNotItsParts) {
+    const LocaleForTest locale("en_CA");
+    for (const char* name : {"One", "Two"}) {
+        Account account = makeAccount(name);
+        account.openingBalance = amount("0.004");
+        add(account);
+    }
+    EXPECT_EQ(view.content()->sections[0].rows[0].balance.text, "$0.00");
+    EXPECT_EQ(view.content()->sections[0].total.text, "$0.01");
+}
+
+TEST_F(SidebarViewTest, CountsAClosedAccountInItsGroupOnlyWhileItIsListed) {
+    const LocaleForTest locale("en_CA");
+    Account account = makeAccount("Everyday");
+    account.openingBalance = amount("10");
+    add(account);
+    account = makeAccount("Old");
+    account.openingBalance = amount("5");
+    account.isClosed = true;
+    add(account);
+    EXPECT_EQ(view.content()->sections[0].total.text, "$10.00");
+    view.toggleClosedAccounts();
+    EXPECT_EQ(view.content()->sections[0].total.text, "$15.00");
+}
+
+TEST_F(SidebarViewTest, TellsLargeAmountsInFewCharactersToo) {
+    const LocaleForTest locale("en_CA");
+    Account account = makeAccount("Rupiah");
+    account.openingBalance = amount("-999999999999999");
+    add(account);
+    const SidebarContent::Section section = view.content()->sections[0];
+    EXPECT_EQ(section.rows[0].balance.text, "-$999,999,999,999,999.00");
+    EXPECT_EQ(section.rows[0].balance.compact, compactCurrencyText(account.openingBalance, "CAD"));
+    EXPECT_EQ(section.total, section.rows[0].balance);
+    EXPECT_EQ(view.content()->footer.netWorth, section.total);
+}
+
+TEST_F(SidebarViewTest, AddsUpTheGroupsOfAnyDocument) {
+    for (std::uint64_t seed = 1; seed <= 20; ++seed) {
+        const Library document = RandomLibrary(seed, RandomLibrary::Amounts::wholeCents).make(30);
+        test.store->mutate("Replace", [&](Library& library) { library = document; });
+        view.toggleClosedAccounts();
+        std::map<std::string, Decimal> totals;
+        for (const Account& account : document.accounts) {
+            if (view.showsClosedAccounts() || !account.isClosed) {
+                totals[std::string(title(group(account.type)))] += test.index().balance(account.id);
+            }
+        }
+        const auto sections = view.content()->sections;
+        EXPECT_EQ(sections.size(), totals.size());
+        for (const SidebarContent::Section& section : sections) {
+            const Decimal total = totals.at(section.title);
+            EXPECT_EQ(section.total.text, currencyText(total, document.currencyCode)) << seed;
+            EXPECT_EQ(section.total.isNegative, total.isNegative()) << seed;
+        }
+    }
 }
 
 TEST_F(SidebarViewTest, OffersAMenuForAnOrdinaryAccount) {
