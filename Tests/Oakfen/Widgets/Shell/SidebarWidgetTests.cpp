@@ -144,6 +144,26 @@ TEST_F(SidebarWidgetTest, SelectsNothingWhileTheDashboardIsShownForWantOfASelect
     EXPECT_NE(shown<DashboardWidget>(), nullptr);
 }
 
+TEST_F(SidebarWidgetTest, SelectsAnAccountWhereItWasOnceItsClosingIsUndone) {
+    addAccount("Daily");
+    Account account = addAccount("Everyday");
+    addAccount("Spare");
+    select(SidebarItem::account(account.id));
+    const int place = sidebar()->visualItemRect(line(QStringLiteral("Everyday"))).top();
+    account.isClosed = true;
+    test->store->mutate("Close Account", [&](Library& library) { upsert(library, account); });
+    settle();
+    EXPECT_EQ(line(QStringLiteral("Everyday")), nullptr);
+    EXPECT_EQ(sidebar()->currentItem(), nullptr);
+    EXPECT_NE(shown<RegisterWidget>(), nullptr);
+    test->undoManager->undo();
+    settle();
+    ASSERT_NE(line(QStringLiteral("Everyday")), nullptr);
+    EXPECT_EQ(sidebar()->currentItem(), line(QStringLiteral("Everyday")));
+    EXPECT_EQ(sidebar()->visualItemRect(line(QStringLiteral("Everyday"))).top(), place);
+    EXPECT_EQ(test->appState->selectedAccountID(), account.id);
+}
+
 TEST_F(SidebarWidgetTest, SaysWhatItsAddMenuIsFor) {
     const auto* add = window->findChild<QToolButton*>(QStringLiteral("AddButton"));
     EXPECT_EQ(add->accessibleName(), QStringLiteral("Add"));
