@@ -4,6 +4,7 @@
 
 #include "Oakfen/Views/Components/Components.h"
 #include "OakfenCore/LibraryOperations/Accounts.h"
+#include "OakfenCore/Support/Text/Formatting.h"
 #include "OakfenCore/Support/Text/Text.h"
 
 namespace oakfen {
@@ -49,6 +50,18 @@ std::string_view AccountEditor::openingBalanceLabel() const {
 std::string_view AccountEditor::openingBalanceHint() const {
     return isLiability(draft.type) ? "Enter amounts owed as a negative number, e.g. -1,250.00."
                                    : "";
+}
+
+std::string AccountEditor::openingBalanceMeaning() const {
+    const Decimal& balance = draft.openingBalance;
+    if (!isLiability(draft.type) || balance.isNaN()) {
+        return {};
+    }
+    if (balance.isZero()) {
+        return "You owe nothing.";
+    }
+    const std::string money = currencyText(balance.magnitude(), environment_.currencyCode());
+    return (balance.isNegative() ? "You owe " : "In your favour: ") + money + ".";
 }
 
 bool AccountEditor::showsCreditLimit() const {

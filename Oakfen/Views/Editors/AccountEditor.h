@@ -34,6 +34,10 @@ public:
     [[nodiscard]] std::string_view openingBalanceLabel() const;
     /// Under the opening balance of what is owed; empty otherwise.
     [[nodiscard]] std::string_view openingBalanceHint() const;
+    /// What the opening balance of a debt says as it stands; empty for other accounts.
+    [[nodiscard]] std::string openingBalanceMeaning() const;
+    /// Turns what is owed into what is in one's favour, or back.
+    void turnOpeningBalance() { draft.openingBalance = -draft.openingBalance; }
     [[nodiscard]] bool showsCreditLimit() const;
     [[nodiscard]] bool showsInterestRate() const;
     [[nodiscard]] bool showsLowBalanceAlert() const;

@@ -19,6 +19,7 @@ class QLineEdit;
 
 namespace oakfen {
 
+class FlowingLabel;
 class PickerBox;
 struct PickerCreation;
 struct StepRange;
@@ -59,7 +60,7 @@ private:
     QFormLayout& layout_;
     QWidget& field_;
     QLabel* label_ = nullptr;
-    QLabel* hint_ = nullptr;
+    FlowingLabel* hint_ = nullptr;
     QString title_;
     QString help_;
     bool isNamedByLabel_;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "Oakfen/Widgets/Components/EntryField.h"
+#include "Oakfen/Widgets/Components/FlowingLabel.h"
 #include "Oakfen/Widgets/Components/Form.h"
 #include "Oakfen/Widgets/Components/SegmentedChoice.h"
 #include "Oakfen/Widgets/Theme/Theme.h"
@@ -39,9 +40,7 @@ FieldRow& FieldRow::labelled(std::function<QString()> label) {
 
 FieldRow& FieldRow::hint(std::function<QString()> text) {
     hintText_ = std::move(text);
-    hint_ = new QLabel;
-    hint_->setTextFormat(Qt::PlainText);
-    Theme::setText(*hint_, TextStyle::caption, ThemeColor::secondaryText);
+    hint_ = new FlowingLabel(TextStyle::caption, ThemeColor::secondaryText);
     layout_.addRow(QString(), hint_);
     return *this;
 }
@@ -75,7 +74,7 @@ void FieldRow::refresh() {
     const bool isNow = isShown();
     layout_.setRowVisible(&field_, isNow);
     if (hint_ != nullptr) {
-        hint_->setText(hintText_());
+        hint_->showText(hintText_());
         layout_.setRowVisible(hint_, isNow && !hint_->text().isEmpty());
     }
 }

@@ -5,6 +5,8 @@
 
 namespace oakfen {
 
+class EntryField;
+
 /// Draws the account editor.
 class AccountEditorDialog final : public EditorSheetOf<AccountEditor> {
     Q_OBJECT
@@ -13,6 +15,10 @@ public:
     /// Without an id, for a new account.
     AccountEditorDialog(AppEnvironment& environment, std::optional<UUID> accountID,
                         QWidget* parent = nullptr);
+
+private:
+    /// Beneath the opening balance of a debt: what it means, and what turns its sign.
+    void addMeaning(const EntryField& opening);
 };
 
 } // namespace oakfen

@@ -45,6 +45,32 @@ TEST_F(AccountEditing, ANewAccountStartsEmptyAndOpensToday) {
     EXPECT_FALSE(editor.deleteConfirmation());
 }
 
+TEST_F(AccountEditing, TheOpeningBalanceOfADebtSaysWhatItMeans) {
+    AccountEditor editor(*test_, std::nullopt);
+    for (const AccountType type : allCases<AccountType>) {
+        editor.draft.type = type;
+        editor.draft.openingBalance = amount("-1250");
+        EXPECT_EQ(editor.openingBalanceMeaning(), isLiability(type) ? "You owe $1,250.00." : "");
+        editor.draft.openingBalance = amount("1250");
+        EXPECT_EQ(editor.openingBalanceMeaning(),
+                  isLiability(type) ? "In your favour: $1,250.00." : "");
+        editor.draft.openingBalance = Decimal();
+        EXPECT_EQ(editor.openingBalanceMeaning(), isLiability(type) ? "You owe nothing." : "");
+        editor.draft.openingBalance = Decimal::nan();
+        EXPECT_EQ(editor.openingBalanceMeaning(), "");
+    }
+}
+
+TEST_F(AccountEditing, ADebtThatWasTypedWithoutItsMinusIsTurned) {
+    AccountEditor editor(*test_, std::nullopt);
+    editor.draft.type = AccountType::creditCard;
+    editor.draft.openingBalance = amount("1250");
+    editor.turnOpeningBalance();
+    EXPECT_EQ(editor.draft.openingBalance, amount("-1250"));
+    editor.turnOpeningBalance();
+    EXPECT_EQ(editor.draft.openingBalance, amount("1250"));
+}
+
 TEST_F(AccountEditing, ANameOfBlanksIsNone) {
     AccountEditor editor(*test_, std::nullopt);
     editor.draft.name = " \t";

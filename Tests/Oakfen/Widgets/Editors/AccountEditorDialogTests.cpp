@@ -13,6 +13,7 @@
 #include "Oakfen/Widgets/Components/AmountField.h"
 #include "Oakfen/Widgets/Components/DateField.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
+#include "Tests/Oakfen/Widgets/Settle.h"
 #include "Tests/Support/TestEnvironment.h"
 
 namespace oakfen {
@@ -60,15 +61,18 @@ protected:
         return nullptr;
     }
 
-    /// Whether a label with that text can be seen.
-    [[nodiscard]] bool reads(const char* text) const {
-        for (const QLabel* label : dialog->findChildren<QLabel*>()) {
-            if (label->isVisible() && label->text() == QString::fromUtf8(text)) {
-                return true;
+    /// The label with that text that can be seen.
+    [[nodiscard]] const QLabel* label(const char* text) const {
+        for (const QLabel* each : dialog->findChildren<QLabel*>()) {
+            if (each->isVisible() && each->text() == QString::fromUtf8(text)) {
+                return each;
             }
         }
-        return false;
+        return nullptr;
     }
+
+    /// Whether a label with that text can be seen.
+    [[nodiscard]] bool reads(const char* text) const { return label(text) != nullptr; }
 
     void choose(AccountType type) const {
         auto* types = named<QComboBox>("Type");
@@ -131,6 +135,49 @@ TEST_F(AccountSheet, HintsAtTheSignUnderTheOpeningBalanceOfWhatIsOwed) {
         choose(type);
         EXPECT_EQ(reads(hint), isLiability(type)) << rawValue(type);
     }
+}
+
+TEST_F(AccountSheet, ShowsTheHintWholeWhenTheTypeIsChosenInTheSheet) {
+    open(std::nullopt);
+    choose(AccountType::creditCard);
+    testing::settle();
+    const auto* hint = label("Enter amounts owed as a negative number, e.g. -1,250.00.");
+    ASSERT_NE(hint, nullptr);
+    EXPECT_GE(hint->height(), hint->heightForWidth(hint->width()));
+    const auto right = [&](const QWidget* widget) {
+        return widget->mapTo(dialog.get(), widget->rect().topRight()).x();
+    };
+    EXPECT_LE(right(hint), right(named<QLineEdit>("Name")));
+}
+
+TEST_F(AccountSheet, SaysWhatTheOpeningBalanceOfADebtMeansAsItIsTyped) {
+    open(std::nullopt);
+    choose(AccountType::loan);
+    EXPECT_TRUE(reads("You owe nothing."));
+    type("Opening Balance", "1250");
+    EXPECT_TRUE(reads("In your favour: $1,250.00."));
+    type("Opening Balance", "-1250");
+    EXPECT_TRUE(reads("You owe $1,250.00."));
+    QTest::keyClicks(named<AmountField>("Opening Balance"), QStringLiteral("x"));
+    EXPECT_FALSE(reads("You owe $1,250.00."));
+    choose(AccountType::savings);
+    EXPECT_FALSE(reads("You owe $1,250.00."));
+}
+
+TEST_F(AccountSheet, TurnsTheSignByClickAndByKey) {
+    open(std::nullopt);
+    choose(AccountType::loan);
+    auto* turn = named<QPushButton>("Change Sign");
+    ASSERT_NE(turn, nullptr);
+    EXPECT_FALSE(turn->isEnabled());
+    type("Opening Balance", "1250");
+    turn->click();
+    EXPECT_EQ(named<AmountField>("Opening Balance")->text(), QStringLiteral("-1,250.00"));
+    EXPECT_TRUE(reads("You owe $1,250.00."));
+    EXPECT_EQ(dialog->editor().draft.openingBalance, amount("-1250"));
+    EXPECT_EQ(turn->shortcut(), QKeySequence(Qt::ALT | Qt::Key_S));
+    turn->click();
+    EXPECT_TRUE(reads("In your favour: $1,250.00."));
 }
 
 TEST_F(AccountSheet, KeepsTheTimeOfDayOfTheOpeningDateThatIsTypedAnew) {
