@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Oakfen/AccountClosing.h"
 #include "Oakfen/Views/Components/Components.h"
 #include "OakfenCore/LibraryOperations/Accounts.h"
 #include "OakfenCore/Support/Text/Formatting.h"
@@ -87,7 +88,7 @@ void AccountEditor::save() {
     // Kept whatever the type, so that a change of type and back loses nothing.
     draft.creditLimit = ifPositive(creditLimit);
     draft.interestRate = ifPositive(interestRate);
-    environment_.store.mutate(title(), [this](Library& library) { upsert(library, draft); });
+    storeAccount(environment_, title(), draft);
     if (isNew()) {
         environment_.appState.setSelection(SidebarItem::account(draft.id));
     }

@@ -1,5 +1,6 @@
 #include "Oakfen/Views/Shell/SidebarView.h"
 
+#include "Oakfen/AccountClosing.h"
 #include "Oakfen/Reminders.h"
 #include "Oakfen/Views/Components/Components.h"
 #include "OakfenCore/LibraryOperations/Accounts.h"
@@ -19,14 +20,14 @@ void deleteAccountAndLeaveIt(AppEnvironment& environment, const UUID& id) {
                              [id](Library& library) { deleteAccount(library, id); });
 }
 
-void toggleClosed(LibraryStore& store, const UUID& id, const std::string& actionName) {
-    const Account* account = store.index().account(id);
+void toggleClosed(AppEnvironment& environment, const UUID& id, const std::string& actionName) {
+    const Account* account = environment.store.index().account(id);
     if (account == nullptr) {
         return;
     }
     Account changed = *account;
     changed.isClosed = !changed.isClosed;
-    store.mutate(actionName, [&changed](Library& library) { upsert(library, changed); });
+    storeAccount(environment, actionName, changed);
 }
 
 } // namespace
@@ -120,8 +121,8 @@ SidebarContent::Footer SidebarView::footer() const {
 MenuEntry SidebarView::closeOrReopen(const Account& account) {
     const std::string name = account.isClosed ? "Reopen Account" : "Close Account";
     return {.title = name,
-            .perform = [&store = environment_.store, id = account.id,
-                        name] { toggleClosed(store, id, name); },
+            .perform = [&environment = environment_, id = account.id,
+                        name] { toggleClosed(environment, id, name); },
             .startsGroup = true};
 }
 
