@@ -60,6 +60,13 @@ struct ActiveSheet {
         UUID id;
         friend bool operator==(const EditTransaction&, const EditTransaction&) = default;
     };
+    /// Two entries or more at once.
+    struct EditSeveral {
+        std::shared_ptr<const UUIDSet> ids;
+        friend bool operator==(const EditSeveral& a, const EditSeveral& b) {
+            return a.ids == b.ids || *a.ids == *b.ids;
+        }
+    };
     struct Reconcile {
         UUID accountID;
         friend bool operator==(const Reconcile&, const Reconcile&) = default;
@@ -91,7 +98,7 @@ struct ActiveSheet {
     };
 
     std::variant<EditAccount, NewTransaction, EditTransaction, Reconcile, ImportReview, Scheduled,
-                 Category, NewAccount, SetCategory>
+                 Category, NewAccount, SetCategory, EditSeveral>
         content;
 
     friend bool operator==(const ActiveSheet&, const ActiveSheet&) = default;

@@ -126,6 +126,13 @@ void walkTheSheets(Album& album, TourStage& stage, const Account& account) {
     };
     openFirst(&Transaction::isSplit, "sheet-edit-split");
     openFirst(&Transaction::isTransfer, "sheet-edit-transfer");
+    UUIDSet several;
+    const auto& entries = stage.store().index().transactions(account.id);
+    for (std::size_t back = 1; back <= 3 && back <= entries.size(); ++back) {
+        several.insert(entries[entries.size() - back]->id);
+    }
+    open(ActiveSheet::EditSeveral{std::make_shared<const UUIDSet>(std::move(several))},
+         "sheet-edit-several");
     open(ActiveSheet::Reconcile{account.id}, "sheet-reconcile");
     open(ActiveSheet::SetCategory{someEntries(stage.store().index(), account)},
          "sheet-set-category");

@@ -94,6 +94,12 @@ std::vector<MenuEntry> EntryActions::rowMenu(const SharedIDs& ids) {
     std::vector<MenuEntry> menu =
         menuForOne(ids->size() == 1 ? std::optional(*ids->begin()) : std::nullopt);
     menu.push_back(
+        {.title = "Edit Several…",
+         .symbolName = "pencil",
+         .perform = [&state = environment_.appState,
+                     ids] { state.setSheet(ActiveSheet{ActiveSheet::EditSeveral{ids}}); },
+         .isEnabled = ids->size() > 1});
+    menu.push_back(
         {.title = "Mark As", .isEnabled = isAny, .startsGroup = true, .children = markMenu(ids)});
     menu.push_back({.title = "Set Category",
                     .perform = canBeCategorized(*ids) ? [this, ids] { chooseCategory(*ids); }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "Oakfen/Views/Editors/TagsText.h"
 #include "Oakfen/Views/EntryName.h"
 #include "OakfenCore/LibraryOperations/Transactions.h"
 #include "OakfenCore/Support/Text/Formatting.h"
@@ -268,22 +269,12 @@ std::optional<std::string> TransactionEditor::obstacleOfAmount() const {
     return std::nullopt;
 }
 
-std::vector<std::string> TransactionEditor::tags() const {
-    std::vector<std::string> tags;
-    for (const std::string_view piece : split(tagsText, ',')) {
-        if (const std::string_view tag = trimmingWhitespaces(piece); !tag.empty()) {
-            tags.emplace_back(tag);
-        }
-    }
-    return tags;
-}
-
 Transaction TransactionEditor::transactionToSave() const {
     const auto directed = [](const Decimal& value, bool isIn) { return isIn ? value : -value; };
     Transaction entry = draft;
     entry.accountID = *accountSelection;
     entry.payee = trimmingWhitespaces(draft.payee);
-    entry.tags = tags();
+    entry.tags = tagsOf(tagsText);
     entry.splits.clear();
     if (isTransfer()) {
         entry.transferAccountID = transferSelection;

@@ -110,7 +110,6 @@ private:
                                                         const std::optional<UUID>& id) const;
     /// What is wrong with the amount or with the split lines, if anything.
     [[nodiscard]] std::optional<std::string> obstacleOfAmount() const;
-    [[nodiscard]] std::vector<std::string> tags() const;
     [[nodiscard]] Transaction transactionToSave() const;
     /// Makes the planned categories that the entry is filed under: for income where money comes in,
     /// for expenses where it goes out.

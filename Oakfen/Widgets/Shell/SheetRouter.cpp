@@ -1,6 +1,7 @@
 #include "Oakfen/Widgets/Shell/SheetRouter.h"
 
 #include "Oakfen/Widgets/Editors/AccountEditorDialog.h"
+#include "Oakfen/Widgets/Editors/SeveralEditorDialog.h"
 #include "Oakfen/Widgets/Editors/TransactionEditorDialog.h"
 #include "Oakfen/Widgets/Import/ImportReviewDialog.h"
 #include "Oakfen/Widgets/Reconcile/ReconcileDialog.h"
@@ -28,6 +29,9 @@ struct DialogMaker {
     SheetScaffold* operator()(const ActiveSheet::EditTransaction& sheet) const {
         return new TransactionEditorDialog(environment, TransactionEditor(environment, sheet),
                                            parent);
+    }
+    SheetScaffold* operator()(const ActiveSheet::EditSeveral& sheet) const {
+        return new SeveralEditorDialog(environment, sheet, parent);
     }
     SheetScaffold* operator()(const ActiveSheet::ImportReview& sheet) const {
         return new ImportReviewDialog(environment, sheet.session, parent);

@@ -160,6 +160,8 @@ protected:
                 {ActiveSheet::EditAccount{account(AccountType::creditCard).id}},
                 {ActiveSheet::NewTransaction{id}},
                 {ActiveSheet::EditTransaction{entry}},
+                {ActiveSheet::EditSeveral{std::make_shared<const UUIDSet>(
+                    UUIDSet{entry, test.index().transactions(id).front()->id})}},
                 {ActiveSheet::Reconcile{id}},
                 {ActiveSheet::ImportReview{session}},
                 {ActiveSheet::Scheduled{}},

@@ -386,6 +386,12 @@ void SoakDriver::openSheet() {
     }
     if (entries.size() > 0) {
         sheets.push_back({ActiveSheet::EditTransaction{entries[below(entries.size())].id}});
+        UUIDSet several;
+        for (std::size_t count = below(6); count > 0; --count) {
+            several.insert(entries[below(entries.size())].id);
+        }
+        sheets.push_back(
+            {ActiveSheet::EditSeveral{std::make_shared<const UUIDSet>(std::move(several))}});
     }
     // Mostly one that opens.
     const std::size_t unknown = below(4) == 0 ? 0 : std::min<std::size_t>(5, sheets.size() - 1);

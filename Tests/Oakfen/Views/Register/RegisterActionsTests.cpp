@@ -156,15 +156,17 @@ TEST_F(RegisterActions, TheMenuOfAnOrdinaryEntryLeadsNowhere) {
 
 TEST_F(RegisterActions, TheMenuOfSeveralEntriesIsAboutAllOfThem) {
     const std::vector<MenuEntry> menu = view.contextMenu({shop.id, pay.id});
-    ASSERT_EQ(lines(menu), "Mark As>|Set Category|-Delete");
-    menu[0].children.at(2).perform();
+    ASSERT_EQ(lines(menu), "Edit Several…|-Mark As>|Set Category|-Delete");
+    const auto both = std::make_shared<const UUIDSet>(UUIDSet{shop.id, pay.id});
+    menu[0].perform();
+    EXPECT_EQ(test.appState->sheet(), ActiveSheet(ActiveSheet::EditSeveral{both}));
+    menu[1].children.at(2).perform();
     EXPECT_EQ(stored(shop.id).cleared, ClearedState::reconciled);
     EXPECT_EQ(stored(pay.id).cleared, ClearedState::reconciled);
-    ASSERT_TRUE(menu[1].canBeChosen());
-    menu[1].perform();
-    EXPECT_EQ(test.appState->sheet(),
-              ActiveSheet(ActiveSheet::SetCategory{
-                  std::make_shared<const UUIDSet>(UUIDSet{shop.id, pay.id})}));
+    ASSERT_TRUE(menu[2].canBeChosen());
+    test.appState->setSheet(std::nullopt);
+    menu[2].perform();
+    EXPECT_EQ(test.appState->sheet(), ActiveSheet(ActiveSheet::SetCategory{both}));
     EXPECT_TRUE(view.contextMenu({}).empty());
 }
 
@@ -181,15 +183,15 @@ std::string live(const std::vector<MenuEntry>& menu) {
 
 TEST_F(RegisterActions, TheMenuOfTheSelectionAlwaysHasTheSameLines) {
     EXPECT_EQ(lines(view.selectionMenu()),
-              "Edit|Duplicate|Go to Transfer|-Mark As>|Set Category>|-Delete");
+              "Edit|Duplicate|Go to Transfer|Edit Several…|-Mark As>|Set Category|-Delete");
     EXPECT_EQ(live(view.selectionMenu()), "");
     view.select({shop.id});
     EXPECT_EQ(live(view.selectionMenu()), "Edit|Duplicate|Mark As|Set Category|Delete");
     view.select({cardPayment.id});
     EXPECT_EQ(live(view.selectionMenu()), "Edit|Duplicate|Go to Card|Mark As|Set Category|Delete");
     view.select({shop.id, pay.id});
-    EXPECT_EQ(live(view.selectionMenu()), "Mark As|Set Category|Delete");
-    view.selectionMenu()[3].children.at(1).perform();
+    EXPECT_EQ(live(view.selectionMenu()), "Edit Several…|Mark As|Set Category|Delete");
+    view.selectionMenu()[4].children.at(1).perform();
     EXPECT_EQ(stored(pay.id).cleared, ClearedState::cleared);
 }
 

@@ -17,7 +17,8 @@ TEST_F(RegisterMenuWindow, HasAMenuForOneEntry) {
 
 TEST_F(RegisterMenuWindow, HasAMenuForSeveralEntries) {
     const auto menu = widget->makeContextMenu({shop.id, pay.id});
-    EXPECT_EQ(titles(*menu), (std::vector<std::string>{"Mark As", "Set Category", "-", "Delete"}));
+    EXPECT_EQ(titles(*menu), (std::vector<std::string>{"Edit Several…", "-", "Mark As",
+                                                       "Set Category", "-", "Delete"}));
     action(*action(*menu, "Mark As")->menu(), "Reconciled")->trigger();
     EXPECT_EQ(stored(shop.id).cleared, ClearedState::reconciled);
     EXPECT_EQ(stored(pay.id).cleared, ClearedState::reconciled);
