@@ -13,10 +13,6 @@ namespace {
 
 using Entries = std::vector<const Transaction*>;
 
-std::string countText(std::size_t count) {
-    return numberText(Decimal(static_cast<std::int64_t>(count)), 0);
-}
-
 /// What all of them have, if it is the same.
 template <typename Value>
 std::optional<Value> common(const Entries& entries, Value Transaction::*member) {
@@ -104,7 +100,7 @@ EntryChanges SeveralEditor::changes() const {
         const Calendar& calendar = environment_.clock.calendar();
         // As the field of a day does it for one entry.
         changes.date = [day = calendar.civil(day.value()),
-                        entry = DateEntry(calendar)](Date date) mutable {
+                        entry = DateEntry(environment_.clock)](Date date) mutable {
             entry.setValue(date);
             entry.setDay(day.year, day.month, day.day);
             return entry.value();

@@ -4,7 +4,7 @@
 #include <unordered_set>
 #include <utility>
 
-#include "Oakfen/Cover.h"
+#include "Oakfen/UndoNotice.h"
 #include "OakfenCore/Importers/CategoryChooser.h"
 #include "OakfenCore/Importers/DuplicateFinder.h"
 #include "OakfenCore/Importers/Merging.h"
@@ -57,17 +57,8 @@ void tellOfImport(AppEnvironment& environment, std::size_t added) {
             {.text = "Nothing was imported: what is ticked is in the account already"});
         return;
     }
-    environment.appState.showNotice(
-        {.text = countText(added) + (added == 1 ? " transaction" : " transactions") + " imported",
-         .actionTitle = "Undo",
-         .action =
-             [&environment] {
-                 // Not for whoever finds the window locked.
-                 if (!isObscured(environment)) {
-                     environment.undoManager.undo();
-                 }
-             },
-         .isOfLastChange = true});
+    offerUndo(environment,
+              countText(added) + (added == 1 ? " transaction" : " transactions") + " imported");
 }
 
 } // namespace

@@ -51,7 +51,7 @@ void SeveralEditorDialog::addDay() {
     line->setContentsMargins(0, 0, 0, 0);
     auto* differing = new QLabel(tr("Different days"));
     Theme::setText(*differing, TextStyle::body, ThemeColor::secondaryText);
-    auto* field = new DateField(tr("Day"), environment_.clock.calendar());
+    auto* field = new DateField(tr("Day"), environment_.clock);
     field->setAccessibleName(tr("Day"));
     field->setValue(day.value());
     line->addWidget(differing, 1);

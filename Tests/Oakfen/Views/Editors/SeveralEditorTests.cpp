@@ -174,7 +174,7 @@ TEST_F(SeveralEditing, DoesWhatTheEditorDoesWithEachEntryAlone) {
             editor.draft.memo = "Weekly";
             editor.tagsText = changesTags ? "plan,,week" : editor.tagsText;
             if (changesDay) {
-                DateEntry field(alone.clock.calendar());
+                DateEntry field(alone.clock);
                 field.setValue(editor.draft.date);
                 const CivilTime civil = alone.clock.calendar().civil(to);
                 field.setDay(civil.year, civil.month, civil.day);
