@@ -375,7 +375,7 @@ TEST_F(AppCommandsTest, QuitsThroughTheWindow) {
 TEST(AppCommandsBehindTheGate, AreDisabledButForLocking) {
     TestEnvironment test{TestEnvironment::Unopened{}};
     test.defaults.set(settings::requireAuthentication, true);
-    const WindowActions window{[] {}, [] {}, [] { return true; }, [] {}, [](bool) {}};
+    const WindowActions window{[] {}, [] {}, [] { return true; }, [] {}, [] {}, [](bool) {}};
     for (const auto& [menu, entry] : commandsOf(test, window)) {
         const bool isOfTheLedger =
             menu.starts_with("File") || menu == "Go" || menu == "Transactions";

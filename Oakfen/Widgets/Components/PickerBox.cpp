@@ -140,6 +140,8 @@ bool PickerBox::takeHighlighted() {
 
 void PickerBox::showChoice() {
     setEditText(itemText(currentIndex()));
+    // The text may be the one that was typed, which meant nothing until now.
+    showState();
     showBeginning();
 }
 

@@ -47,7 +47,7 @@ void AccountEditorDialog::addMeaning(const EntryField& opening) {
     auto* line = new QHBoxLayout(row);
     line->setContentsMargins(0, 0, 0, 0);
     auto* meaning = new FlowingLabel(TextStyle::body, ThemeColor::text);
-    auto* turn = new QPushButton(tr("Change &Sign"));
+    auto* turn = new QPushButton(tr("Change Sign"));
     turn->setAccessibleName(tr("Change Sign"));
     turn->setAutoDefault(false);
     turn->setToolTip(tr("Turns what you owe into what is in your favour, or back (Alt+S)"));

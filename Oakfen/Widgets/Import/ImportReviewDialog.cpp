@@ -8,7 +8,6 @@
 #include "Oakfen/Widgets/Components/CaptionedAmount.h"
 #include "Oakfen/Widgets/Components/HintRow.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
-#include "Oakfen/Widgets/Components/Mnemonic.h"
 #include "Oakfen/Widgets/Components/PickerBox.h"
 #include "Oakfen/Widgets/Components/RowTicker.h"
 #include "Oakfen/Widgets/Components/TableModel.h"
@@ -30,8 +29,7 @@ ImportReviewDialog::ImportReviewDialog(AppEnvironment& environment,
       environment_(environment), view_(environment, std::move(session)),
       model_(new TableModel(view_.content()->table, this)),
       account_(new AccountPicker(tr("Into Account"))), table_(new LedgerTable), note_(new HintRow),
-      tickAll_(new QPushButton(withMnemonic(tr("Tick All"), 'l'))),
-      tickNone_(new QPushButton(withMnemonic(tr("Tick None"), 'n'))),
+      tickAll_(new QPushButton(tr("Tick All"))), tickNone_(new QPushButton(tr("Tick None"))),
       moneyIn_(new CaptionedAmount(tr("Money In"))),
       moneyOut_(new CaptionedAmount(tr("Money Out"))) {
     resize(usualSize);
@@ -59,7 +57,7 @@ void ImportReviewDialog::setUpAccount(const LibraryIndex& index) {
     account_->chosen = [this] { view_.setAccountID(account_->chosenID()); };
     QFormLayout* form = addForm();
     form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
-    form->addRow(withMnemonic(tr("Into Account"), 'a'), account_);
+    form->addRow(tr("Into Account"), account_);
     account_->installEventFilter(this);
 }
 
@@ -124,7 +122,7 @@ void ImportReviewDialog::showContent() {
     tickNone_->setEnabled(shown->canUntick);
     moneyIn_->setMoney(moneyText(shown->moneyIn, environment_.currencyCode()));
     moneyOut_->setMoney(moneyText(shown->moneyOut, environment_.currencyCode()));
-    setPrimaryTitle(withMnemonic(qt(shown->importTitle), 'i'));
+    setPrimaryTitle(qt(shown->importTitle));
     setCanSave(shown->canImport);
 }
 

@@ -8,7 +8,6 @@
 #include "Oakfen/Widgets/Components/DateField.h"
 #include "Oakfen/Widgets/Components/HintRow.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
-#include "Oakfen/Widgets/Components/Mnemonic.h"
 #include "Oakfen/Widgets/Components/RowTicker.h"
 #include "Oakfen/Widgets/Components/SymbolLabel.h"
 #include "Oakfen/Widgets/Components/TableModel.h"
@@ -39,8 +38,8 @@ ReconcileDialog::ReconcileDialog(AppEnvironment& environment, const Account& acc
       model_(new TableModel(view_.content()->table, this)),
       statementDate_(new DateField(tr("Statement Date"), environment.clock)),
       endingBalance_(new AmountField(tr("Ending Balance"))), table_(new LedgerTable),
-      hint_(new HintRow), markAll_(new QPushButton(withMnemonic(tr("Mark All"), 'm'))),
-      unmarkAll_(new QPushButton(withMnemonic(tr("Unmark All"), 'u'))),
+      hint_(new HintRow), markAll_(new QPushButton(tr("Mark All"))),
+      unmarkAll_(new QPushButton(tr("Unmark All"))),
       reconciled_(new CaptionedAmount(tr("Last Reconciled"))),
       cleared_(new CaptionedAmount(tr("Cleared"))),
       difference_(new CaptionedAmount(tr("Difference"), TextStyle::largeFigure)),
@@ -67,13 +66,13 @@ void ReconcileDialog::addFields() {
         setProblem({});
         view_.setStatementDate(statementDate_->value());
     };
-    form->addRow(withMnemonic(tr("Statement Date"), 'd'), statementDate_);
+    form->addRow(tr("Statement Date"), statementDate_);
     endingBalance_->setValue(view_.statementBalance());
     endingBalance_->edited = [this] {
         setProblem({});
         view_.setStatementBalance(endingBalance_->value());
     };
-    form->addRow(withMnemonic(tr("Ending Balance"), 'b'), endingBalance_);
+    form->addRow(tr("Ending Balance"), endingBalance_);
     for (EntryField* field : std::initializer_list<EntryField*>{statementDate_, endingBalance_}) {
         // They stay alike, whatever they hold.
         field->setMaximumWidth(fieldWidth);
@@ -128,7 +127,7 @@ void ReconcileDialog::addFooter() {
 }
 
 void ReconcileDialog::addSaveForLater() {
-    QPushButton* button = addSecondButton(withMnemonic(tr("Save for Later"), 'l'));
+    QPushButton* button = addSecondButton(tr("Save for Later"));
     button->setToolTip(tr("Keep the ticks as cleared and go on another time"));
     connect(button, &QPushButton::clicked, this, [this] {
         view_.saveForLater();
@@ -168,7 +167,7 @@ void ReconcileDialog::showContent() {
     mark_->setVisible(shown->isMatched());
     verdict_->setText(qt(shown->verdict));
     const ReconcileHint hint = shown->hint.value_or(ReconcileHint{});
-    hint_->showHint(qt(hint.sentence), withMnemonic(qt(hint.buttonTitle), 'k'));
+    hint_->showHint(qt(hint.sentence), qt(hint.buttonTitle));
     unmarkAll_->setEnabled(shown->canUnmark);
     setCanSave(shown->canFinish());
     showFinishTitle(*shown);
@@ -176,7 +175,7 @@ void ReconcileDialog::showContent() {
 }
 
 void ReconcileDialog::showFinishTitle(const ReconcileContent& shown) {
-    setPrimaryTitle(withMnemonic(qt(shown.finishTitle()), 'i'));
+    setPrimaryTitle(qt(shown.finishTitle()));
 }
 
 void ReconcileDialog::followHint() {

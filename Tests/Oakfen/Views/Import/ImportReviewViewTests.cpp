@@ -438,7 +438,7 @@ TEST_F(ImportReview, ShowsWhatTheImportDoesInAnyLedger) {
         std::vector<std::string> categories;
         Decimal sum;
         for (std::size_t each = before.transactions.size(); each < entries.size(); ++each) {
-            categories.push_back(singleLine(test_.index().categoryName(entries[each].categoryID)));
+            categories.push_back(drawnText(test_.index().categoryName(entries[each].categoryID)));
             sum = sum + entries[each].amount;
         }
         EXPECT_EQ(categories, expected);

@@ -188,7 +188,7 @@ TEST_F(RegisterActions, TheMenuOfTheSelectionAlwaysHasTheSameLines) {
     view.select({shop.id});
     EXPECT_EQ(live(view.selectionMenu()), "Edit|Duplicate|Mark As|Set Category|Delete");
     view.select({cardPayment.id});
-    EXPECT_EQ(live(view.selectionMenu()), "Edit|Duplicate|Go to Card|Mark As|Set Category|Delete");
+    EXPECT_EQ(live(view.selectionMenu()), "Edit|Duplicate|Go to Card|Mark As|Delete");
     view.select({shop.id, pay.id});
     EXPECT_EQ(live(view.selectionMenu()), "Edit Several…|Mark As|Set Category|Delete");
     view.selectionMenu()[4].children.at(1).perform();

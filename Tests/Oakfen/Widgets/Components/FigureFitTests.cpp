@@ -74,7 +74,10 @@ TEST_F(FigureFit, NeedsOneLineForATitleWithoutAFigure) {
 
 class FigureLineTest : public ::testing::Test {
 protected:
-    FigureLineTest() { line.show(); }
+    FigureLineTest() {
+        line.resize(218, 60);
+        line.show();
+    }
 
     FigureLine line{QStringLiteral("Net Worth"), TextStyle::body, TextStyle::bodyStrong,
                     ThemeColor::text};

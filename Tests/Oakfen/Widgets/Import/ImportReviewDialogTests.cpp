@@ -2,9 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractItemView>
 #include <QApplication>
-#include <QCompleter>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -77,9 +75,7 @@ protected:
     [[nodiscard]] bool isIncluded(std::size_t line) const {
         return view().included().contains(view().items()[line].id);
     }
-    [[nodiscard]] QString importTitle() const {
-        return dialog_->primaryButton()->text().remove(QLatin1Char('&'));
-    }
+    [[nodiscard]] QString importTitle() const { return dialog_->primaryButton()->text(); }
     [[nodiscard]] std::size_t entries() const {
         return test_.index().transactions(everyday_.id).size();
     }
@@ -288,7 +284,7 @@ TEST_F(ImportReviewSheet, GoesOnWithReturnFromAnAccountAndImportsNothingYet) {
     account()->setFocus();
     account()->lineEdit()->selectAll();
     QTest::keyClicks(account(), QStringLiteral("sav"));
-    account()->completer()->popup()->hide();
+    account()->hidePopup();
     QTest::keyClick(account(), Qt::Key_Return);
     EXPECT_TRUE(dialog_->isVisible());
     EXPECT_EQ(view().accountID(), savings_.id);
@@ -306,22 +302,6 @@ TEST_F(ImportReviewSheet, IsWalkedThroughWithTabInReadingOrder) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         EXPECT_TRUE(widget->hasFocus()) << utf8(QApplication::focusWidget()->accessibleName());
     }
-}
-
-TEST_F(ImportReviewSheet, IsReachedByLettersThatServeOneThingEach) {
-    show();
-    const auto press = [](Qt::Key letter) {
-        QTest::keyClick(QApplication::focusWidget(), letter, Qt::AltModifier);
-    };
-    press(Qt::Key_N);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return view().included().empty(); }));
-    press(Qt::Key_L);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return view().included().size() == 3; }));
-    press(Qt::Key_A);
-    EXPECT_TRUE(account()->hasFocus());
-    press(Qt::Key_I);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return dialog_->isHidden(); }));
-    EXPECT_EQ(entries(), 3U);
 }
 
 TEST_F(ImportReviewSheet, DrawsTheTickOfADuplicateOtherwise) {

@@ -44,9 +44,7 @@ protected:
         QTest::mouseClick(dialog.table()->viewport(), Qt::LeftButton, {},
                           dialog.table()->visualRect(index(row, column)).center());
     }
-    [[nodiscard]] std::string finishTitle() const {
-        return utf8(dialog.primaryButton()->text().remove(QLatin1Char('&')));
-    }
+    [[nodiscard]] std::string finishTitle() const { return utf8(dialog.primaryButton()->text()); }
     void type(const char* endingBalance) {
         dialog.endingBalance()->setFocus();
         dialog.endingBalance()->selectAll();
@@ -216,26 +214,6 @@ TEST_F(ReconcileSheet, IsWalkedThroughWithTabInReadingOrder) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         EXPECT_TRUE(widget->hasFocus()) << utf8(QApplication::focusWidget()->accessibleName());
     }
-}
-
-TEST_F(ReconcileSheet, IsReachedByLettersThatServeOneThingEach) {
-    type("1460");
-    const auto press = [](Qt::Key letter) {
-        QTest::keyClick(QApplication::focusWidget(), letter, Qt::AltModifier);
-    };
-    press(Qt::Key_D);
-    EXPECT_TRUE(dialog.statementDate()->hasFocus());
-    press(Qt::Key_B);
-    EXPECT_TRUE(dialog.endingBalance()->hasFocus());
-    press(Qt::Key_K);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return isTicked(1); }));
-    press(Qt::Key_U);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !isTicked(0); }));
-    press(Qt::Key_M);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return isTicked(0); }));
-    press(Qt::Key_L);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return dialog.isHidden(); }));
-    EXPECT_EQ(undoName(), "Save for Later");
 }
 
 TEST_F(ReconcileSheet, KeepsTheTicksForLater) {
