@@ -1,5 +1,6 @@
 #include "Oakfen/Widgets/Register/FindWidget.h"
 
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QShortcut>
@@ -34,7 +35,8 @@ FindWidget::FindWidget(AppEnvironment& environment, std::string& term, QWidget* 
     head()->addWidget(search_);
     setBody(*entries_, *footer_);
     setTabOrder(search_, table());
-    setTabOrder(table(), closeButton());
+    setTabOrder(table(), table()->horizontalHeader());
+    setTabOrder(table()->horizontalHeader(), closeButton());
     setUpKeys();
     changed_ = view_.changed.observe([this] { showContent(); });
     showContent();

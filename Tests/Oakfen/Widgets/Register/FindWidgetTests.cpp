@@ -14,6 +14,7 @@
 
 #include "Oakfen/Widgets/Components/EmptyStateWidget.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
+#include "Oakfen/Widgets/Components/Mnemonics.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Tests/Oakfen/Views/Register/FindFixture.h"
 
@@ -116,16 +117,21 @@ TEST_F(FindPanel, SortsByAClickOnTheHeaderOfTheAccounts) {
     EXPECT_EQ(header->sortIndicatorSection(), account);
 }
 
+/// The line of that title; null where the menu has none.
+QAction* line(const QMenu& menu, const char* title) {
+    const QList<QAction*> lines = menu.actions();
+    const auto found = std::ranges::find_if(lines, [&](const QAction* each) {
+        return withoutMnemonic(each->text()) == QString::fromUtf8(title);
+    });
+    return found == lines.end() ? nullptr : *found;
+}
+
 TEST_F(FindPanel, DeletesAndMarksWhatIsSelectedInSeveralAccounts) {
     press(Qt::Key_Down);
     table()->selectAll();
     EXPECT_EQ(selected().size(), 7U);
     const auto menu = panel.makeContextMenu({shop.id, oldBill.id});
-    for (QAction* each : menu->actions().first()->menu()->actions()) {
-        if (each->text() == QStringLiteral("Reconciled")) {
-            each->trigger();
-        }
-    }
+    line(*line(*menu, "Mark As")->menu(), "Reconciled")->trigger();
     EXPECT_EQ(stored(shop.id).cleared, ClearedState::reconciled);
     EXPECT_EQ(stored(oldBill.id).cleared, ClearedState::reconciled);
     press(Qt::Key_Delete);
@@ -155,6 +161,8 @@ TEST_F(FindPanel, GoesByTabFromTheSearchToTheTableAndToTheMarkThatCloses) {
     press(Qt::Key_Tab);
     EXPECT_EQ(QApplication::focusWidget(), table());
     press(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), table()->horizontalHeader());
+    press(Qt::Key_Tab);
     EXPECT_EQ(QApplication::focusWidget(), panel.closeButton());
     press(Qt::Key_Tab);
     EXPECT_EQ(QApplication::focusWidget(), panel.searchField());
@@ -162,10 +170,11 @@ TEST_F(FindPanel, GoesByTabFromTheSearchToTheTableAndToTheMarkThatCloses) {
     EXPECT_EQ(QApplication::focusWidget(), panel.closeButton());
 }
 
-TEST_F(FindPanel, ReturnsToTheSearchByCtrlF) {
+TEST_F(FindPanel, OffersTheMenuBarToReturnToTheSearch) {
     type("food");
     press(Qt::Key_Down);
-    press(Qt::Key_F, Qt::ControlModifier);
+    const AppEnvironment& environment = *test;
+    environment.screenCommands.present()->find();
     EXPECT_EQ(QApplication::focusWidget(), panel.searchField());
     EXPECT_EQ(panel.searchField()->selectedText(), QStringLiteral("food"));
 }
