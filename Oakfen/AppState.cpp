@@ -100,8 +100,7 @@ void AppState::setUnlocked(bool unlocked) {
     assign(isUnlocked_, unlocked, lockChanged);
 }
 
-void AppState::setAlertMessage(std::optional<std::string> message, std::string title) {
-    alertTitle_ = std::move(title);
+void AppState::setAlertMessage(std::optional<std::string> message) {
     assign(alertMessage_, std::move(message), alertChanged);
 }
 

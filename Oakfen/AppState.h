@@ -117,9 +117,6 @@ struct Notice {
     bool isOfLastChange = false;
 };
 
-/// Over a message that says by itself what has happened.
-inline constexpr std::string_view usualAlertTitle = "Oakfen";
-
 /// The navigation state: all that screens and commands tell each other. A write of an equal value
 /// notifies nobody. Lives on the main thread.
 class AppState {
@@ -141,10 +138,7 @@ public:
 
     /// While present, an alert shows this text.
     [[nodiscard]] const std::optional<std::string>& alertMessage() const { return alertMessage_; }
-    /// What stands over it: what has happened, or the program's name.
-    [[nodiscard]] const std::string& alertTitle() const { return alertTitle_; }
-    void setAlertMessage(std::optional<std::string> message,
-                         std::string title = std::string(usualAlertTitle));
+    void setAlertMessage(std::optional<std::string> message);
 
     /// While present, a progress pill shows this text over the main screen.
     [[nodiscard]] const std::optional<std::string>& busyMessage() const { return busyMessage_; }
@@ -190,7 +184,6 @@ private:
     std::optional<ActiveSheet> sheet_;
     bool isUnlocked_ = true;
     std::optional<std::string> alertMessage_;
-    std::string alertTitle_;
     std::optional<std::string> busyMessage_;
     std::optional<Notice> notice_;
     std::vector<UUID> recentCategories_;

@@ -9,12 +9,8 @@
 
 namespace oakfen {
 
-void BusyWork::run(std::string message, std::function<void()> work, std::function<void()> then,
-                   std::string failureTitle) {
-    Job job{.message = std::move(message),
-            .work = std::move(work),
-            .then = std::move(then),
-            .failureTitle = std::move(failureTitle)};
+void BusyWork::run(std::string message, std::function<void()> work, std::function<void()> then) {
+    Job job{.message = std::move(message), .work = std::move(work), .then = std::move(then)};
     if (isRunning_) {
         waiting_.push_back(std::move(job));
     } else {
@@ -42,10 +38,10 @@ void BusyWork::start(Job job) {
                 *failure = failureText(error);
             }
         },
-        [this, then = std::move(job.then), title = std::move(job.failureTitle), failure] {
+        [this, then = std::move(job.then), failure] {
             state_.setBusyMessage(std::nullopt);
             if (*failure) {
-                state_.setAlertMessage(**failure, title);
+                state_.setAlertMessage(**failure);
             } else {
                 then();
             }

@@ -20,9 +20,8 @@ public:
     BusyWork& operator=(const BusyWork&) = delete;
 
     /// Runs `work` on a worker while the pill shows the message, then `then` on the main thread.
-    /// When the work throws, the error's text becomes an alert under that title instead.
-    void run(std::string message, std::function<void()> work, std::function<void()> then,
-             std::string failureTitle = std::string(usualAlertTitle));
+    /// When the work throws, the error's text becomes an alert instead.
+    void run(std::string message, std::function<void()> work, std::function<void()> then);
 
     /// Whether something goes on or waits for its turn.
     [[nodiscard]] bool isBusy() const { return isRunning_; }
@@ -34,7 +33,6 @@ private:
         std::string message;
         std::function<void()> work;
         std::function<void()> then;
-        std::string failureTitle;
     };
 
     void start(Job job);

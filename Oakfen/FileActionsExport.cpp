@@ -107,8 +107,7 @@ void save(AppEnvironment& environment, const SavePanelRequest& request,
                 checkIsNotTheDataFile(files, path, dataFile);
                 writeOwnerOnly(files, makeText(), path);
             },
-            [&environment, path = *path] { tellOfExport(environment, path); },
-            "The export couldn’t be saved");
+            [&environment, path = *path] { tellOfExport(environment, path); });
     });
 }
 

@@ -76,7 +76,7 @@ void Session::tellOfVersionsBeside() {
     for (std::size_t position = 0; position < names.size(); ++position) {
         text += (position == 0 ? "" : ", ") + quoted(names[position]);
     }
-    appState_.setAlertMessage(text + ".", "Changes of an earlier session weren’t saved");
+    appState_.setAlertMessage(text + ".");
 }
 
 } // namespace oakfen

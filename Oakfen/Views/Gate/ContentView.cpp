@@ -6,7 +6,7 @@ namespace oakfen {
 
 std::optional<ContentView::Alert> ContentView::dueAlert() const {
     if (const auto& message = environment_.appState.alertMessage()) {
-        return Alert{AlertSource::application, environment_.appState.alertTitle(), *message};
+        return Alert{AlertSource::application, "Oakfen", *message};
     }
     if (const auto& error = environment_.store.lastError()) {
         const ErrorDetails& details = environment_.store.lastErrorDetails();

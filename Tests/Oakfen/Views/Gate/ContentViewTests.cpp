@@ -17,14 +17,6 @@ TEST(ContentView, ShowsNoAlertWhenThereIsNothingToSay) {
     EXPECT_FALSE(ContentView(*test).dueAlert());
 }
 
-TEST(ContentView, HeadsAnAlertByWhatHappenedWhereThatIsSaid) {
-    TestEnvironment test;
-    test.appState->setAlertMessage("The disk is full.", "The export couldn’t be saved");
-    EXPECT_EQ(ContentView(*test).dueAlert()->title, "The export couldn’t be saved");
-    test.appState->setAlertMessage("Choose a CSV file.");
-    EXPECT_EQ(ContentView(*test).dueAlert()->title, "Oakfen");
-}
-
 TEST(ContentView, ShowsTwoAlertsOneAfterAnother) {
     // A damaged file gives the first start a message of the store's.
     TestEnvironment test{TestEnvironment::Unopened{}};
