@@ -119,7 +119,7 @@ private:
             {.title = "Find in All Accounts…",
              .shortcut = "Ctrl+Shift+F",
              .perform = window_.findInAllAccounts,
-             .isEnabled = isOpen()},
+             .isEnabled = isOpen() && isVisible()},
             {.title = "Settings…", .shortcut = "Ctrl+,", .startsGroup = true}};
     }
 
@@ -197,12 +197,12 @@ private:
     }
 
     [[nodiscard]] Lines transactionsMenu() const {
-        Lines lines = givenTransactionsMenu();
+        Lines lines = standingTransactionLines();
         std::ranges::move(rowLines(), std::back_inserter(lines));
         return lines;
     }
 
-    [[nodiscard]] Lines givenTransactionsMenu() const {
+    [[nodiscard]] Lines standingTransactionLines() const {
         return {{.title = "Reconcile…",
                  .shortcut = "Ctrl+Shift+R",
                  .perform = showing([](const AppState& state) {

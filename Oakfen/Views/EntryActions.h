@@ -24,7 +24,7 @@ public:
     /// all become uncleared.
     void toggleCleared(const UUIDSet& ids);
     void markAs(ClearedState state, const UUIDSet& ids);
-    /// Opens the panel in which the person chooses a category for them.
+    /// Opens the sheet in which the person chooses a category for them.
     void chooseCategory(const UUIDSet& ids);
     /// Enters a copy dated now; a transfer's copy is a new transfer.
     void duplicate(const UUID& id);

@@ -21,6 +21,8 @@ std::vector<std::string_view> namesInPath(std::string_view path) {
     return names;
 }
 
+} // namespace
+
 bool hasParentNamed(const Library& library, const Category& category, std::string_view name) {
     if (!category.parentID) {
         return false;
@@ -29,8 +31,6 @@ bool hasParentNamed(const Library& library, const Category& category, std::strin
         [&](const Category& candidate) { return candidate.id == *category.parentID; });
     return parent != nullptr && equalsCaseInsensitively(parent->name, name);
 }
-
-} // namespace
 
 void upsert(Library& library, Category category) {
     replaceOrAppend(library.categories, std::move(category));

@@ -27,6 +27,10 @@ inline constexpr std::size_t mostCategoryLevels = 2;
 /// The names in a path that somebody typed, from the top of the tree down; no empty ones.
 [[nodiscard]] std::vector<std::string> namesOfPath(std::string_view path);
 
+/// Whether the category has a parent of that name, without regard to case.
+[[nodiscard]] bool hasParentNamed(const Library& library, const Category& category,
+                                  std::string_view name);
+
 /// The top-level category of that name, of the kind if there is one; null when there is none.
 [[nodiscard]] const Category* topLevelCategoryNamed(const Library& library, std::string_view name,
                                                     CategoryKind kind);

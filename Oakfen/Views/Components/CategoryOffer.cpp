@@ -9,16 +9,6 @@
 
 namespace oakfen {
 
-namespace {
-
-bool isBeneath(const Library& library, const Category& category, std::string_view parentName) {
-    return category.parentID && library.categories.first([&](const Category& each) {
-        return each.id == *category.parentID && equalsCaseInsensitively(each.name, parentName);
-    }) != nullptr;
-}
-
-} // namespace
-
 std::string CategoryOffer::title() const {
     return "Create " + quoted(path);
 }
@@ -31,7 +21,7 @@ CategoryOffer categoryOffer(const Library& library, std::string_view typed) {
     CategoryOffer offer{.path = joined(names, ": ")};
     if (const Category* known = categoryNamed(library, offer.path)) {
         offer.known = known->id;
-        if (names.size() != mostCategoryLevels || isBeneath(library, *known, names.front())) {
+        if (names.size() != mostCategoryLevels || hasParentNamed(library, *known, names.front())) {
             offer.path.clear();
         }
     }

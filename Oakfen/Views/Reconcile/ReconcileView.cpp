@@ -160,7 +160,8 @@ ReconcileView::matchingEntryHint(const ReconcileContent& content) const {
         return std::nullopt;
     }
     const ReconcileRow& entry = *found.front();
-    std::string sentence = entry.payee.empty() ? "An entry without a payee" : quoted(drawnText(entry.payee));
+    std::string sentence =
+        entry.payee.empty() ? "An entry without a payee" : quoted(drawnText(entry.payee));
     sentence += ", " + abbreviatedDateText(entry.date, environment_.clock.calendar());
     sentence += ticks ? ", is the whole difference" : ", is ticked and is the whole difference";
     if (found.size() > 1) {

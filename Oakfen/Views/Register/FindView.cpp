@@ -100,10 +100,9 @@ RegisterFooter FindView::footer(const Table<FoundEntry>& table, const UUIDSet& s
     const auto amountOf = [](const FoundEntry& entry) { return entry.row->amount; };
     const Decimal total =
         sum(table.rows(), [&](const FoundEntry* entry) { return amountOf(*entry); });
-    return {.figures = {{numberText(Decimal(static_cast<std::int64_t>(count)), 0) +
-                             (count == 1 ? " transaction" : " transactions"),
-                         total}},
-            .selection = selectedFigure(table, selection, amountOf)};
+    return {
+        .figures = {{countText(count) + (count == 1 ? " transaction" : " transactions"), total}},
+        .selection = selectedFigure(table, selection, amountOf)};
 }
 
 } // namespace oakfen

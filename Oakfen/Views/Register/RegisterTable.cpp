@@ -129,7 +129,7 @@ Columns<FoundEntry> withAccount(Columns<FoundEntry> columns) {
     columns.insert(
         afterDate,
         {.head =
-             {.id = "account", .title = "Account", .width = 150, .least = 84, .isSortable = true},
+             {.id = "account", .title = "Account", .width = 170, .least = 120, .isSortable = true},
          .value = Column<FoundEntry>::Text{[](const FoundEntry& row) { return row.accountName; }}});
     return columns;
 }

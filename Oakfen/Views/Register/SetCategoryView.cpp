@@ -14,8 +14,15 @@ namespace {
 
 /// "1 split", "5,000 splits".
 std::string counted(std::size_t count, const std::string& noun) {
-    return numberText(Decimal(static_cast<std::int64_t>(count)), 0) + " " + noun +
-           (count == 1 ? "" : "s");
+    return countText(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
+/// The choices in their order; last, beside them, to have none.
+std::vector<PickerRow> wholeList(const LibraryIndex& index) {
+    std::vector<PickerRow> rows = categoryPickerRows(index);
+    std::ranges::rotate(rows, rows.begin() + 1);
+    rows.insert(rows.end() - 1, {.title = "No Category", .isHeader = true});
+    return rows;
 }
 
 } // namespace
@@ -74,7 +81,7 @@ std::vector<PickerRow> SetCategoryView::allRows() const {
         rows.insert(rows.begin(), {.title = "Recent", .isHeader = true});
         rows.push_back({.title = "All Categories", .isHeader = true});
     }
-    std::ranges::move(categoryPickerRows(index), std::back_inserter(rows));
+    std::ranges::move(wholeList(index), std::back_inserter(rows));
     return rows;
 }
 
@@ -82,7 +89,7 @@ void SetCategoryView::setTypedText(std::string text) {
     typed_ = std::move(text);
     const bool isFiltered = !trimmingWhitespaces(typed_).empty();
     // What is looked for stands in the whole list, and need not be found twice.
-    rows_ = isFiltered ? categoryPickerRows(environment_.store.index()) : allRows();
+    rows_ = isFiltered ? wholeList(environment_.store.index()) : allRows();
     offer_ = isFiltered ? categoryOffer(environment_.store.library(), typed_) : CategoryOffer{};
     lines_ = pickerLines(rows_, typed_, offer_);
 }

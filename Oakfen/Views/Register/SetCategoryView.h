@@ -10,7 +10,7 @@
 
 namespace oakfen {
 
-/// The panel that files several entries under one category: the categories that were chosen last,
+/// The sheet that files several entries under one category: the categories that were chosen last,
 /// then all of them, narrowed down by what is typed.
 class SetCategoryView {
 public:
@@ -37,7 +37,7 @@ private:
         std::size_t entries = 0;
         std::size_t splits = 0;
         std::size_t transfers = 0;
-        /// Whether more entries bring money in than out.
+        /// Whether they bring in more money than they take out, all together.
         bool isIncome = false;
     };
 

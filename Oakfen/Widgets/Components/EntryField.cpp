@@ -1,6 +1,7 @@
 #include "Oakfen/Widgets/Components/EntryField.h"
 
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QTimer>
 #include <utility>
@@ -9,6 +10,11 @@
 #include "Oakfen/Widgets/Theme/Theme.h"
 
 namespace oakfen {
+
+bool isPlainReturn(const QKeyEvent& event) {
+    const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    return isReturn && (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+}
 
 bool isMomentary(const QFocusEvent& event) {
     return event.reason() == Qt::PopupFocusReason || event.reason() == Qt::ActiveWindowFocusReason;

@@ -12,6 +12,9 @@ namespace oakfen {
 /// another window.
 [[nodiscard]] bool isMomentary(const QFocusEvent& event);
 
+/// Whether the key is Return or Enter, and nothing with it.
+[[nodiscard]] bool isPlainReturn(const QKeyEvent& event);
+
 /// A field for a value that is typed as text: shows it in its usual form, selects it all when it
 /// is entered, and marks a text that can't be read and says why.
 class EntryField : public QLineEdit, public CheckedField {

@@ -50,7 +50,7 @@ void AccountEditorDialog::addMeaning(const EntryField& opening) {
     auto* turn = new QPushButton(tr("Change Sign"));
     turn->setAccessibleName(tr("Change Sign"));
     turn->setAutoDefault(false);
-    turn->setToolTip(tr("Turns what you owe into what is in your favour, or back (Alt+S)"));
+    turn->setToolTip(tr("Turns what you owe into what is in your favour, or back"));
     Theme::setTrait(*turn, "link");
     line->addWidget(meaning, 1);
     line->addWidget(turn, 0, Qt::AlignTop);

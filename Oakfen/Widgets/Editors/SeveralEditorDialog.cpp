@@ -32,7 +32,7 @@ QLineEdit* SeveralEditorDialog::addText(const QString& label, SharedValue<std::s
         value.set(utf8(text));
         refresh();
     });
-    addRow(label, *field, value, [field, &value, differing] {
+    addRow(label, *field, *field, value, [field, &value, differing] {
         if (utf8(field->text()) != value.value()) {
             const QSignalBlocker blocker(field);
             field->setText(qt(value.value()));
@@ -57,12 +57,11 @@ void SeveralEditorDialog::addDay() {
     line->addWidget(differing, 1);
     line->addWidget(field, 1);
     differing->setMinimumHeight(field->sizeHint().height());
-    place->setFocusProxy(field);
     field->edited = [this, field, &day] {
         day.set(field->value());
         refresh();
     };
-    addRow(tr("Day"), *place, day, [field, differing, &day] {
+    addRow(tr("Day"), *place, *field, day, [field, differing, &day] {
         if ((day.isLeft() && !field->isReadable()) || field->value() != day.value()) {
             field->setValue(day.value());
         }
@@ -73,8 +72,8 @@ void SeveralEditorDialog::addDay() {
 }
 
 template <typename Value>
-void SeveralEditorDialog::addRow(const QString& label, QWidget& field, SharedValue<Value>& value,
-                                 const std::function<void()>& show) {
+void SeveralEditorDialog::addRow(const QString& label, QWidget& place, QWidget& field,
+                                 SharedValue<Value>& value, const std::function<void()>& show) {
     auto* row = new QWidget;
     auto* line = new QHBoxLayout(row);
     line->setContentsMargins(0, 0, 0, 0);
@@ -82,7 +81,7 @@ void SeveralEditorDialog::addRow(const QString& label, QWidget& field, SharedVal
     auto* leave = new QCheckBox(tr("Leave as it is"));
     leave->setAccessibleName(tr("Leave %1 as it is").arg(label));
     leave->setToolTip(tr("Each transaction keeps its own"));
-    line->addWidget(&field, 1);
+    line->addWidget(&place, 1);
     line->addWidget(leave);
     connect(leave, &QCheckBox::clicked, this, [this, &field, &value](bool isLeft) {
         value.setLeft(isLeft);

@@ -20,9 +20,10 @@ private:
     QLineEdit* addText(const QString& label, SharedValue<std::string>& value,
                        const QString& differing);
     void addDay();
-    /// A row with the tick at its end that leaves the value as it is.
+    /// A row with the tick at its end that leaves the value as it is. `place` holds the field, or
+    /// is it.
     template <typename Value>
-    void addRow(const QString& label, QWidget& field, SharedValue<Value>& value,
+    void addRow(const QString& label, QWidget& place, QWidget& field, SharedValue<Value>& value,
                 const std::function<void()>& show);
 };
 

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "Oakfen/Widgets/Components/CaptionedAmount.h"
+#include "Oakfen/Widgets/Components/EntryField.h"
 #include "Oakfen/Widgets/Components/HintRow.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/Components/PickerBox.h"
@@ -100,8 +101,7 @@ void ImportReviewDialog::addFooter() {
 
 bool ImportReviewDialog::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        if (isPlainReturn(*static_cast<QKeyEvent*>(event))) {
             if (finishFields()) {
                 table_->setFocus(Qt::TabFocusReason);
             }

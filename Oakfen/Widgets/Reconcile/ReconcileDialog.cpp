@@ -6,6 +6,7 @@
 #include "Oakfen/Widgets/Components/AmountField.h"
 #include "Oakfen/Widgets/Components/CaptionedAmount.h"
 #include "Oakfen/Widgets/Components/DateField.h"
+#include "Oakfen/Widgets/Components/EntryField.h"
 #include "Oakfen/Widgets/Components/HintRow.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/Components/RowTicker.h"
@@ -74,6 +75,7 @@ void ReconcileDialog::addFields() {
     };
     form->addRow(tr("Ending Balance"), endingBalance_);
     for (EntryField* field : std::initializer_list<EntryField*>{statementDate_, endingBalance_}) {
+        connect(field, &QLineEdit::textChanged, this, [this] { showVerdict(*view_.content()); });
         // They stay alike, whatever they hold.
         field->setMaximumWidth(fieldWidth);
         field->installEventFilter(this);
@@ -137,8 +139,7 @@ void ReconcileDialog::addSaveForLater() {
 
 bool ReconcileDialog::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        if (isPlainReturn(*static_cast<QKeyEvent*>(event))) {
             leaveField(watched);
             return true;
         }
@@ -164,14 +165,21 @@ void ReconcileDialog::showContent() {
     reconciled_->setMoney(moneyText(shown->reconciled, currencyCode));
     cleared_->setMoney(moneyText(shown->clearedTotal, currencyCode));
     difference_->setMoney(moneyText(shown->difference, currencyCode));
-    mark_->setVisible(shown->isMatched());
-    verdict_->setText(qt(shown->verdict));
-    const ReconcileHint hint = shown->hint.value_or(ReconcileHint{});
-    hint_->showHint(qt(hint.sentence), qt(hint.buttonTitle));
+    showVerdict(*shown);
     unmarkAll_->setEnabled(shown->canUnmark);
     setCanSave(shown->canFinish());
     showFinishTitle(*shown);
     primaryButton()->setToolTip(qt(shown->finishHelp()));
+}
+
+void ReconcileDialog::showVerdict(const ReconcileContent& shown) {
+    // The figures are of what could be read last.
+    const bool isReadable = statementDate_->isReadable() && endingBalance_->isReadable();
+    mark_->setVisible(isReadable && shown.isMatched());
+    verdict_->setText(isReadable ? qt(shown.verdict)
+                                 : tr("The statement’s figures can’t be read yet"));
+    const ReconcileHint hint = shown.hint.value_or(ReconcileHint{});
+    hint_->showHint(isReadable ? qt(hint.sentence) : QString(), qt(hint.buttonTitle));
 }
 
 void ReconcileDialog::showFinishTitle(const ReconcileContent& shown) {

@@ -45,6 +45,8 @@ private:
     /// Takes what was typed there and goes on to what comes next.
     void leaveField(const QObject* field);
     void showContent();
+    /// What the statement and the register have to do with each other, while it can be told.
+    void showVerdict(const ReconcileContent& shown);
     void showFinishTitle(const ReconcileContent& shown);
     void followHint();
 

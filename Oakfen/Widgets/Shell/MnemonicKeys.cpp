@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QMenuBar>
 #include <QToolButton>
 #include <utility>
@@ -61,6 +62,14 @@ QString lettersOfMenus(const QWidget& window) {
     return letters;
 }
 
+/// A letter with Alt that leads nowhere; a field would take it as typed, over what it holds.
+bool isStrayLetter(const QKeyEvent& key, const QWidget& widget) {
+    const bool isOfMenu = qobject_cast<const QMenu*>(&widget) != nullptr ||
+                          qobject_cast<const QMenuBar*>(&widget) != nullptr;
+    return !isOfMenu && (key.modifiers() & ~Qt::ShiftModifier) == Qt::AltModifier &&
+           !key.text().isEmpty() && key.text().front().isPrint();
+}
+
 } // namespace
 
 MnemonicKeys::MnemonicKeys(QObject* parent) : QObject(parent) {
@@ -71,6 +80,10 @@ bool MnemonicKeys::eventFilter(QObject* watched, QEvent* event) {
     auto* widget = qobject_cast<QWidget*>(watched);
     if (widget == nullptr) {
         return QObject::eventFilter(watched, event);
+    }
+    if (event->type() == QEvent::KeyPress &&
+        isStrayLetter(static_cast<const QKeyEvent&>(*event), *widget)) {
+        return true;
     }
     if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) {
         const auto& key = static_cast<const QKeyEvent&>(*event);

@@ -54,7 +54,7 @@ TEST_F(SetCategory, SaysThatSplitsWillBeReplacedAndTransfersStay) {
 TEST_F(SetCategory, FilesAllEntriesInOneStepAndPassesTransfersOver) {
     splitUp(rent.id);
     SetCategoryView chooser = panel({rent.id, pay.id, cardPayment.id});
-    EXPECT_EQ(titles(chooser), "Uncategorized|Expenses|Food|Income|Salary");
+    EXPECT_EQ(titles(chooser), "Expenses|Food|Income|Salary|No Category|Uncategorized");
     choose(chooser, "Food");
     EXPECT_EQ(stored(rent.id).categoryID, food.id);
     EXPECT_TRUE(stored(rent.id).splits.empty());
@@ -79,15 +79,16 @@ TEST_F(SetCategory, BeginsWithWhatWasChosenLast) {
         choose(chooser, title);
     }
     SetCategoryView chooser = panel({pay.id});
-    EXPECT_EQ(titles(chooser), "Recent|Food|Salary|All Categories|Uncategorized|Expenses|Food|"
-                               "Income|Salary");
+    EXPECT_EQ(titles(chooser), "Recent|Food|Salary|All Categories|Expenses|Food|Income|Salary|"
+                               "No Category|Uncategorized");
     EXPECT_EQ(chooser.meantRow(), std::nullopt);
     choose(chooser, "Food");
     EXPECT_EQ(stored(pay.id).categoryID, food.id);
     test.store->mutate("Delete", [this](Library& library) {
         library.categories.eraseIf([this](const Category& each) { return each.id == food.id; });
     });
-    EXPECT_EQ(titles(panel({pay.id})), "Recent|Salary|All Categories|Uncategorized|Income|Salary");
+    EXPECT_EQ(titles(panel({pay.id})),
+              "Recent|Salary|All Categories|Income|Salary|No Category|Uncategorized");
 }
 
 TEST_F(SetCategory, NarrowsTheListDown) {

@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QTest>
 
 #include "Oakfen/Widgets/Components/DateField.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Tests/Oakfen/Widgets/Settle.h"
 #include "Tests/Support/TestEnvironment.h"
 
@@ -54,6 +56,17 @@ protected:
     Transaction fuel = makeTransaction(everyday.id, day(2026, 3, 2, 17), "Fuel", "-9");
     std::unique_ptr<SeveralEditorDialog> dialog;
 };
+
+TEST_F(SeveralSheet, IsWalkedThroughWithTabToItsButtons) {
+    QStringList places;
+    for (int steps = 0; steps < 12 && QApplication::focusWidget() != dialog->primaryButton();
+         ++steps) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        places.append(QApplication::focusWidget()->accessibleName());
+    }
+    EXPECT_EQ(QApplication::focusWidget(), dialog->primaryButton()) << utf8(places.join(u'|'));
+    EXPECT_TRUE(places.contains(QStringLiteral("Leave Day as it is")));
+}
 
 TEST_F(SeveralSheet, LeavesEveryFieldAsItIsAtFirst) {
     for (const char* name : {"Leave Payee as it is", "Leave Memo as it is", "Leave Tags as it is",

@@ -204,6 +204,17 @@ TEST_F(ReconcileSheet, GivesBothFieldsTheSameWidthWhateverTheyHold) {
     EXPECT_EQ(dialog.statementDate()->width(), dialog.endingBalance()->width());
 }
 
+TEST_F(ReconcileSheet, TellsNothingOfABalanceThatCannotBeRead) {
+    type("1460");
+    EXPECT_TRUE(dialog.hint()->isVisibleTo(&dialog));
+    type("14x");
+    EXPECT_FALSE(dialog.hint()->isVisibleTo(&dialog));
+    const auto labels = dialog.findChildren<QLabel*>();
+    EXPECT_TRUE(std::ranges::any_of(labels, [](const QLabel* label) {
+        return label->text() == QStringLiteral("The statement’s figures can’t be read yet");
+    }));
+}
+
 TEST_F(ReconcileSheet, IsWalkedThroughWithTabInReadingOrder) {
     type("1460");
     dialog.statementDate()->setFocus();

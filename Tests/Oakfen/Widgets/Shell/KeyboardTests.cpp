@@ -159,6 +159,17 @@ TEST_F(KeyboardTest, FollowsTheLettersOfASheet) {
     EXPECT_TRUE(QTest::qWaitFor([this] { return !test->appState->sheet(); }));
 }
 
+TEST_F(KeyboardTest, TypesNoLetterThatIsPressedWithAlt) {
+    addEntry();
+    auto* search = window->findChild<QLineEdit*>();
+    ASSERT_NE(search, nullptr);
+    search->setFocus();
+    press(Qt::Key_Z, Qt::AltModifier);
+    EXPECT_EQ(search->text(), QString());
+    press(Qt::Key_Z);
+    EXPECT_EQ(search->text(), QStringLiteral("z"));
+}
+
 TEST_F(KeyboardTest, StaysInASheetWhenAltIsLetGo) {
     test->appState->setSheet(ActiveSheet{ActiveSheet::NewAccount{}});
     settle();
