@@ -79,7 +79,6 @@ std::vector<PickerRow> SetCategoryView::allRows() const {
     }
     if (!rows.empty()) {
         rows.insert(rows.begin(), {.title = "Recent", .isHeader = true});
-        rows.push_back({.title = "All Categories", .isHeader = true});
     }
     std::ranges::move(wholeList(index), std::back_inserter(rows));
     return rows;

@@ -79,7 +79,7 @@ TEST_F(SetCategory, BeginsWithWhatWasChosenLast) {
         choose(chooser, title);
     }
     SetCategoryView chooser = panel({pay.id});
-    EXPECT_EQ(titles(chooser), "Recent|Food|Salary|All Categories|Expenses|Food|Income|Salary|"
+    EXPECT_EQ(titles(chooser), "Recent|Food|Salary|Expenses|Food|Income|Salary|"
                                "No Category|Uncategorized");
     EXPECT_EQ(chooser.meantRow(), std::nullopt);
     choose(chooser, "Food");
@@ -87,8 +87,7 @@ TEST_F(SetCategory, BeginsWithWhatWasChosenLast) {
     test.store->mutate("Delete", [this](Library& library) {
         library.categories.eraseIf([this](const Category& each) { return each.id == food.id; });
     });
-    EXPECT_EQ(titles(panel({pay.id})),
-              "Recent|Salary|All Categories|Income|Salary|No Category|Uncategorized");
+    EXPECT_EQ(titles(panel({pay.id})), "Recent|Salary|Income|Salary|No Category|Uncategorized");
 }
 
 TEST_F(SetCategory, NarrowsTheListDown) {
