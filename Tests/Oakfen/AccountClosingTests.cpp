@@ -6,12 +6,14 @@
 #include "Oakfen/Views/Shell/SidebarView.h"
 #include "OakfenCore/Support/Text/Formatting.h"
 #include "Tests/Generators/RandomLibrary.h"
+#include "Tests/Support/LocaleForTest.h"
 #include "Tests/Support/TestEnvironment.h"
 
 namespace oakfen {
 namespace {
 
 using testing::amount;
+using testing::LocaleForTest;
 using testing::makeAccount;
 using testing::RandomLibrary;
 using testing::TestEnvironment;
@@ -39,6 +41,7 @@ protected:
         return test.appState->notice() ? test.appState->notice()->text : std::string();
     }
 
+    const LocaleForTest locale{"en_CA"};
     TestEnvironment test;
     Account mortgage = makeAccount("Mortgage", AccountType::loan);
     Account savings = makeAccount("Nest\nEgg", AccountType::savings);

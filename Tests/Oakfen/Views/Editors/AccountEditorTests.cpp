@@ -3,12 +3,14 @@
 #include <gtest/gtest.h>
 
 #include "OakfenCore/LibraryOperations/Transactions.h"
+#include "Tests/Support/LocaleForTest.h"
 #include "Tests/Support/TestEnvironment.h"
 
 namespace oakfen {
 
 using testing::amount;
 using testing::day;
+using testing::LocaleForTest;
 using testing::makeAccount;
 using testing::TestEnvironment;
 
@@ -46,6 +48,7 @@ TEST_F(AccountEditing, ANewAccountStartsEmptyAndOpensToday) {
 }
 
 TEST_F(AccountEditing, TheOpeningBalanceOfADebtSaysWhatItMeans) {
+    const LocaleForTest locale("en_CA");
     AccountEditor editor(*test_, std::nullopt);
     for (const AccountType type : allCases<AccountType>) {
         editor.draft.type = type;
