@@ -220,6 +220,15 @@ TEST_F(AppCommandsTest, KeepsUndoAwayWhileTheScreenIsCovered) {
     EXPECT_FALSE(isEnabled("Undo New Account"));
 }
 
+TEST_F(AppCommandsTest, KeepsTheSearchThroughAllAccountsAwayWhileTheScreenIsCovered) {
+    window.findInAllAccounts = [] {};
+    test.defaults.set(settings::requireAuthentication, true);
+    test.appState->setUnlocked(true);
+    EXPECT_TRUE(isEnabled("Find in All Accounts…"));
+    test.appState->setUnlocked(false);
+    EXPECT_FALSE(isEnabled("Find in All Accounts…"));
+}
+
 TEST_F(AppCommandsTest, GoByTheOpenFileAloneWhileTheLockShows) {
     const UUID id = addAccount("Everyday").id;
     test.appState->setSelection(SidebarItem::account(id));
