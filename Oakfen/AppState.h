@@ -16,6 +16,8 @@
 
 namespace oakfen {
 
+struct FigureLines;
+
 /// A place that the detail area can show: an account or one of the overview screens.
 struct SidebarItem {
     enum class Kind { account, dashboard, bills, budget, reports, investing, goals, categories };
@@ -173,6 +175,8 @@ public:
     Observers<const UUID&> transactionSaved;
     /// The person wants to see the entry of that id in the register that is shown.
     Observers<const UUID&> entryWanted;
+    /// The person wants to see what makes up a figure.
+    Observers<const FigureLines&> linesWanted;
 
 private:
     struct WaitingWork {
