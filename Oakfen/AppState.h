@@ -81,7 +81,23 @@ struct ActiveSheet {
     };
     struct Scheduled {
         std::optional<UUID> id = {};
+        /// For a new one: the entry that is to come again.
+        std::optional<UUID> likeEntry = {};
         friend bool operator==(const Scheduled&, const Scheduled&) = default;
+    };
+    /// The next occurrence of a reminder, with another amount or on another day.
+    struct EnterReminder {
+        UUID id;
+        friend bool operator==(const EnterReminder&, const EnterReminder&) = default;
+    };
+    struct Goal {
+        std::optional<UUID> id = {};
+        friend bool operator==(const Goal&, const Goal&) = default;
+    };
+    /// Money put aside for a goal, or taken back.
+    struct Contribute {
+        UUID goalID;
+        friend bool operator==(const Contribute&, const Contribute&) = default;
     };
     struct Category {
         std::optional<UUID> id = {};
@@ -100,7 +116,7 @@ struct ActiveSheet {
     };
 
     std::variant<EditAccount, NewTransaction, EditTransaction, Reconcile, ImportReview, Scheduled,
-                 Category, NewAccount, SetCategory, EditSeveral>
+                 EnterReminder, Goal, Contribute, Category, NewAccount, SetCategory, EditSeveral>
         content;
 
     friend bool operator==(const ActiveSheet&, const ActiveSheet&) = default;
