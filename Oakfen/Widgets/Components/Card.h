@@ -4,6 +4,8 @@
 #include <string_view>
 
 class QHBoxLayout;
+class QLabel;
+class QPushButton;
 class QVBoxLayout;
 
 namespace oakfen {
@@ -19,12 +21,19 @@ public:
 
     /// Puts the widget at the right of the title line.
     void setAccessory(QWidget* accessory);
+    /// A few quiet words there.
+    void setNote(const QString& note);
+    /// A link there, which leads to what the card sums up; the help is its tooltip.
+    QPushButton* addLink(const QString& title, const QString& help);
+    /// Lets the content reach the card's edges, as tables and lists of rows do.
+    void fillToEdges();
     /// Where the card's own widgets go.
     [[nodiscard]] QVBoxLayout* content() const { return content_; }
 
 private:
     QHBoxLayout* titleLine_;
     QVBoxLayout* content_;
+    QLabel* note_ = nullptr;
 };
 
 } // namespace oakfen

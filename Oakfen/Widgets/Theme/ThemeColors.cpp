@@ -120,6 +120,7 @@ QPushButton:default:focus, QPushButton[prominent="true"]:focus { border: 2px sol
     padding: 3px 13px; }
 QPushButton:default:disabled, QPushButton[prominent="true"]:disabled {
     background: @surfaceRaised; color: @disabledText; border-color: @border; }
+QPushButton[small="true"] { padding: 2px 11px; }
 QPushButton[destructive="true"] { color: @negative; }
 QPushButton[destructive="true"]:disabled { color: @disabledText; }
 QPushButton[destructive="true"]:default { background: @negative; color: @surface;
@@ -179,7 +180,8 @@ QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
 #Sidebar, #SidebarFooter, #SidebarList { background: @surfaceRaised; border: none; }
 #SidebarFooter { border-top: 1px solid @border; }
 #Cover { background: @window; }
-#GatePanel, #Card { background: @surface; border: 1px solid @border; border-radius: 10px; }
+#GatePanel { background: @surface; border: 1px solid @border; border-radius: 10px; }
+#Card { background: @surface; border: 1px solid @border; border-radius: 6px; }
 #BusyPill { background: @surface; border: 1px solid @border; border-radius: 17px; }
 #Notice { background: @surfaceRaised; border: 1px solid @border; border-radius: 10px; }
 )");

@@ -1,0 +1,89 @@
+#include "Oakfen/Widgets/Components/Page.h"
+
+#include <QFocusEvent>
+#include <QLabel>
+#include <QScrollBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "Oakfen/Widgets/Components/Panes.h"
+#include "Oakfen/Widgets/Theme/SymbolIcons.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
+
+namespace oakfen {
+
+namespace {
+
+constexpr int margin = 2 * Theme::grid;
+constexpr int titleHeight = 28;
+constexpr int detailHeight = 20;
+
+} // namespace
+
+Page::Page(const QString& title, QWidget* parent)
+    : QScrollArea(parent), title_(new QLabel), detail_(new QLabel), titleLine_(new QHBoxLayout) {
+    setAccessibleName(title);
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    verticalScrollBar()->setSingleStep(3 * Theme::grid);
+
+    auto* body = new QWidget;
+    // Shows what lies behind the page.
+    body->setAutoFillBackground(false);
+    viewport()->setAutoFillBackground(false);
+    column_ = new QVBoxLayout(body);
+    column_->setContentsMargins(margin, margin, margin, margin);
+    column_->setSpacing(margin);
+
+    auto* header = new QVBoxLayout;
+    header->setSpacing(0);
+    header->addLayout(titleLine_);
+    header->addWidget(detail_);
+    column_->addLayout(header);
+
+    titleLine_->setSpacing(margin);
+    titleLine_->addWidget(title_, 1);
+    title_->setTextFormat(Qt::PlainText);
+    title_->setMinimumHeight(titleHeight);
+    Theme::setText(*title_, TextStyle::title);
+    detail_->setTextFormat(Qt::PlainText);
+    detail_->setMinimumHeight(detailHeight);
+    Theme::setText(*detail_, TextStyle::caption, ThemeColor::secondaryText);
+    setTitle(title);
+    setDetail({});
+    setWidget(body);
+}
+
+void Page::setTitle(const QString& title) {
+    title_->setText(title);
+}
+
+void Page::setDetail(const QString& detail) {
+    detail_->setText(detail);
+    detail_->setVisible(!detail.isEmpty());
+}
+
+QToolButton* Page::addTool(std::string_view symbolName, const QString& title, const QString& help) {
+    auto* tool = new QToolButton;
+    tool->setIcon(symbolIcon(symbolName, ThemeColor::text));
+    tool->setText(title);
+    tool->setAccessibleName(title);
+    tool->setToolTip(help);
+    tool->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    tool->setFocusPolicy(Qt::StrongFocus);
+    titleLine_->addWidget(tool);
+    return tool;
+}
+
+int Page::columnWidth() const {
+    return viewport()->width() - (2 * margin);
+}
+
+void Page::focusInEvent(QFocusEvent* event) {
+    if (event->reason() == Qt::OtherFocusReason) {
+        focusFirstIn(*this);
+    }
+}
+
+} // namespace oakfen
