@@ -40,9 +40,9 @@ void BudgetBarWidget::paintEvent(QPaintEvent* /*event*/) {
     track.addRoundedRect(whole, radius, radius);
     // The fill keeps to the rounded ends, however short it is.
     painter.setClipPath(track);
-    painter.fillRect(whole, Theme::color(ThemeColor::border));
+    painter.fillRect(whole, Theme::color(ThemeColor::surfaceRaised));
     painter.fillRect(QRectF(0, 0, whole.width() * bar_.fill, whole.height()),
-                     Theme::color(themeColor(bar_.tone)));
+                     fillColor(bar_.tone));
 }
 
 } // namespace oakfen

@@ -14,6 +14,7 @@ public:
     ElidedLabel(TextStyle style, ThemeColor role, QWidget* parent = nullptr);
 
     void showText(const QString& text);
+    [[nodiscard]] const QString& wholeText() const { return whole_; }
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

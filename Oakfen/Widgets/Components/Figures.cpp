@@ -24,6 +24,26 @@ ThemeColor themeColor(TextTone tone) {
     return ThemeColor::text;
 }
 
+QColor fillColor(TextTone tone) {
+    // Places in the list of chart colours.
+    constexpr std::size_t blue = 0;
+    constexpr std::size_t orange = 2;
+    constexpr std::size_t green = 5;
+    constexpr std::size_t red = 11;
+    switch (tone) {
+    case TextTone::positive:
+        return Theme::chartColor(green);
+    case TextTone::negative:
+        return Theme::chartColor(red);
+    case TextTone::warning:
+        return Theme::chartColor(orange);
+    case TextTone::information:
+        return Theme::chartColor(blue);
+    default:
+        return Theme::color(themeColor(tone));
+    }
+}
+
 namespace {
 
 bool isFigure(QChar character) {

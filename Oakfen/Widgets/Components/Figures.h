@@ -14,6 +14,9 @@ namespace oakfen {
 /// The theme's colour for a tone that a screen names.
 [[nodiscard]] ThemeColor themeColor(TextTone tone);
 
+/// What a bar, a disc or a dot of that tone is filled with; text of the tone is darker.
+[[nodiscard]] QColor fillColor(TextTone tone);
+
 /// How wide the text is when each digit takes the place of the font's widest one, so that amounts
 /// line up digit under digit in any font.
 [[nodiscard]] qreal figureWidth(const QFont& font, const QString& text);

@@ -10,7 +10,7 @@ namespace oakfen {
 MetricWidget::MetricWidget(const Metric& metric, QWidget* parent)
     : QWidget(parent), figure_{new QLabel, new MoneyLabel} {
     figure_.label->setTextFormat(Qt::PlainText);
-    Theme::setText(*figure_.label, TextStyle::captionStrong, ThemeColor::secondaryText);
+    Theme::setText(*figure_.label, TextStyle::capitals, ThemeColor::secondaryText);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -21,7 +21,7 @@ MetricWidget::MetricWidget(const Metric& metric, QWidget* parent)
 
 void MetricWidget::setMetric(const Metric& metric) {
     figure_.label->setText(qt(metric.caption));
-    figure_.amount->setStyle(metric.isLarge ? TextStyle::largeFigure : TextStyle::headline);
+    figure_.amount->setStyle(metric.isLarge ? TextStyle::title : TextStyle::figure);
     figure_.setMoney({.text = metric.figure, .tone = metric.tint}, qt(metric.accessibilityText));
 }
 

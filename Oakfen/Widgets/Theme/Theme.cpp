@@ -61,7 +61,7 @@ QColor Theme::color(ThemeColor role) {
 
 QFont Theme::font(TextStyle style) {
     QFont font = QApplication::font();
-    const auto scaled = [&font](double factor, QFont::Weight weight) {
+    const auto scaled = [&font](double factor, QFont::Weight weight) -> QFont& {
         if (font.pointSizeF() > 0) {
             font.setPointSizeF(font.pointSizeF() * factor);
         } else {
@@ -79,8 +79,15 @@ QFont Theme::font(TextStyle style) {
         return scaled(0.9, QFont::Normal);
     case TextStyle::captionStrong:
         return scaled(0.9, QFont::DemiBold);
+    case TextStyle::axis:
+        return scaled(0.82, QFont::Normal);
+    case TextStyle::capitals:
+        scaled(0.82, QFont::Medium).setLetterSpacing(QFont::PercentageSpacing, 105);
+        return font;
     case TextStyle::headline:
         return scaled(1.2, QFont::DemiBold);
+    case TextStyle::figure:
+        return scaled(1.4, QFont::DemiBold);
     case TextStyle::title:
         return scaled(1.7, QFont::DemiBold);
     case TextStyle::largeFigure:

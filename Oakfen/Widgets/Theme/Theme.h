@@ -32,7 +32,18 @@ enum class ThemeColor {
     shadow,      ///< of a sheet, where it is deepest
 };
 
-enum class TextStyle { body, bodyStrong, caption, captionStrong, headline, title, largeFigure };
+enum class TextStyle {
+    body,
+    bodyStrong,
+    caption,
+    captionStrong,
+    axis,     ///< beside the scales of charts
+    capitals, ///< above a figure
+    headline,
+    figure, ///< one of several in a row; one that stands alone is as large as a title
+    title,
+    largeFigure
+};
 
 /// Colours, type sizes and distances, light and dark.
 class Theme {
