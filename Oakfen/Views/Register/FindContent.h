@@ -11,7 +11,7 @@ namespace oakfen {
 /// What the search through all accounts shows.
 struct FindContent {
     std::string searchText = {};
-    RegisterSort sort = {};
+    TableOrder sort = {};
     /// The entries that the search finds, all while it looks for nothing, in the order of the sort.
     std::shared_ptr<const Table<FoundEntry>> table = {};
     /// Always among the rows that are shown.

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "Oakfen/Views/Register/FindSearch.h"
-#include "Oakfen/Views/Register/SortMenu.h"
 #include "OakfenCore/Support/Text/Formatting.h"
 
 namespace oakfen {
@@ -18,7 +17,7 @@ void FindView::setSearchText(std::string text) {
     }
 }
 
-void FindView::setSort(const RegisterSort& sort) {
+void FindView::setSort(const TableOrder& sort) {
     sort_ = sort;
     stateChanged();
 }

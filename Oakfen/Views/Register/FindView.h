@@ -21,7 +21,7 @@ public:
     FindView(AppEnvironment& environment, std::string& term);
 
     void setSearchText(std::string text);
-    void setSort(const RegisterSort& sort);
+    void setSort(const TableOrder& sort);
     void sortBy(std::string_view column) override;
     void select(UUIDSet ids) override;
     [[nodiscard]] std::string copiedText() const override;
@@ -45,7 +45,7 @@ private:
     struct Choice {
         std::shared_ptr<const LibraryIndex> index;
         std::string searchText;
-        RegisterSort sort;
+        TableOrder sort;
 
         friend bool operator==(const Choice&, const Choice&) = default;
     };
@@ -57,7 +57,7 @@ private:
 
     std::string& term_;
     SharedSelection selection_ = std::make_shared<const UUIDSet>();
-    RegisterSort sort_;
+    TableOrder sort_;
     mutable FindRows rows_;
     // What the present table was made of, and what all rows hold in its columns.
     mutable Choice shownChoice_;

@@ -9,6 +9,7 @@
 #include "Oakfen/Views/Components/EmptyState.h"
 #include "Oakfen/Views/Register/RegisterFilter.h"
 #include "Oakfen/Views/Register/RegisterTable.h"
+#include "Oakfen/Views/TableOrder.h"
 #include "OakfenCore/Support/Text/Formatting.h"
 
 namespace oakfen {
@@ -57,7 +58,7 @@ struct RegisterContent {
     std::string subtitle = {};
     RegisterFilter filter = RegisterFilter::all;
     std::string searchText = {};
-    RegisterSort sort = {};
+    TableOrder sort = {};
     /// The rows that filter and search let be seen, in the order of the sort. Its columns span the
     /// figures of all rows, so that their widths don't change with the choice.
     std::shared_ptr<const Table<RegisterRow>> table = {};

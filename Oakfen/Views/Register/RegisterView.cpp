@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "Oakfen/FileActions.h"
-#include "Oakfen/Views/Register/SortMenu.h"
 
 namespace oakfen {
 
@@ -31,7 +30,7 @@ void RegisterView::setSearchText(std::string text) {
     }
 }
 
-void RegisterView::setSort(const RegisterSort& sort) {
+void RegisterView::setSort(const TableOrder& sort) {
     sort_ = sort;
     stateChanged();
 }

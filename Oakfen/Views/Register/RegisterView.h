@@ -24,7 +24,7 @@ public:
     // What the person chooses on the screen.
     void setFilter(RegisterFilter filter);
     void setSearchText(std::string text);
-    void setSort(const RegisterSort& sort);
+    void setSort(const TableOrder& sort);
     void sortBy(std::string_view column) override;
     /// The columns to sort by, and the directions.
     [[nodiscard]] std::vector<MenuEntry> sortMenu() override;
@@ -63,7 +63,7 @@ private:
         std::shared_ptr<const LibraryIndex> index;
         RegisterFilter filter = RegisterFilter::all;
         std::string searchText;
-        RegisterSort sort;
+        TableOrder sort;
 
         friend bool operator==(const Choice&, const Choice&) = default;
     };
@@ -96,7 +96,7 @@ private:
 
     UUID accountID_;
     SharedSelection selection_ = std::make_shared<const UUIDSet>();
-    RegisterSort sort_;
+    TableOrder sort_;
     RegisterFilter filter_ = RegisterFilter::all;
     std::string searchText_;
     // Entries that were saved while this filter and search hid them.

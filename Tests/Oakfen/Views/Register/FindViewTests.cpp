@@ -59,14 +59,14 @@ TEST_F(Find, GoesOnWithTheTermOfTheLastTime) {
 
 TEST_F(Find, SortsByTheAccountAndByTheOtherColumns) {
     find.sortBy("account");
-    EXPECT_EQ(find.content()->sort, (RegisterSort{"account", true}));
+    EXPECT_EQ(find.content()->sort, (TableOrder{"account", true}));
     EXPECT_TRUE(found().starts_with("Card Company in Card|Market in Card|"));
     find.sortBy("account");
     EXPECT_TRUE(found().starts_with("Hydro in Old Chequing|"));
     find.sortBy("payee");
     EXPECT_TRUE(found().starts_with("Card Company in Everyday|Card Company in Card|Hydro"));
     find.sortBy("tags");
-    EXPECT_EQ(find.content()->sort, (RegisterSort{"payee", true}));
+    EXPECT_EQ(find.content()->sort, (TableOrder{"payee", true}));
 }
 
 TEST_F(Find, ShowsTheColumnsOfARegisterWithTheAccountAndWithoutABalance) {

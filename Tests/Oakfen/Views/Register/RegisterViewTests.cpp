@@ -45,7 +45,7 @@ TEST_F(RegisterScreen, ShowsTheLatestEntryFirst) {
 
 TEST_F(RegisterScreen, TurnsTheDirectionWithASecondClickOnTheHeader) {
     view.sortBy("payee");
-    EXPECT_EQ(view.content()->sort, (RegisterSort{"payee", true}));
+    EXPECT_EQ(view.content()->sort, (TableOrder{"payee", true}));
     EXPECT_EQ(shownPayees(), "Card Company|Pay|Rent|Shop");
     view.sortBy("payee");
     EXPECT_EQ(shownPayees(), "Shop|Rent|Pay|Card Company");
@@ -53,7 +53,7 @@ TEST_F(RegisterScreen, TurnsTheDirectionWithASecondClickOnTheHeader) {
 
 TEST_F(RegisterScreen, DoesNotSortByTags) {
     view.sortBy("tags");
-    EXPECT_EQ(view.content()->sort, RegisterSort());
+    EXPECT_EQ(view.content()->sort, TableOrder());
 }
 
 TEST_F(RegisterScreen, KeepsTheBalancesAlongLedgerOrderHoweverItIsSorted) {
