@@ -22,6 +22,7 @@
 #include "Oakfen/Widgets/Components/MessageBox.h"
 #include "Oakfen/Widgets/Components/Panes.h"
 #include "Oakfen/Widgets/Gate/GateWidget.h"
+#include "Oakfen/Widgets/Lines/LinesPanel.h"
 #include "Oakfen/Widgets/Register/FindWidget.h"
 #include "Oakfen/Widgets/Shell/AlertPresenter.h"
 #include "Oakfen/Widgets/Shell/BusyPill.h"
@@ -84,6 +85,9 @@ MainWindow::MainWindow(AppEnvironment& environment, std::function<void()> reques
     subscriptions_.push_back(state.entryWanted.observe([this](const UUID& /*id*/) {
         panels_->closePanel();
         detail_->focusScreen();
+    }));
+    subscriptions_.push_back(state.linesWanted.observe([this](const FigureLines& figure) {
+        panels_->open(*new LinesPanel(environment_, figure));
     }));
     const auto lookChanged = [this] {
         sheets_->refreshLater();
