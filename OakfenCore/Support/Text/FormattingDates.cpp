@@ -7,6 +7,7 @@
 
 #include "OakfenCore/Support/Text/Formatting.h"
 #include "OakfenCore/Support/Text/ICUText.h"
+#include "OakfenCore/Support/Text/MonthText.h"
 
 namespace oakfen {
 namespace {
@@ -72,6 +73,18 @@ std::string abbreviatedMonthDayText(Date date, const Calendar& calendar) {
 
 std::string abbreviatedDateText(Date date, const Calendar& calendar) {
     return formatted(date, calendar, "yMMMd");
+}
+
+std::string monthYearText(Date date, const Calendar& calendar) {
+    return formatted(date, calendar, "yMMMM");
+}
+
+std::string abbreviatedMonthText(Date date, const Calendar& calendar) {
+    return formatted(date, calendar, "LLL");
+}
+
+std::string abbreviatedMonthYearText(Date date, const Calendar& calendar) {
+    return formatted(date, calendar, "yMMM");
 }
 
 std::string completeDateText(Date date, const Calendar& calendar) {

@@ -5,6 +5,8 @@
 #include <limits>
 #include <thread>
 
+#include "OakfenCore/Support/Text/MonthText.h"
+
 namespace oakfen {
 namespace {
 
@@ -118,11 +120,15 @@ TEST_F(Formatting, WritesDatesInTheLocalesOrder) {
     EXPECT_EQ(numericDateText(date, calendar), "03/05/2024");
     EXPECT_EQ(abbreviatedMonthDayText(date, calendar), "Mar 5");
     EXPECT_EQ(abbreviatedDateText(date, calendar), "Mar 5, 2024");
+    EXPECT_EQ(abbreviatedMonthYearText(date, calendar), "Mar 2024");
     EXPECT_EQ(completeDateText(date, calendar), "Tuesday, March 5, 2024");
+    EXPECT_EQ(monthYearText(date, calendar), "March 2024");
+    EXPECT_EQ(abbreviatedMonthText(date, calendar), "Mar");
     setUserLocale("de_DE");
     EXPECT_EQ(numericDateText(date, calendar), "05.03.2024");
     EXPECT_EQ(abbreviatedDateText(date, calendar), "5. M\u00E4rz 2024");
     EXPECT_EQ(completeDateText(date, calendar), "Dienstag, 5. M\u00E4rz 2024");
+    EXPECT_EQ(monthYearText(date, calendar), "M\u00E4rz 2024");
 }
 
 TEST_F(Formatting, WritesTheDayOfTheCalendarsZone) {
