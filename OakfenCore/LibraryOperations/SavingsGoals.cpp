@@ -7,6 +7,10 @@
 
 namespace oakfen {
 
+const SavingsGoal* goalOf(const Library& library, const UUID& id) {
+    return library.goals.first([&](const SavingsGoal& goal) { return goal.id == id; });
+}
+
 void upsert(Library& library, SavingsGoal goal) {
     replaceOrAppend(library.goals, std::move(goal));
 }

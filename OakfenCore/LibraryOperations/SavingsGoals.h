@@ -7,6 +7,9 @@
 
 namespace oakfen {
 
+/// The first goal of that id; or null.
+[[nodiscard]] const SavingsGoal* goalOf(const Library& library, const UUID& id);
+
 /// Replaces the goal with that id in place, else appends it.
 void upsert(Library& library, SavingsGoal goal);
 
