@@ -158,7 +158,12 @@ std::vector<MenuEntry> SidebarView::addMenu() {
                  [&state = environment_.appState] {
                      state.setSheet(ActiveSheet{ActiveSheet::NewAccount{}});
                  }},
-            {.title = "New Category…", .symbolName = "tag"},
+            {.title = "New Category…",
+             .symbolName = "tag",
+             .perform =
+                 [&state = environment_.appState] {
+                     state.setSheet(ActiveSheet{ActiveSheet::Category{}});
+                 }},
             {.title = "New Reminder…", .symbolName = "calendar.badge.plus"},
             {.title = "Show Closed Accounts",
              .perform = [this] { toggleClosedAccounts(); },

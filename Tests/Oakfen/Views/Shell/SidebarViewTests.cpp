@@ -377,6 +377,9 @@ TEST_F(SidebarViewTest, AddsFromItsMenu) {
     EXPECT_EQ(entries[2].symbolName, "calendar.badge.plus");
     entries[0].perform();
     EXPECT_EQ(test.appState->sheet(), ActiveSheet{ActiveSheet::NewAccount{}});
+    entries[1].perform();
+    EXPECT_EQ(test.appState->sheet(),
+              (ActiveSheet{ActiveSheet::Category{.kind = CategoryKind::expense}}));
     entries[3].perform();
     EXPECT_EQ(view.addMenu()[3].isChecked, true);
 }
