@@ -129,9 +129,9 @@ void LinesPanel::showContent() {
         current.isValid() ? std::optional(model_->id(current.row())) : std::nullopt;
     const int row = current.row();
     model_->show(content_->table);
-    if (currentID && model_->rowCount() > 0 && !table_->currentIndex().isValid()) {
-        // Of an entry that has gone, whoever goes on by keyboard does so from its place.
-        const int place = model_->rowOf(*currentID);
+    const int place = currentID ? model_->rowOf(*currentID) : -1;
+    if (currentID && model_->rowCount() > 0 && (place < 0 || !table_->currentIndex().isValid())) {
+        // From an entry that has gone, whoever goes on by keyboard does so at its place.
         table_->goTo(place >= 0 ? place : std::min(row, model_->rowCount() - 1));
     }
     const auto column = columnNamed(*content_->table, content_->sort.column);
