@@ -12,6 +12,7 @@ namespace oakfen {
 namespace {
 
 constexpr int barWidth = 120;
+constexpr int barHeight = 6;
 
 } // namespace
 
@@ -28,7 +29,7 @@ void BudgetBarWidget::setFraction(double fraction) {
 }
 
 QSize BudgetBarWidget::sizeHint() const {
-    return {barWidth, Theme::grid};
+    return {barWidth, barHeight};
 }
 
 void BudgetBarWidget::paintEvent(QPaintEvent* /*event*/) {

@@ -60,9 +60,16 @@ QPushButton* Card::addLink(const QString& title, const QString& help) {
     link->setAccessibleName(title);
     link->setAutoDefault(false);
     link->setToolTip(help);
+    link->setProperty("cardLink", true);
     Theme::setTrait(*link, "link");
     setAccessory(link);
     return link;
+}
+
+void Card::setFoot(int height) {
+    QMargins margins = layout()->contentsMargins();
+    margins.setBottom(height);
+    layout()->setContentsMargins(margins);
 }
 
 void Card::fillToEdges() {

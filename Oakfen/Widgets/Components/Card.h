@@ -25,6 +25,8 @@ public:
     void setNote(const QString& note);
     /// A link there, which leads to what the card sums up; the help is its tooltip.
     QPushButton* addLink(const QString& title, const QString& help);
+    /// How much room there is below the content: less under a chart or rows than under texts.
+    void setFoot(int height);
     /// Lets the content reach the card's edges, as tables and lists of rows do.
     void fillToEdges();
     /// Where the card's own widgets go.

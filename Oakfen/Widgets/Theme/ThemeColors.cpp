@@ -127,6 +127,7 @@ QPushButton[destructive="true"]:default { background: @negative; color: @surface
     border-color: @negative; }
 QPushButton[link="true"] { background: transparent; border: 1px solid transparent; color: @accent;
     padding: 3px 6px; text-align: left; }
+QPushButton[cardLink="true"] { padding: 0px 1px; min-height: 18px; }
 QPushButton[link="true"]:hover { background: @surfaceRaised; }
 QPushButton[link="true"]:focus { border-color: @accent; }
 QPushButton[link="true"]:disabled { color: @disabledText; background: transparent; }
