@@ -2,28 +2,14 @@
 
 #include "Oakfen/FileActions.h"
 #include "Oakfen/Views/Components/Components.h"
+#include "OakfenCore/LibraryOperations/ScheduledTransactions.h"
 #include "OakfenCore/Support/Text/Formatting.h"
 
 namespace oakfen {
 
-std::string DashboardView::greeting() const {
-    const int hour = environment_.clock.calendar().civil(environment_.clock.now()).hour;
-    if (hour >= 5 && hour < 12) {
-        return "Good morning";
-    }
-    if (hour >= 12 && hour < 17) {
-        return "Good afternoon";
-    }
-    return "Good evening";
-}
-
-std::string DashboardView::dateText() const {
-    return completeDateText(environment_.clock.now(), environment_.clock.calendar());
-}
-
-bool DashboardView::isEmpty() const {
-    return environment_.store.library().accounts.empty();
-}
+DashboardView::DashboardView(AppEnvironment& environment)
+    : Screen(environment),
+      hourChanged_(environment.dayChange.hourChanged.observe([this] { stateChanged(); })) {}
 
 EmptyState DashboardView::emptyState() {
     return {"Add Your First Account", "building.columns",
@@ -62,6 +48,70 @@ std::vector<DashboardView::Step> DashboardView::steps() {
                       .text = "Chequing, savings, credit cards, investments and loans.",
                       .perform = [this] { addAccount(); }});
     return result;
+}
+
+void DashboardView::show(SidebarItem::Kind kind) {
+    environment_.appState.setSelection(SidebarItem{kind});
+}
+
+void DashboardView::follow(const AlertsCard::AlertItem& alert) {
+    if (alert.target) {
+        environment_.appState.setSelection(alert.target);
+    }
+}
+
+void DashboardView::showLines(const FigureLines& figure) {
+    environment_.appState.linesWanted.notify(figure);
+}
+
+void DashboardView::enter(const UUID& reminderID) {
+    const auto& reminders = environment_.store.library().scheduled;
+    const ScheduledTransaction* reminder =
+        reminders.first([&](const ScheduledTransaction& each) { return each.id == reminderID; });
+    if (reminder == nullptr) {
+        return;
+    }
+    environment_.store.mutate("Enter " + reminder->payee, [&](Library& library) {
+        enterScheduled(library, reminderID, std::nullopt, std::nullopt,
+                       environment_.clock.calendar());
+    });
+}
+
+void DashboardView::edit(const UUID& entryID) {
+    environment_.appState.setSheet(ActiveSheet{ActiveSheet::EditTransaction{entryID}});
+}
+
+DashboardContent DashboardView::derive(const DashboardContent* /*earlier*/) const {
+    const Calendar& calendar = environment_.clock.calendar();
+    const Date now = environment_.clock.now();
+    const std::shared_ptr<const LibraryIndex> index = environment_.store.sharedIndex();
+    const Library& library = index->library();
+    DashboardContent content{.greeting = oakfen::greeting(now, calendar),
+                             .date = completeDateText(now, calendar),
+                             .isEmpty = library.accounts.empty()};
+    if (content.isEmpty) {
+        return content;
+    }
+    const DashboardSource source{library, *index, now, calendar, library.currencyCode};
+    content.netWorth = netWorthCard(source);
+    content.cashFlow = cashFlowCard(source);
+    content.spending = spendingCard(source);
+    content.upcoming = upcomingBillsCard(source);
+    content.budget = budgetSummaryCard(source);
+    content.alerts = alertsCard(source);
+    content.recent = recentTransactionsCard(source);
+    return content;
+}
+
+std::string greeting(Date now, const Calendar& calendar) {
+    const int hour = calendar.civil(now).hour;
+    if (hour >= 5 && hour < 12) {
+        return "Good morning";
+    }
+    if (hour >= 12 && hour < 17) {
+        return "Good afternoon";
+    }
+    return "Good evening";
 }
 
 } // namespace oakfen

@@ -1,74 +1,149 @@
 #include "Oakfen/Widgets/Dashboard/DashboardWidget.h"
 
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "Oakfen/Widgets/Components/Card.h"
 #include "Oakfen/Widgets/Components/EmptyStateWidget.h"
 #include "Oakfen/Widgets/Components/StepButton.h"
+#include "Oakfen/Widgets/Dashboard/BudgetPart.h"
+#include "Oakfen/Widgets/Dashboard/DashboardGrid.h"
+#include "Oakfen/Widgets/Dashboard/FigureCards.h"
+#include "Oakfen/Widgets/Dashboard/ListCards.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Oakfen/Widgets/Theme/Theme.h"
 
 namespace oakfen {
 
-DashboardWidget::DashboardWidget(AppEnvironment& environment, QWidget* parent)
-    : QWidget(parent), view_(environment), greeting_(new QLabel(this)), date_(new QLabel(this)) {
-    setAccessibleName(QStringLiteral("Dashboard"));
-    Theme::setText(*greeting_, TextStyle::title);
-    Theme::setText(*date_, TextStyle::body, ThemeColor::secondaryText);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(Theme::grid * 4, Theme::grid * 3, Theme::grid * 4, Theme::grid * 3);
-    column->setSpacing(Theme::grid / 2);
-    column->addWidget(greeting_);
-    column->addWidget(date_);
-    column->addSpacing(Theme::grid * 2);
-    refresh();
-    libraryChanged_ = environment.store.libraryChanged.observe([this] { refresh(); });
-    hourChanged_ = environment.dayChange.hourChanged.observe([this] { refresh(); });
+namespace {
+
+Card* makeCard(std::string_view title, std::string_view symbolName) {
+    auto* card = new Card(qt(title), symbolName);
+    card->setMinimumWidth(1);
+    return card;
 }
 
-void DashboardWidget::refresh() {
-    greeting_->setText(qt(view_.greeting()));
-    date_->setText(qt(view_.dateText()));
+} // namespace
 
-    std::vector<DashboardView::Step> steps;
-    std::vector<std::string> texts;
-    if (!view_.isEmpty()) {
-        steps = view_.steps();
-        for (const DashboardView::Step& step : steps) {
-            texts.push_back(step.title + step.text + (step.isEnabled ? "" : "-"));
-        }
+/// What fills the cards, in their order.
+struct DashboardParts {
+    NetWorthPart netWorth;
+    CashFlowPart cashFlow;
+    SpendingPart spending;
+    UpcomingBillsPart upcoming;
+    BudgetPart budget;
+    AlertsPart alerts;
+    RecentTransactionsPart recent;
+};
+
+DashboardWidget::DashboardWidget(AppEnvironment& environment, QWidget* parent)
+    : Page(QStringLiteral("Dashboard"), parent), view_(environment) {
+    changed_ = view_.changed.observe([this] { showContent(); });
+    showContent();
+}
+
+DashboardWidget::~DashboardWidget() = default;
+
+void DashboardWidget::buildCards() {
+    Card* netWorth = makeCard("Net Worth", "chart.line.uptrend.xyaxis");
+    Card* cashFlow = makeCard("Cash Flow", "arrow.left.arrow.right");
+    Card* spending = makeCard("Spending by Category", "chart.pie");
+    Card* upcoming = makeCard("Upcoming Bills & Income", "calendar.badge.clock");
+    Card* budget = makeCard("Budget", "chart.bar.doc.horizontal");
+    Card* alerts = makeCard("Alerts", "bell");
+    recent_ = makeCard("Recent Transactions", "list.bullet.rectangle");
+
+    for (Card* card : {netWorth, cashFlow, spending}) {
+        card->setFoot(Theme::grid * 3 / 2);
     }
-    if (body_ != nullptr && texts == shownTexts_) {
+    for (Card* card : {upcoming, budget, alerts, recent_}) {
+        card->setFoot(Theme::grid);
+    }
+    cards_ = new QWidget;
+    auto* rows = new QVBoxLayout(cards_);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(2 * Theme::grid);
+    grid_ = new DashboardGrid({netWorth, cashFlow, spending, upcoming, budget, alerts});
+    rows->addWidget(grid_);
+    rows->addWidget(recent_);
+    rows->addStretch(1);
+    column()->addWidget(cards_, 1);
+    // In their place at once: each is told of by its buttons.
+    parts_.reset(new DashboardParts{
+        NetWorthPart(*netWorth), CashFlowPart(view_, *cashFlow), SpendingPart(view_, *spending),
+        UpcomingBillsPart(view_, *upcoming), BudgetPart(view_, *budget), AlertsPart(view_, *alerts),
+        RecentTransactionsPart(view_, *recent_)});
+    flowRecentTransactions();
+}
+
+void DashboardWidget::showContent() {
+    content_ = view_.content();
+    setTitle(qt(content_->greeting));
+    setDetail(qt(content_->date));
+    showEmptyState();
+    if (content_->isEmpty) {
         return;
     }
-    shownTexts_ = std::move(texts);
-    if (body_ != nullptr) {
+    if (cards_ == nullptr) {
+        buildCards();
+    }
+    parts_->netWorth.show(content_->netWorth);
+    parts_->cashFlow.show(content_->cashFlow);
+    parts_->spending.show(content_->spending);
+    parts_->upcoming.show(content_->upcoming);
+    parts_->budget.show(content_->budget);
+    parts_->alerts.show(content_->alerts);
+    parts_->recent.show(content_->recent);
+    showSteps();
+}
+
+void DashboardWidget::showEmptyState() {
+    if (content_->isEmpty && emptyState_ == nullptr) {
+        emptyState_ = new EmptyStateWidget(DashboardView::emptyState());
+        emptyState_->addButton(QStringLiteral("Add Account"), true, [this] { view_.addAccount(); });
+        column()->addWidget(emptyState_, 1);
+    }
+    if (emptyState_ != nullptr) {
+        emptyState_->setVisible(content_->isEmpty);
+    }
+    if (cards_ != nullptr) {
+        cards_->setVisible(!content_->isEmpty);
+    }
+}
+
+void DashboardWidget::showSteps() {
+    if (steps_ != nullptr) {
         // Later: what changed the document may be one of its own buttons.
-        body_->hide();
-        body_->deleteLater();
+        steps_->hide();
+        steps_->deleteLater();
+        steps_ = nullptr;
     }
-    body_ = steps.empty() ? makeEmptyState() : makeSteps(steps);
-    static_cast<QVBoxLayout*>(layout())->addWidget(body_, 1);
-    body_->show();
-}
-
-QWidget* DashboardWidget::makeEmptyState() {
-    auto* empty = new EmptyStateWidget(DashboardView::emptyState(), this);
-    empty->addButton(QStringLiteral("Add Account"), true, [this] { view_.addAccount(); });
-    return empty;
-}
-
-QWidget* DashboardWidget::makeSteps(const std::vector<DashboardView::Step>& steps) {
-    auto* body = new QWidget(this);
-    auto* column = new QVBoxLayout(body);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(Theme::grid);
-    for (const DashboardView::Step& step : steps) {
-        auto* button = new StepButton(step.symbolName, qt(step.title), qt(step.text), body);
+    if (!content_->recent.rows.empty()) {
+        return;
+    }
+    steps_ = new QWidget;
+    auto* line = new QHBoxLayout(steps_);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(2 * Theme::grid);
+    for (const DashboardView::Step& step : view_.steps()) {
+        auto* button = new StepButton(step.symbolName, qt(step.title), qt(step.text), steps_);
         button->setEnabled(step.isEnabled);
-        button->setMaximumWidth(560);
+        button->setMinimumWidth(1);
         connect(button, &QAbstractButton::clicked, this, step.perform);
-        column->addWidget(button);
+        line->addWidget(button, 1);
     }
-    column->addStretch(1);
-    return body;
+    recent_->content()->addWidget(steps_);
+}
+
+void DashboardWidget::flowRecentTransactions() {
+    parts_->recent.setColumnCount(DashboardGrid::columnCount(columnWidth()));
+}
+
+void DashboardWidget::resizeEvent(QResizeEvent* event) {
+    Page::resizeEvent(event);
+    if (parts_ != nullptr) {
+        flowRecentTransactions();
+    }
 }
 
 } // namespace oakfen

@@ -1,36 +1,44 @@
 #pragma once
 
-#include <QWidget>
-#include <string>
-#include <vector>
+#include <memory>
 
 #include "Oakfen/Views/Dashboard/DashboardView.h"
-#include "OakfenCore/Support/Values/Observers.h"
-
-class QLabel;
+#include "Oakfen/Widgets/Components/Page.h"
 
 namespace oakfen {
 
+class Card;
+class DashboardGrid;
+class EmptyStateWidget;
+struct DashboardParts;
+
 /// Draws the start screen.
-class DashboardWidget final : public QWidget {
+class DashboardWidget final : public Page {
     Q_OBJECT
 
 public:
     explicit DashboardWidget(AppEnvironment& environment, QWidget* parent = nullptr);
+    ~DashboardWidget() override;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void refresh();
-    [[nodiscard]] QWidget* makeEmptyState();
-    [[nodiscard]] QWidget* makeSteps(const std::vector<DashboardView::Step>& steps);
+    void buildCards();
+    void showContent();
+    void showEmptyState();
+    void showSteps();
+    void flowRecentTransactions();
 
     DashboardView view_;
-    QLabel* greeting_;
-    QLabel* date_;
-    QWidget* body_ = nullptr;
-    /// What the body was made for: the texts of its steps; none for the empty state.
-    std::vector<std::string> shownTexts_;
-    Subscription libraryChanged_;
-    Subscription hourChanged_;
+    std::shared_ptr<const DashboardContent> content_;
+    QWidget* cards_ = nullptr;
+    EmptyStateWidget* emptyState_ = nullptr;
+    QWidget* steps_ = nullptr;
+    Card* recent_ = nullptr;
+    DashboardGrid* grid_ = nullptr;
+    std::unique_ptr<DashboardParts> parts_;
+    Subscription changed_;
 };
 
 } // namespace oakfen
