@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "Oakfen/Views/Editors/EditorChoices.h"
 #include "Oakfen/Views/Editors/TagsText.h"
 #include "Oakfen/Views/EntryName.h"
 #include "OakfenCore/LibraryOperations/Transactions.h"
@@ -12,8 +13,6 @@
 namespace oakfen {
 
 namespace {
-
-constexpr std::size_t mostSuggestions = 8;
 
 /// The lines of a stored entry, in the direction of its kind.
 std::vector<TransactionEditor::SplitDraft> splitDrafts(const Transaction& entry) {
@@ -117,45 +116,21 @@ std::string_view TransactionEditor::transferTitle() const {
     return transferIn ? "From Account" : "To Account";
 }
 
-std::vector<PickerRow> TransactionEditor::keepingAccount(std::vector<PickerRow> rows,
-                                                         const std::optional<UUID>& id) const {
-    if (!id) {
-        return rows;
-    }
-    const Account* account = environment_.store.index().account(*id);
-    return keepingChoice(
-        std::move(rows),
-        {.title = account != nullptr ? account->name : std::string("Unknown Account"), .id = id});
-}
-
 std::vector<PickerRow> TransactionEditor::accountChoices() const {
-    return keepingAccount(accountPickerRows(environment_.store.index()), accountSelection);
+    const LibraryIndex& index = environment_.store.index();
+    return keepingAccount(accountPickerRows(index), index, accountSelection);
 }
 
 std::vector<PickerRow> TransactionEditor::transferChoices() const {
-    std::vector<PickerRow> rows =
-        accountPickerRows(environment_.store.index(), {.excluding = accountSelection});
+    const LibraryIndex& index = environment_.store.index();
+    std::vector<PickerRow> rows = accountPickerRows(index, {.excluding = accountSelection});
     return transferSelection == accountSelection
                ? rows
-               : keepingAccount(std::move(rows), transferSelection);
+               : keepingAccount(std::move(rows), index, transferSelection);
 }
 
 std::vector<std::string> TransactionEditor::payeeSuggestions() const {
-    const std::string_view term = trimmingWhitespaces(draft.payee);
-    std::vector<std::string> suggestions;
-    if (term.empty()) {
-        return suggestions;
-    }
-    const CaseInsensitiveTerm sought(term);
-    for (const std::string& payee : environment_.store.index().payees()) {
-        if (payee != term && sought.isIn(payee)) {
-            suggestions.push_back(payee);
-            if (suggestions.size() == mostSuggestions) {
-                break;
-            }
-        }
-    }
-    return suggestions;
+    return oakfen::payeeSuggestions(environment_.store.index(), draft.payee);
 }
 
 bool TransactionEditor::applyMemorizedPayee() {

@@ -106,8 +106,6 @@ private:
     void load(const Transaction& entry);
     /// The wanted account; where none is named, or it is gone, the first one.
     [[nodiscard]] std::optional<UUID> accountToBeginWith(const std::optional<UUID>& wanted) const;
-    [[nodiscard]] std::vector<PickerRow> keepingAccount(std::vector<PickerRow> rows,
-                                                        const std::optional<UUID>& id) const;
     /// What is wrong with the amount or with the split lines, if anything.
     [[nodiscard]] std::optional<std::string> obstacleOfAmount() const;
     [[nodiscard]] Transaction transactionToSave() const;
