@@ -267,7 +267,6 @@ TEST_F(AppCommandsTest, DisablesWhatThisVersionCannotDo) {
     const UUID id = addAccount("Everyday").id;
     test.appState->setSelection(SidebarItem::account(id));
     EXPECT_TRUE(isEnabled("New Transaction"));
-    EXPECT_FALSE(isEnabled("New Reminder…"));
     EXPECT_FALSE(isEnabled("Back Up…"));
     EXPECT_FALSE(isEnabled("Restore from Backup…"));
     EXPECT_FALSE(isEnabled("Settings…"));
@@ -292,6 +291,13 @@ TEST_F(AppCommandsTest, AsksWhereToExportTo) {
     ASSERT_EQ(test.panels.saveRequests.size(), 2U);
     EXPECT_EQ(test.panels.saveRequests[0].suggestedName, "Oakfen Transactions.csv");
     EXPECT_EQ(test.panels.saveRequests[1].suggestedName, "Everyday.qif");
+}
+
+TEST_F(AppCommandsTest, BeginsAReminderWhereTheFileIsOpen) {
+    ASSERT_TRUE(isEnabled("New Reminder…"));
+    command("New Reminder…").perform();
+    EXPECT_EQ(test.appState->sheet(), ActiveSheet{ActiveSheet::Scheduled{}});
+    EXPECT_FALSE(isEnabled("New Reminder…"));
 }
 
 TEST_F(AppCommandsTest, EntersReminders) {

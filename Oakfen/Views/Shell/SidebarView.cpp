@@ -164,7 +164,12 @@ std::vector<MenuEntry> SidebarView::addMenu() {
                  [&state = environment_.appState] {
                      state.setSheet(ActiveSheet{ActiveSheet::Category{}});
                  }},
-            {.title = "New Reminder…", .symbolName = "calendar.badge.plus"},
+            {.title = "New Reminder…",
+             .symbolName = "calendar.badge.plus",
+             .perform =
+                 [&state = environment_.appState] {
+                     state.setSheet(ActiveSheet{ActiveSheet::Scheduled{}});
+                 }},
             {.title = "Show Closed Accounts",
              .perform = [this] { toggleClosedAccounts(); },
              .isChecked = showsClosedAccounts(),

@@ -1,6 +1,8 @@
 #include "Oakfen/Widgets/Shell/SheetRouter.h"
 
 #include "Oakfen/Widgets/Editors/AccountEditorDialog.h"
+#include "Oakfen/Widgets/Editors/EnterReminderDialog.h"
+#include "Oakfen/Widgets/Editors/ScheduledEditorDialog.h"
 #include "Oakfen/Widgets/Editors/SeveralEditorDialog.h"
 #include "Oakfen/Widgets/Editors/TransactionEditorDialog.h"
 #include "Oakfen/Widgets/Import/ImportReviewDialog.h"
@@ -39,6 +41,15 @@ struct DialogMaker {
     SheetScaffold* operator()(const ActiveSheet::Reconcile& sheet) const {
         const Account* account = environment.store.index().account(sheet.accountID);
         return account != nullptr ? new ReconcileDialog(environment, *account, parent) : nullptr;
+    }
+    SheetScaffold* operator()(const ActiveSheet::Scheduled& sheet) const {
+        return new ScheduledEditorDialog(environment, sheet, parent);
+    }
+    SheetScaffold* operator()(const ActiveSheet::EnterReminder& sheet) const {
+        const ScheduledTransaction* reminder = environment.store.library().scheduled.first(
+            [&](const ScheduledTransaction& each) { return each.id == sheet.id; });
+        return reminder != nullptr ? new EnterReminderDialog(environment, *reminder, parent)
+                                   : nullptr;
     }
     SheetScaffold* operator()(const ActiveSheet::SetCategory& sheet) const {
         return new SetCategoryDialog(environment, sheet.ids, parent);

@@ -380,6 +380,8 @@ TEST_F(SidebarViewTest, AddsFromItsMenu) {
     entries[1].perform();
     EXPECT_EQ(test.appState->sheet(),
               (ActiveSheet{ActiveSheet::Category{.kind = CategoryKind::expense}}));
+    entries[2].perform();
+    EXPECT_EQ(test.appState->sheet(), ActiveSheet{ActiveSheet::Scheduled{}});
     entries[3].perform();
     EXPECT_EQ(view.addMenu()[3].isChecked, true);
 }
