@@ -67,6 +67,10 @@ void EntryActions::duplicate(const UUID& id) {
                               [&](Library& library) { upsert(library, copy); });
 }
 
+void EntryActions::makeReminder(const UUID& id) {
+    environment_.appState.setSheet(ActiveSheet{ActiveSheet::Scheduled{.likeEntry = id}});
+}
+
 void EntryActions::goToTransfer(const UUID& id) {
     const Transaction* entry = environment_.store.index().transaction(id);
     if (entry == nullptr || !entry->transferAccountID) {
@@ -131,6 +135,10 @@ std::vector<MenuEntry> EntryActions::menuForOne(const std::optional<UUID>& id) {
              .symbolName = "plus.rectangle.on.rectangle",
              .shortcut = "Ctrl+D",
              .perform = [this, id] { duplicate(*id); },
+             .isEnabled = id.has_value()},
+            {.title = "Make Reminder…",
+             .symbolName = "calendar.badge.plus",
+             .perform = [this, id] { makeReminder(*id); },
              .isEnabled = id.has_value()},
             {.title = "Go to " + (other != nullptr ? other->name : std::string("Transfer")),
              .symbolName = "arrow.right",

@@ -28,6 +28,8 @@ public:
     void chooseCategory(const UUIDSet& ids);
     /// Enters a copy dated now; a transfer's copy is a new transfer.
     void duplicate(const UUID& id);
+    /// Opens the sheet of a reminder that lets the entry come again.
+    void makeReminder(const UUID& id);
     /// Shows the other account of a transfer, with the other leg selected.
     void goToTransfer(const UUID& id);
     /// Opens the entry in its editor.

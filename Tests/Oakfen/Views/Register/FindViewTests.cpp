@@ -157,7 +157,7 @@ TEST_F(Find, OffersWhatTheRegisterDoesAndTheWayThere) {
         return list;
     };
     EXPECT_EQ(titles(find.contextMenu({shop.id})),
-              "Edit|Show in Register|Duplicate|Mark As|Set Category|Delete|");
+              "Edit|Show in Register|Duplicate|Make Reminder…|Mark As|Set Category|Delete|");
     EXPECT_EQ(titles(find.contextMenu({shop.id, oldBill.id})),
               titles(view.contextMenu({shop.id, pay.id})));
     EXPECT_TRUE(find.contextMenu({}).empty());

@@ -125,11 +125,12 @@ std::string lines(const std::vector<MenuEntry>& menu) {
 
 TEST_F(RegisterActions, TheMenuOfOneEntryKnowsWhereItsTransferGoes) {
     const std::vector<MenuEntry> menu = view.contextMenu({cardPayment.id});
-    ASSERT_EQ(lines(menu), "Edit|Duplicate|Go to Card|-Mark As>|Set Category|-Delete");
-    EXPECT_EQ(lines(menu[3].children), "Uncleared|Cleared|Reconciled");
-    EXPECT_FALSE(menu[4].canBeChosen()) << "a transfer has no category";
-    EXPECT_TRUE(menu[5].isDestructive);
-    menu[2].perform();
+    ASSERT_EQ(lines(menu),
+              "Edit|Duplicate|Make Reminder…|Go to Card|-Mark As>|Set Category|-Delete");
+    EXPECT_EQ(lines(menu[4].children), "Uncleared|Cleared|Reconciled");
+    EXPECT_FALSE(menu[5].canBeChosen()) << "a transfer has no category";
+    EXPECT_TRUE(menu[6].isDestructive);
+    menu[3].perform();
     EXPECT_EQ(test.appState->selectedAccountID(), card.id);
 }
 
@@ -141,15 +142,21 @@ TEST_F(RegisterActions, GoingToATransferSelectsItsOtherLegThere) {
     EXPECT_TRUE(selection().empty());
 }
 
+TEST_F(RegisterActions, LetsAnEntryComeAgain) {
+    view.contextMenu({shop.id}).at(2).perform();
+    EXPECT_EQ(test.appState->sheet(), ActiveSheet(ActiveSheet::Scheduled{.likeEntry = shop.id}));
+}
+
 TEST_F(RegisterActions, TheMenuSaysTransferWhenTheOtherAccountIsNotFound) {
     test.store->mutate("Edit", [this](Library& library) {
         library.accounts.eraseIf([this](const Account& each) { return each.id == card.id; });
     });
-    EXPECT_EQ(view.contextMenu({cardPayment.id}).at(2).title, "Go to Transfer");
+    EXPECT_EQ(view.contextMenu({cardPayment.id}).at(3).title, "Go to Transfer");
 }
 
 TEST_F(RegisterActions, TheMenuOfAnOrdinaryEntryLeadsNowhere) {
-    EXPECT_EQ(lines(view.contextMenu({shop.id})), "Edit|Duplicate|-Mark As>|Set Category|-Delete");
+    EXPECT_EQ(lines(view.contextMenu({shop.id})),
+              "Edit|Duplicate|Make Reminder…|-Mark As>|Set Category|-Delete");
     view.goToTransfer(shop.id);
     EXPECT_FALSE(test.appState->selectedAccountID());
 }
@@ -183,15 +190,18 @@ std::string live(const std::vector<MenuEntry>& menu) {
 
 TEST_F(RegisterActions, TheMenuOfTheSelectionAlwaysHasTheSameLines) {
     EXPECT_EQ(lines(view.selectionMenu()),
-              "Edit|Duplicate|Go to Transfer|Edit Several…|-Mark As>|Set Category|-Delete");
+              "Edit|Duplicate|Make Reminder…|Go to Transfer|Edit Several…|-Mark As>|Set Category|"
+              "-Delete");
     EXPECT_EQ(live(view.selectionMenu()), "");
     view.select({shop.id});
-    EXPECT_EQ(live(view.selectionMenu()), "Edit|Duplicate|Mark As|Set Category|Delete");
+    EXPECT_EQ(live(view.selectionMenu()),
+              "Edit|Duplicate|Make Reminder…|Mark As|Set Category|Delete");
     view.select({cardPayment.id});
-    EXPECT_EQ(live(view.selectionMenu()), "Edit|Duplicate|Go to Card|Mark As|Delete");
+    EXPECT_EQ(live(view.selectionMenu()),
+              "Edit|Duplicate|Make Reminder…|Go to Card|Mark As|Delete");
     view.select({shop.id, pay.id});
     EXPECT_EQ(live(view.selectionMenu()), "Edit Several…|Mark As|Set Category|Delete");
-    view.selectionMenu()[4].children.at(1).perform();
+    view.selectionMenu()[5].children.at(1).perform();
     EXPECT_EQ(stored(pay.id).cleared, ClearedState::cleared);
 }
 
@@ -217,7 +227,7 @@ TEST_F(RegisterActions, TheMenusTellTheirKeys) {
     for (const MenuEntry& entry : view.contextMenu({cardPayment.id})) {
         keys += entry.shortcut + (entry.leavesKeyToFocus ? "*|" : "|");
     }
-    EXPECT_EQ(keys, "Return*|Ctrl+D|Ctrl+J|||Del*|");
+    EXPECT_EQ(keys, "Return*|Ctrl+D||Ctrl+J|||Del*|");
 }
 
 TEST_F(RegisterActions, DeletingAsksInTheSingularForOne) {

@@ -8,8 +8,9 @@ using RegisterMenuWindow = testing::RegisterWindow;
 
 TEST_F(RegisterMenuWindow, HasAMenuForOneEntry) {
     const auto menu = widget->makeContextMenu({cardPayment.id});
-    EXPECT_EQ(titles(*menu), (std::vector<std::string>{"Edit", "Duplicate", "Go to Card", "-",
-                                                       "Mark As", "Set Category", "-", "Delete"}));
+    EXPECT_EQ(titles(*menu),
+              (std::vector<std::string>{"Edit", "Duplicate", "Make Reminder…", "Go to Card", "-",
+                                        "Mark As", "Set Category", "-", "Delete"}));
     EXPECT_EQ(titles(*action(*menu, "Mark As")->menu()),
               (std::vector<std::string>{"Uncleared", "Cleared", "Reconciled"}));
     EXPECT_FALSE(action(*menu, "Set Category")->isEnabled());
