@@ -8,6 +8,7 @@
 #include "OakfenCore/Support/Text/Formatting.h"
 #include "OakfenCore/Support/Text/ICUText.h"
 #include "OakfenCore/Support/Text/MonthText.h"
+#include "OakfenCore/Support/Text/WeekdayText.h"
 
 namespace oakfen {
 namespace {
@@ -89,6 +90,10 @@ std::string abbreviatedMonthYearText(Date date, const Calendar& calendar) {
 
 std::string completeDateText(Date date, const Calendar& calendar) {
     return formatted(date, calendar, "yMMMMEEEEd");
+}
+
+std::string weekdayMonthDayText(Date date, const Calendar& calendar) {
+    return formatted(date, calendar, "MMMMEEEEd");
 }
 
 } // namespace oakfen

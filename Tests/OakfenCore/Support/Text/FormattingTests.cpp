@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "OakfenCore/Support/Text/MonthText.h"
+#include "OakfenCore/Support/Text/WeekdayText.h"
 
 namespace oakfen {
 namespace {
@@ -119,6 +120,7 @@ TEST_F(Formatting, WritesDatesInTheLocalesOrder) {
     const Date date = calendar.date({2024, 3, 5, 23, 59, 59});
     EXPECT_EQ(numericDateText(date, calendar), "03/05/2024");
     EXPECT_EQ(abbreviatedMonthDayText(date, calendar), "Mar 5");
+    EXPECT_EQ(weekdayMonthDayText(date, calendar), "Tuesday, March 5");
     EXPECT_EQ(abbreviatedDateText(date, calendar), "Mar 5, 2024");
     EXPECT_EQ(abbreviatedMonthYearText(date, calendar), "Mar 2024");
     EXPECT_EQ(completeDateText(date, calendar), "Tuesday, March 5, 2024");
