@@ -8,7 +8,7 @@ namespace oakfen {
 namespace {
 
 /// Between two labels of one line.
-constexpr double labelGap = 8;
+constexpr double labelGap = 20;
 
 bool crosses(const ChartSpot& from, const ChartSpot& to, const ChartRect& rect) {
     const double left = std::max(rect.x, std::min(from.x, to.x));

@@ -35,6 +35,10 @@ public:
 
     PlotLayout layout() {
         layOutPlot();
+        if (!hasValues()) {
+            // No frame without a picture.
+            return std::move(result_);
+        }
         layOutScale();
         layOutPlaces();
         layOutBars();
@@ -46,6 +50,17 @@ public:
     }
 
 private:
+    [[nodiscard]] bool hasValues() const {
+        for (std::size_t index = 0; index < chart_.seriesCount(); ++index) {
+            for (std::size_t place = 0; place < chart_.places.size(); ++place) {
+                if (chart_.value(place, index).value) {
+                    return true;
+                }
+            }
+        }
+        return false;
+    }
+
     void layOutPlot() {
         double labels = 0;
         for (const ValueTick& tick : chart_.scale.ticks) {
@@ -202,16 +217,20 @@ private:
 
     /// The words beside a mark, on the side where they cover least; none where they have no room.
     [[nodiscard]] PlacedText markLabel(const ChartSpot& spot, const std::string& text) const {
+        const ChartRect& plot = result_.plot;
         const double width = room_.textWidth(text);
         const double height = room_.textHeight;
+        const double above = spot.y - markDistance - height;
+        const double middle =
+            std::clamp(spot.x - width / 2, plot.x, std::max(plot.x, plot.right() - width));
         std::optional<ChartRect> best;
         int least = 0;
-        for (const double top : {spot.y + markDistance, spot.y - markDistance - height}) {
-            for (const double left : {spot.x + markDistance, spot.x - markDistance - width,
-                                      spot.x - width / 2, result_.plot.x}) {
+        for (const double top : {spot.y + markDistance, above, above - height}) {
+            for (const double left :
+                 {spot.x + markDistance, spot.x - markDistance - width, middle}) {
                 const ChartRect rect{left, top, width, height};
                 const int count = covered(cleared(rect, 2));
-                if (result_.plot.holds(rect) && (!best || count < least)) {
+                if (plot.holds(rect) && (!best || count < least)) {
                     best = rect;
                     least = count;
                 }

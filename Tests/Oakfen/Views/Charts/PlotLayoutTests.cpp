@@ -48,6 +48,12 @@ void expectSound(const PlotChart& chart, const ChartRoom& room) {
         }
     }
     for (const auto& mark : layout.marks) {
+        if (mark && !mark->label.text.empty()) {
+            // Near enough to be taken for the mark's.
+            const ChartRect& label = mark->label.rect;
+            const ChartRect near{label.x - 9, label.y - 30, label.width + 18, label.height + 60};
+            EXPECT_TRUE(near.contains(mark->spot));
+        }
         EXPECT_TRUE(!mark || mark->label.text.empty() || layout.plot.holds(mark->label.rect));
     }
     for (const auto& entry : layout.legend) {
@@ -100,9 +106,21 @@ TEST_F(PlotLayoutTest, labelsAreThinnedEvenlyAndTheLastPlaceKeepsItsOwnWherePoss
                            {0, 0, centers.back(), 14});
     };
     // Every fourth would fit, every fifth meets the last one.
-    EXPECT_EQ(strideOf(31, "Nov 26", 15), 5U);
-    EXPECT_EQ(strideOf(12, "Nov", 22), 2U);
+    EXPECT_EQ(strideOf(31, "Nov 26", 20), 5U);
+    EXPECT_EQ(strideOf(12, "Nov", 30), 2U);
     EXPECT_EQ(strideOf(12, "Nov", 50), 1U);
+}
+
+TEST_F(PlotLayoutTest, withoutValuesThereIsNoFrame) {
+    for (const std::vector<Decimal>& amounts : {std::vector<Decimal>(), {Decimal::nan()}}) {
+        const PlotLayout layout = layOut(lineChart(amounts), roomOf(400, 100));
+        EXPECT_TRUE(layout.gridLines.empty());
+        EXPECT_TRUE(layout.valueLabels.empty());
+        EXPECT_EQ(layout.ruleLine, std::nullopt);
+        EXPECT_EQ(layout.pointAt({200, 50}), std::nullopt);
+        EXPECT_EQ(layout.spotOf({0, 0}), std::nullopt);
+        EXPECT_TRUE(layOut(barChart(amounts), roomOf(400, 100)).legend.empty());
+    }
 }
 
 TEST_F(PlotLayoutTest, aSinglePointStandsInTheMiddle) {
