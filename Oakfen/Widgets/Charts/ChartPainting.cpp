@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QToolTip>
 #include <algorithm>
+#include <cmath>
 
 #include "Oakfen/Widgets/Components/Figures.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
@@ -17,6 +18,20 @@ QColor seriesFill(ChartColor color) {
 QColor faded(QColor color, double share) {
     color.setAlphaF(static_cast<float>(color.alphaF() * share));
     return color;
+}
+
+QColor paled(const QColor& color, double share) {
+    const QColor ground = Theme::color(ThemeColor::surface);
+    const auto mixed = [share](int over, int under) {
+        return static_cast<int>(std::lround(over * share + under * (1 - share)));
+    };
+    return {mixed(color.red(), ground.red()), mixed(color.green(), ground.green()),
+            mixed(color.blue(), ground.blue())};
+}
+
+QColor bandColor() {
+    constexpr double share = 0.06;
+    return faded(Theme::color(ThemeColor::text), share);
 }
 
 ChartRoom chartRoom(const QSizeF& size, TextStyle style) {

@@ -29,6 +29,13 @@ namespace oakfen {
 /// The colour, let through as far as the share says.
 [[nodiscard]] QColor faded(QColor color, double share);
 
+/// The colour as it looks when so much of it lies over the ground of cards, which shows nothing
+/// of what lies behind.
+[[nodiscard]] QColor paled(const QColor& color, double share);
+
+/// What lies behind the value that is pointed at.
+[[nodiscard]] QColor bandColor();
+
 /// The room of a chart whose texts have that style.
 [[nodiscard]] ChartRoom chartRoom(const QSizeF& size, TextStyle style);
 

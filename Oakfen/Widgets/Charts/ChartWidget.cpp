@@ -133,13 +133,18 @@ std::optional<ChartMove> ChartWidget::moveOf(int key) const {
         return ChartMove::firstPlace;
     case Qt::Key_End:
         return ChartMove::lastPlace;
-    case Qt::Key_Down:
-        return placesGoDown_ ? ChartMove::nextPlace : ChartMove::nextSeries;
-    case Qt::Key_Up:
-        return placesGoDown_ ? ChartMove::previousPlace : ChartMove::previousSeries;
     default:
-        return std::nullopt;
+        break;
     }
+    // Where nothing lies above or below, these keys scroll the page.
+    const bool goesAcross = placesGoDown_ || table_.columns.size() > 1;
+    if (key == Qt::Key_Down && goesAcross) {
+        return placesGoDown_ ? ChartMove::nextPlace : ChartMove::nextSeries;
+    }
+    if (key == Qt::Key_Up && goesAcross) {
+        return placesGoDown_ ? ChartMove::previousPlace : ChartMove::previousSeries;
+    }
+    return std::nullopt;
 }
 
 void ChartWidget::keyPressEvent(QKeyEvent* event) {
@@ -172,9 +177,19 @@ void ChartWidget::step(ChartMove move) {
 
 void ChartWidget::focusInEvent(QFocusEvent* event) {
     QWidget::focusInEvent(event);
-    const Qt::FocusReason reason = event->reason();
-    setShowsKeyboard(reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
-                     reason == Qt::ShortcutFocusReason);
+    switch (event->reason()) {
+    case Qt::TabFocusReason:
+    case Qt::BacktabFocusReason:
+    case Qt::ShortcutFocusReason:
+        setShowsKeyboard(true);
+        break;
+    case Qt::MouseFocusReason:
+        setShowsKeyboard(false);
+        break;
+    default:
+        // Back from another window or a menu things are as they were.
+        follow();
+    }
     tellScreenReader();
 }
 

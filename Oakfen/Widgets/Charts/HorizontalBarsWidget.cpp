@@ -83,7 +83,7 @@ void HorizontalBarsWidget::paintBar(QPainter& painter, std::size_t index) const 
     const auto shown = shownPoint();
     if (shown && shown->place == index) {
         painter.setPen(Qt::NoPen);
-        painter.setBrush(faded(Theme::color(ThemeColor::surfaceRaised), 0.8));
+        painter.setBrush(bandColor());
         painter.drawRoundedRect(qt(row.whole), 4, 4);
         if (showsKeyboard()) {
             drawFocusRing(painter, qt(row.whole));

@@ -22,7 +22,6 @@ constexpr double markRadius = 3;
 constexpr double barRadius = 3;
 constexpr double paleShare = 0.55;
 constexpr double gridShare = 0.6;
-constexpr double bandShare = 0.06;
 constexpr double areaHead = 0.18;
 constexpr double areaFoot = 0.04;
 /// How much lighter a bar is at its head.
@@ -59,7 +58,7 @@ void PlotPainter::paintBand(const ChartPoint& shown) {
     const double width = layout_.placeWidth * 0.92;
     painter_.fillRect(QRectF(layout_.centers[shown.place] - width / 2, layout_.plot.y, width,
                              layout_.plot.height),
-                      faded(Theme::color(ThemeColor::text), bandShare));
+                      bandColor());
 }
 
 void PlotPainter::paintGrid() {
@@ -82,8 +81,8 @@ void PlotPainter::paintBars() {
             const double share = chart_.places[place].isPale ? paleShare : 1;
             const QRectF rect = qt(bar->rect);
             QLinearGradient fill(rect.topLeft(), rect.bottomLeft());
-            fill.setColorAt(0, faded(color.lighter(barLight), share));
-            fill.setColorAt(1, faded(color, share));
+            fill.setColorAt(0, paled(color.lighter(barLight), share));
+            fill.setColorAt(1, paled(color, share));
             painter_.fillPath(
                 barPath(rect, bar->isNegative ? Qt::BottomEdge : Qt::TopEdge, barRadius), fill);
         }
@@ -137,7 +136,8 @@ void PlotPainter::paintLines() {
                                                Qt::RoundCap, Qt::RoundJoin));
             }
             painter_.strokePath(path, pen);
-            for (std::size_t point = 0; line.hasPoints && point < run.size(); ++point) {
+            const bool hasRoom = layout_.placeWidth >= 4 * pointRadius;
+            for (std::size_t point = 0; line.hasPoints && hasRoom && point < run.size(); ++point) {
                 paintDot(qt(run[point]), pointRadius, line.series.color);
             }
         }

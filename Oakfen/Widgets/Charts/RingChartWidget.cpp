@@ -222,10 +222,10 @@ void RingChartWidget::paintLegend(QPainter& painter) const {
         const RingLayout::Row& row = layout_.rows[index];
         if (shown && shown->place == index) {
             painter.setPen(Qt::NoPen);
-            painter.setBrush(faded(Theme::color(ThemeColor::surfaceRaised), 0.8));
-            const QRectF ground = qt(row.whole).adjusted(-6, 0, 6, 0).intersected(QRectF(rect()));
+            painter.setBrush(bandColor());
+            const QRectF ground = qt(row.whole).adjusted(-6, 0, 0, 0).intersected(QRectF(rect()));
             painter.drawRoundedRect(ground, 4, 4);
-            if (showsKeyboard()) {
+            if (showsKeyboard() && layout_.sectors[index].sweep <= 0) {
                 drawFocusRing(painter, ground);
             }
         }
