@@ -16,6 +16,23 @@ constexpr int barHeight = 6;
 
 } // namespace
 
+void drawBudgetBar(QPainter& painter, const QRectF& place, const BudgetBar& bar) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const qreal radius = place.height() / 2;
+    QPainterPath track;
+    track.addRoundedRect(place, radius, radius);
+    // The fill keeps to the rounded ends, however short it is.
+    painter.setClipPath(track, Qt::IntersectClip);
+    painter.fillRect(place, Theme::color(ThemeColor::surfaceRaised));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(fillColor(bar.tone));
+    painter.drawRoundedRect(
+        QRectF(place.left(), place.top(), place.width() * bar.fill, place.height()), radius,
+        radius);
+    painter.restore();
+}
+
 BudgetBarWidget::BudgetBarWidget(double fraction, QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setFraction(fraction);
@@ -34,16 +51,7 @@ QSize BudgetBarWidget::sizeHint() const {
 
 void BudgetBarWidget::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF whole = rect();
-    const qreal radius = whole.height() / 2;
-    QPainterPath track;
-    track.addRoundedRect(whole, radius, radius);
-    // The fill keeps to the rounded ends, however short it is.
-    painter.setClipPath(track);
-    painter.fillRect(whole, Theme::color(ThemeColor::surfaceRaised));
-    painter.fillRect(QRectF(0, 0, whole.width() * bar_.fill, whole.height()),
-                     fillColor(bar_.tone));
+    drawBudgetBar(painter, rect(), bar_);
 }
 
 } // namespace oakfen

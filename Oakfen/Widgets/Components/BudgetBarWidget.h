@@ -1,10 +1,16 @@
 #pragma once
 
+#include <QRectF>
 #include <QWidget>
 
 #include "Oakfen/Views/Components/Components.h"
 
+class QPainter;
+
 namespace oakfen {
+
+/// Draws the bar from end to end of the place, with round ends.
+void drawBudgetBar(QPainter& painter, const QRectF& place, const BudgetBar& bar);
 
 /// A bar that fills as a budget is used up.
 class BudgetBarWidget final : public QWidget {

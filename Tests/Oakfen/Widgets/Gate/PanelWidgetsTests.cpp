@@ -39,18 +39,18 @@ INSTANTIATE_TEST_SUITE_P(LightAndDark, PanelWidgets, ::testing::Bool());
 
 TEST_P(PanelWidgets, ABudgetBarFillsInTheColourOfItsShare) {
     BudgetBarWidget bar(0.5);
-    EXPECT_EQ(colorAt(bar, 0.25), Theme::color(ThemeColor::positive));
-    EXPECT_EQ(colorAt(bar, 0.75), Theme::color(ThemeColor::border));
+    EXPECT_EQ(colorAt(bar, 0.25), fillColor(TextTone::positive));
+    EXPECT_EQ(colorAt(bar, 0.75), Theme::color(ThemeColor::surfaceRaised));
     bar.setFraction(0.85);
-    EXPECT_EQ(colorAt(bar, 0.8), Theme::color(ThemeColor::warning));
-    EXPECT_EQ(colorAt(bar, 0.9), Theme::color(ThemeColor::border));
+    EXPECT_EQ(colorAt(bar, 0.8), fillColor(TextTone::warning));
+    EXPECT_EQ(colorAt(bar, 0.9), Theme::color(ThemeColor::surfaceRaised));
 }
 
 TEST_P(PanelWidgets, ABudgetBarIsNeverFullerThanFull) {
     for (const double fraction : {1.0, 3.0}) {
         BudgetBarWidget bar(fraction);
-        EXPECT_EQ(colorAt(bar, 0.05), Theme::color(ThemeColor::negative));
-        EXPECT_EQ(colorAt(bar, 0.95), Theme::color(ThemeColor::negative));
+        EXPECT_EQ(colorAt(bar, 0.05), fillColor(TextTone::negative));
+        EXPECT_EQ(colorAt(bar, 0.95), fillColor(TextTone::negative));
     }
 }
 
