@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "Oakfen/Widgets/Budget/BudgetWidget.h"
 #include "Oakfen/Widgets/Components/EmptyStateWidget.h"
 #include "Oakfen/Widgets/Components/Panes.h"
 #include "Oakfen/Widgets/Dashboard/DashboardWidget.h"
@@ -47,13 +48,18 @@ void DetailWidget::focusScreen() {
 
 QWidget* DetailWidget::makeScreen(const DetailScreen& screen) {
     using Kind = SidebarItem::Kind;
-    const std::optional<Kind> kind = screen.item ? std::optional(screen.item->kind) : std::nullopt;
-    if (kind == Kind::dashboard) {
-        return new DashboardWidget(environment_, this);
-    }
-    if (kind == Kind::account) {
-        // An investment account's own screen comes later; its cash entries are shown till then.
-        return new RegisterWidget(environment_, screen.item->accountID, this);
+    if (screen.item) {
+        switch (screen.item->kind) {
+        case Kind::account:
+            // An investment account's own screen comes later; its cash entries are shown till then.
+            return new RegisterWidget(environment_, screen.item->accountID, this);
+        case Kind::dashboard:
+            return new DashboardWidget(environment_, this);
+        case Kind::budget:
+            return new BudgetWidget(environment_, this);
+        default:
+            break;
+        }
     }
     return new EmptyStateWidget(placeholder(screen), this);
 }

@@ -154,6 +154,8 @@ QHeaderView { background: @surface; }
 QHeaderView::section { background: @surface; color: @secondaryText; border: none;
     border-bottom: 1px solid @border; padding: 5px 8px; }
 QHeaderView::section:hover { color: @text; background: @window; }
+QTableView[fillsCard="true"] QHeaderView::section:first { padding-left: 15px; }
+QTableView[fillsCard="true"] QHeaderView::section:last { padding-left: 24px; }
 QTableView { background: @surface; border: none; gridline-color: transparent; outline: none; }
 QTableView::item { border: none; padding: 0px 8px; }
 
@@ -182,6 +184,9 @@ QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
 #SidebarFooter { border-top: 1px solid @border; }
 #Cover { background: @window; }
 #GatePanel { background: @surface; border: 1px solid @border; border-radius: 10px; }
+#BudgetField { border: 1px solid @accent; border-radius: 5px; min-height: 0px;
+    padding: 0px 4px; }
+#BudgetField[invalid="true"] { border-color: @negative; }
 #Card { background: @surface; border: 1px solid @border; border-radius: 6px; }
 #BusyPill { background: @surface; border: 1px solid @border; border-radius: 17px; }
 #Notice { background: @surfaceRaised; border: 1px solid @border; border-radius: 10px; }

@@ -4,7 +4,7 @@
 #include <QMenu>
 #include <QToolButton>
 
-#include "Oakfen/Widgets/Components/EmptyStateWidget.h"
+#include "Oakfen/Widgets/Budget/BudgetWidget.h"
 #include "Oakfen/Widgets/Dashboard/DashboardWidget.h"
 #include "Oakfen/Widgets/Register/RegisterWidget.h"
 #include "Tests/Oakfen/Widgets/WindowFixture.h"
@@ -43,7 +43,7 @@ TEST_F(SidebarWidgetTest, GoesWhereTheSidebarIsClicked) {
 
     click(line(QStringLiteral("Budget")));
     EXPECT_EQ(test->appState->selection(), SidebarItem{SidebarItem::Kind::budget});
-    EXPECT_NE(shown<EmptyStateWidget>(), nullptr);
+    EXPECT_NE(shown<BudgetWidget>(), nullptr);
     EXPECT_EQ(shown<RegisterWidget>(), nullptr);
 }
 
