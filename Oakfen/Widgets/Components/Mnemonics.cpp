@@ -2,11 +2,15 @@
 
 #include <QMap>
 #include <QSet>
+#include <QVariant>
+#include <QWidget>
 #include <vector>
 
 namespace oakfen {
 
 namespace {
+
+constexpr const char* letterlessTrait = "hasNoLetter";
 
 constexpr QChar mark = u'&';
 
@@ -149,6 +153,14 @@ QChar mnemonicOf(const QString& marked) {
         }
     }
     return {};
+}
+
+void leaveWithoutLetter(QWidget& button) {
+    button.setProperty(letterlessTrait, true);
+}
+
+bool mayHaveLetter(const QWidget& widget) {
+    return !widget.property(letterlessTrait).toBool();
 }
 
 } // namespace oakfen

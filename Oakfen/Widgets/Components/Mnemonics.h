@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+class QWidget;
+
 namespace oakfen {
 
 /// The letter of each text by which it is chosen from the keyboard, as its place in the text. No
@@ -18,5 +20,10 @@ namespace oakfen {
 [[nodiscard]] QString withoutMnemonic(const QString& marked);
 /// The marked letter, in lower case; null for none.
 [[nodiscard]] QChar mnemonicOf(const QString& marked);
+
+/// Gives the button no letter: there is one like it in each row of a list, and letters are few.
+void leaveWithoutLetter(QWidget& button);
+/// Whether a letter may lead to the widget.
+[[nodiscard]] bool mayHaveLetter(const QWidget& widget);
 
 } // namespace oakfen

@@ -6,6 +6,7 @@
 #include "Oakfen/Widgets/Components/DiscLabel.h"
 #include "Oakfen/Widgets/Components/ElidedLabel.h"
 #include "Oakfen/Widgets/Components/Figures.h"
+#include "Oakfen/Widgets/Components/Mnemonics.h"
 #include "Oakfen/Widgets/Components/MoneyLabel.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 
@@ -59,6 +60,7 @@ QPushButton* TwoLineRow::addButton(const QString& title, const QString& help) {
     button->setAutoDefault(false);
     button->setAccessibleName(title);
     button->setToolTip(help);
+    leaveWithoutLetter(*button);
     addWidget(*button);
     return button;
 }

@@ -42,7 +42,8 @@ void setText(QWidget& widget, const QString& text) {
 std::vector<QWidget*> placesIn(const QWidget& window) {
     std::vector<QWidget*> places;
     for (QWidget* each : window.findChildren<QWidget*>()) {
-        if (each->window() == &window && each->isVisible() && !textOf(*each).isEmpty()) {
+        if (each->window() == &window && each->isVisible() && mayHaveLetter(*each) &&
+            !textOf(*each).isEmpty()) {
             places.push_back(each);
         }
     }

@@ -105,7 +105,8 @@ protected:
         QStringList texts;
         for (const QAbstractButton* each : root.findChildren<QAbstractButton*>()) {
             const auto* tool = qobject_cast<const QToolButton*>(each);
-            if (tool == nullptr || tool->toolButtonStyle() != Qt::ToolButtonIconOnly) {
+            if (mayHaveLetter(*each) &&
+                (tool == nullptr || tool->toolButtonStyle() != Qt::ToolButtonIconOnly)) {
                 addVisible(*each, each->text(), texts);
             }
         }
