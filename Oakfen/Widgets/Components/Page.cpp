@@ -23,6 +23,8 @@ constexpr int detailHeight = 20;
 Page::Page(const QString& title, QWidget* parent)
     : QScrollArea(parent), title_(new QLabel), detail_(new QLabel), titleLine_(new QHBoxLayout) {
     setAccessibleName(title);
+    // By a click beside what is on it; Tab goes on to that.
+    setFocusPolicy(Qt::ClickFocus);
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
