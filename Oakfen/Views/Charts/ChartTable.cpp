@@ -147,6 +147,8 @@ ChartPoint moved(ChartPoint from, ChartMove move, const ChartTable& table) {
 ChartTooltip chartTooltip(const PlotChart& chart, std::size_t place) {
     ChartTooltip tooltip{
         .title = chart.places[place].title, .rows = {}, .notes = chart.places[place].notes};
+    // Bars of several colours have no other name where they stand.
+    const bool hasSwatches = chart.hasLegend || chart.bars.size() > 1;
     for (std::size_t index = 0; index < chart.seriesCount(); ++index) {
         const ChartSeries& series = chart.series(index);
         const ChartValue& value = chart.value(place, index);
@@ -154,7 +156,7 @@ ChartTooltip chartTooltip(const PlotChart& chart, std::size_t place) {
             tooltip.rows.push_back(
                 {.name = series.name,
                  .figure = value.text,
-                 .swatch = chart.hasLegend ? std::optional(series.color) : std::nullopt});
+                 .swatch = hasSwatches ? std::optional(series.color) : std::nullopt});
         }
     }
     return tooltip;

@@ -19,6 +19,8 @@ constexpr double leastName = 64;
 /// The most of the width that names before bars take.
 constexpr double mostNames = 0.35;
 constexpr double barDistance = 8;
+/// On both sides of a row, whose ground can be set off.
+constexpr double rowPadding = 6;
 constexpr double highestBarRow = 28;
 constexpr double highestBar = 16;
 
@@ -146,8 +148,9 @@ HorizontalBarsLayout layOut(const HorizontalBarChart& chart, const ChartRoom& ro
         low = std::min(low, bar.value.value.value_or(0));
         high = std::max(high, bar.value.value.value_or(0));
     }
-    const double left = names + barDistance;
-    const double length = std::max(0.0, room.width - left - barDistance - figures);
+    const double left = rowPadding + names + barDistance;
+    const double end = room.width - rowPadding;
+    const double length = std::max(0.0, end - left - barDistance - figures);
     const double span = high / 2 - low / 2;
     const auto along = [&](double value) {
         return span > 0 ? (value / 2 - low / 2) / span * length : 0;
@@ -160,17 +163,16 @@ HorizontalBarsLayout layOut(const HorizontalBarChart& chart, const ChartRoom& ro
         const double value = chart.bars[index].value.value.value_or(0);
         const double top = rowHeight * static_cast<double>(index);
         const double start = left + along(std::min(0.0, value));
-        const double end = left + along(std::max(0.0, value));
+        const double stop = left + along(std::max(0.0, value));
         // However small it is, there is something to see.
-        const double width = value == 0 ? 0 : std::max(1.0, end - start);
+        const double width = value == 0 ? 0 : std::max(1.0, stop - start);
         const double figure = room.textWidth(chart.bars[index].value.text);
         layout.rows.push_back(
             {.whole = {0, top, room.width, rowHeight},
-             .name = {0, top, names, rowHeight},
+             .name = {rowPadding, top, names, rowHeight},
              .bar = {start, top + (rowHeight - height) / 2, width, height},
-             .figure = {
-                 std::min(std::max(start + width, layout.zero) + barDistance, room.width - figure),
-                 top, figure, rowHeight}});
+             .figure = {std::min(std::max(start + width, layout.zero) + barDistance, end - figure),
+                        top, figure, rowHeight}});
     }
     return layout;
 }

@@ -56,9 +56,10 @@ struct PlotLayout {
     [[nodiscard]] std::optional<ChartPoint> pointAt(const ChartSpot& spot) const;
     /// The spot of a value: the outer end of its bar, or the point of its line.
     [[nodiscard]] std::optional<ChartSpot> spotOf(const ChartPoint& point) const;
-    /// Where a tooltip of that size stands: beside the place, or above the point where it is one
-    /// line; rather where it covers no line, label or mark. Within `bounds` in any case.
-    [[nodiscard]] ChartRect tooltipPlace(const ChartSpot& spot, bool isSingleLine, double width,
+    /// Where the tooltip of a value stands that has that size: beside its place and the bars there,
+    /// or above the point where it is one line; rather where it covers no line, label or mark.
+    /// Within `bounds` in any case.
+    [[nodiscard]] ChartRect tooltipPlace(const ChartPoint& point, bool isSingleLine, double width,
                                          double height, const ChartRect& bounds) const;
 };
 

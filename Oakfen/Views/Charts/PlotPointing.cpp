@@ -104,10 +104,19 @@ std::optional<ChartSpot> PlotLayout::spotOf(const ChartPoint& point) const {
     return ChartSpot{rect.x + rect.width / 2, bar->isNegative ? rect.bottom() : rect.y};
 }
 
-ChartRect PlotLayout::tooltipPlace(const ChartSpot& spot, bool isSingleLine, double width,
+ChartRect PlotLayout::tooltipPlace(const ChartPoint& point, bool isSingleLine, double width,
                                    double height, const ChartRect& bounds) const {
-    const double right = spot.x + tooltipDistance;
-    const double left = spot.x - tooltipDistance - width;
+    const double center = centers[point.place];
+    const ChartSpot spot = spotOf(point).value_or(ChartSpot{center, plot.bottom()});
+    double reach = tooltipDistance;
+    for (const auto& series : bars) {
+        if (const auto& bar = series[point.place]) {
+            const double edge = std::max(center - bar->rect.x, bar->rect.right() - center);
+            reach = std::max(reach, edge + tooltipDistance);
+        }
+    }
+    const double right = center + reach;
+    const double left = center - reach - width;
     const double above = spot.y - tooltipDistance - height;
     const double below = spot.y + tooltipDistance;
     std::vector<ChartRect> candidates;

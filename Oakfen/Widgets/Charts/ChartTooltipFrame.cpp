@@ -48,8 +48,14 @@ Line lineOf(const ChartTooltip::Row& row) {
     return {row.name, row.figure, row.swatch.has_value(), TextStyle::captionStrong};
 }
 
-Line lineOf(const ChartNote& note) {
-    return {note.title, note.amount.text, note.dot.has_value(), TextStyle::caption};
+/// The names of all notes stand below each other, also where only some have a dot.
+Line lineOf(const ChartNote& note, bool hasDots) {
+    return {note.title, note.amount.text, hasDots, TextStyle::caption};
+}
+
+bool hasDots(const ChartTooltip& tooltip) {
+    return std::any_of(tooltip.notes.begin(), tooltip.notes.end(),
+                       [](const ChartNote& note) { return note.dot.has_value(); });
 }
 
 } // namespace
@@ -83,7 +89,7 @@ QSize ChartTooltipFrame::boxSize() const {
         width = std::max(width, lineOf(row).width());
     }
     for (const ChartNote& note : tooltip_.notes) {
-        width = std::max(width, lineOf(note).width());
+        width = std::max(width, lineOf(note, hasDots(tooltip_)).width());
         ++lines;
     }
     return {width + 2 * paddingAcross,
@@ -180,7 +186,7 @@ void ChartTooltipFrame::paintRows(QPainter& painter, QRectF inside) const {
             painter.setBrush(seriesFill(*note.dot));
             painter.drawEllipse(markPlace().adjusted(1, 1, -1, -1));
         }
-        paint(lineOf(note), ThemeColor::text, themeColor(note.amount.tone));
+        paint(lineOf(note, hasDots(tooltip_)), ThemeColor::text, themeColor(note.amount.tone));
     }
 }
 

@@ -81,15 +81,13 @@ void PlotChartWidget::placeTooltip(const ChartPoint& point) {
         delete tooltip_;
         tooltip_ = new ChartTooltipFrame(ground);
     }
-    const auto found = layout_.spotOf(point);
-    const ChartSpot spot =
-        found.value_or(ChartSpot{layout_.centers[point.place], layout_.plot.bottom()});
     const ChartTooltip content = chartTooltip(chart_, point.place);
     tooltip_->setTooltip(content, layout_.plot.height);
     const QSize box = tooltip_->boxSize();
     const QPoint corner = mapTo(ground, QPoint());
     const bool fits = box.width() <= layout_.plot.width && box.height() <= layout_.plot.height;
-    const QRect all = ground->rect().translated(-corner);
+    constexpr int rim = 8;
+    const QRect all = ground->rect().adjusted(rim, rim, -rim, -rim).translated(-corner);
     const bool staysInside = fits && !content.isSingleLine();
     const ChartRect bounds =
         staysInside
@@ -97,7 +95,7 @@ void PlotChartWidget::placeTooltip(const ChartPoint& point) {
             : ChartRect{static_cast<double>(all.x()), static_cast<double>(all.y()),
                         static_cast<double>(all.width()), static_cast<double>(all.height())};
     const ChartRect place =
-        layout_.tooltipPlace(spot, content.isSingleLine(), box.width(), box.height(), bounds);
+        layout_.tooltipPlace(point, content.isSingleLine(), box.width(), box.height(), bounds);
     tooltip_->moveBox(corner + QPointF(place.x, place.y).toPoint());
     tooltip_->raise();
     tooltip_->show();

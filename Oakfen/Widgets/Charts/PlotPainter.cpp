@@ -175,11 +175,6 @@ void PlotPainter::paintShown(const ChartPoint& shown) {
         painter_.fillRect(QRectF(x, layout_.plot.y, 1, layout_.plot.height),
                           faded(Theme::color(ThemeColor::secondaryText), 0.8));
     }
-    for (std::size_t index = 0; index < layout_.lines.size(); ++index) {
-        if (const auto& spot = layout_.lines[index][shown.place]) {
-            paintDot(qt(*spot), shownRadius, chart_.lines[index].series.color);
-        }
-    }
     if (shown.series < layout_.bars.size()) {
         if (const auto& bar = layout_.bars[shown.series][shown.place]) {
             painter_.setBrush(Qt::NoBrush);
@@ -188,6 +183,19 @@ void PlotPainter::paintShown(const ChartPoint& shown) {
                                       bar->isNegative ? Qt::BottomEdge : Qt::TopEdge, barRadius)
                                   .simplified());
         }
+    }
+    const auto paintDotOf = [&](std::size_t line, double radius) {
+        if (const auto& spot = layout_.lines[line][shown.place]) {
+            paintDot(qt(*spot), radius, chart_.lines[line].series.color);
+        }
+    };
+    for (std::size_t line = 0; line < layout_.lines.size(); ++line) {
+        paintDotOf(line, layout_.bars.empty() ? shownRadius : pointRadius);
+    }
+    // The one that is meant lies on top.
+    if (shown.series >= layout_.bars.size()) {
+        const bool isOneOfSeveral = chart_.seriesCount() > 1;
+        paintDotOf(shown.series - layout_.bars.size(), shownRadius + (isOneOfSeveral ? 1 : 0));
     }
 }
 

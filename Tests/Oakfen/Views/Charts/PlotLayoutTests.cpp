@@ -217,12 +217,26 @@ TEST_F(PlotLayoutTest, aTooltipKeepsToItsBoundsAndOffItsPlace) {
             if (!spot) {
                 continue;
             }
-            const ChartRect beside = layout.tooltipPlace(*spot, false, 180, 70, all);
+            const ChartRect beside = layout.tooltipPlace({place, 0}, false, 180, 70, all);
             EXPECT_TRUE(all.holds(beside)) << sample.name;
             EXPECT_TRUE(beside.x >= spot->x + 12 || beside.right() <= spot->x - 12) << sample.name;
-            const ChartRect oneLine = layout.tooltipPlace(*spot, true, 150, 28, all);
+            const ChartRect oneLine = layout.tooltipPlace({place, 0}, true, 150, 28, all);
             EXPECT_TRUE(all.holds(oneLine)) << sample.name;
             EXPECT_FALSE(oneLine.contains(*spot)) << sample.name;
+        }
+    }
+}
+
+TEST_F(PlotLayoutTest, aTooltipCoversNoBarOfItsPlace) {
+    const PlotLayout layout =
+        layOut(barChart({Decimal(100), Decimal(200), Decimal(300)}), roomOf(600, 150));
+    const ChartRect all{0, 0, 600, 150};
+    for (std::size_t place = 0; place < 3; ++place) {
+        for (std::size_t series = 0; series < 3; ++series) {
+            const ChartRect tooltip = layout.tooltipPlace({place, series}, false, 160, 70, all);
+            EXPECT_TRUE(all.holds(tooltip));
+            EXPECT_FALSE(tooltip.overlaps(layout.bars[0][place]->rect));
+            EXPECT_FALSE(tooltip.overlaps(layout.bars[1][place]->rect));
         }
     }
 }
