@@ -18,6 +18,8 @@ constexpr double dotDistance = 8;
 constexpr double leastName = 64;
 /// The most of the width that names before bars take.
 constexpr double mostNames = 0.35;
+/// What bars keep in a narrow chart.
+constexpr double leastBars = 8;
 constexpr double barDistance = 8;
 /// On both sides of a row, whose ground can be set off.
 constexpr double rowPadding = 6;
@@ -139,9 +141,13 @@ HorizontalBarsLayout layOut(const HorizontalBarChart& chart, const ChartRoom& ro
     if (chart.bars.empty()) {
         return layout;
     }
-    const double names = std::min(widest(chart.bars, room, [](const Bar& bar) { return bar.name; }),
-                                  std::floor(room.width * mostNames));
     const double figures = widest(chart.bars, room, [](const Bar& bar) { return bar.value.text; });
+    // Names end in dots rather than that the bars lose all their room.
+    const double spare = room.width - 2 * rowPadding - 2 * barDistance - figures - leastBars;
+    const double names =
+        std::clamp(spare, 0.0,
+                   std::min(widest(chart.bars, room, [](const Bar& bar) { return bar.name; }),
+                            std::floor(room.width * mostNames)));
     double low = 0;
     double high = 0;
     for (const Bar& bar : chart.bars) {

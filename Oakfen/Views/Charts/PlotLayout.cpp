@@ -34,6 +34,9 @@ public:
     Layouter(const PlotChart& chart, const ChartRoom& room) : chart_(chart), room_(room) {}
 
     PlotLayout layout() {
+        if (hasValues()) {
+            layOutLegend();
+        }
         layOutPlot();
         if (!hasValues()) {
             // No frame without a picture.
@@ -45,7 +48,6 @@ public:
         layOutLines();
         layOutRule();
         layOutMarks();
-        layOutLegend();
         return std::move(result_);
     }
 
@@ -70,7 +72,8 @@ private:
         labels_ = labels <= room_.width * 0.4 ? labels : 0;
         const double side = chart_.lines.empty() ? 0 : dotRoom;
         const double left = std::ceil(labels_ > 0 ? labels_ + labelDistance : side);
-        const double head = chart_.hasLegend ? room_.textHeight + legendDistance : 0;
+        const auto& legend = result_.legend;
+        const double head = legend.empty() ? 0 : legend.back().name.rect.bottom() + legendDistance;
         const double top = std::ceil(head + std::max(room_.textHeight / 2, side));
         const double bottom = std::floor(room_.height - room_.textHeight - footDistance);
         result_.plot = {left, top, std::max(0.0, std::floor(room_.width - left - side)),
@@ -239,28 +242,35 @@ private:
         return best ? PlacedText{text, *best} : PlacedText{};
     }
 
+    /// The names of the series in a line at the right, or in several from the left where one has no
+    /// room for all.
     void layOutLegend() {
         if (!chart_.hasLegend) {
             return;
         }
-        double width = 0;
+        const auto widthOf = [this](std::size_t index) {
+            return swatchSize + swatchDistance + room_.textWidth(chart_.series(index).name);
+        };
+        double all = -legendGap;
         for (std::size_t index = 0; index < chart_.seriesCount(); ++index) {
-            width += (index > 0 ? legendGap : 0) + swatchSize + swatchDistance +
-                     room_.textWidth(chart_.series(index).name);
+            all += legendGap + widthOf(index);
         }
-        double left = std::max(0.0, room_.width - width);
+        double left = std::max(0.0, room_.width - all);
+        double top = 0;
         for (std::size_t index = 0; index < chart_.seriesCount(); ++index) {
-            const std::string& name = chart_.series(index).name;
-            const double start = left + swatchSize + swatchDistance;
-            const double end = std::min(room_.width, start + room_.textWidth(name));
-            if (end <= start) {
-                return;
+            if (left > 0 && left + widthOf(index) > room_.width) {
+                left = 0;
+                top += room_.textHeight;
             }
+            const double start = left + swatchSize + swatchDistance;
+            const double width = std::min(room_.textWidth(chart_.series(index).name),
+                                          std::max(0.0, room_.width - start));
             result_.legend.push_back(
                 {.series = index,
-                 .swatch = {left, (room_.textHeight - swatchSize) / 2, swatchSize, swatchSize},
-                 .name = {name, {start, 0, end - start, room_.textHeight}}});
-            left = end + legendGap;
+                 .swatch = {left, top + (room_.textHeight - swatchSize) / 2, swatchSize,
+                            swatchSize},
+                 .name = {chart_.series(index).name, {start, top, width, room_.textHeight}}});
+            left = start + width + legendGap;
         }
     }
 

@@ -99,6 +99,7 @@ TEST_F(PartsLayoutTest, horizontalBarsStandInTheirRoomNarrowAndWide) {
                 EXPECT_TRUE(all.holds(row.bar)) << sample.name << " " << row.bar.right();
                 EXPECT_TRUE(all.holds(row.figure)) << sample.name;
                 EXPECT_FALSE(row.name.overlaps(row.bar)) << sample.name;
+                EXPECT_FALSE(row.figure.overlaps(row.bar)) << sample.name;
             }
         }
     }

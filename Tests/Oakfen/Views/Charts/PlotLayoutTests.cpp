@@ -56,9 +56,15 @@ void expectSound(const PlotChart& chart, const ChartRoom& room) {
         }
         EXPECT_TRUE(!mark || mark->label.text.empty() || layout.plot.holds(mark->label.rect));
     }
+    std::vector<PlacedText> names;
     for (const auto& entry : layout.legend) {
         EXPECT_TRUE(all.holds(entry.name.rect));
+        EXPECT_FALSE(entry.name.rect.overlaps(layout.plot));
+        EXPECT_EQ(entry.name.rect.width, room.textWidth(entry.name.text));
+        names.push_back(entry.name);
     }
+    expectApart(names);
+    EXPECT_TRUE(names.empty() || names.size() == chart.seriesCount());
 }
 
 class PlotLayoutTest : public ::testing::Test {
