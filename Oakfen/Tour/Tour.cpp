@@ -136,6 +136,11 @@ void walkTheSheets(Album& album, TourStage& stage, const Account& account) {
     open(ActiveSheet::Reconcile{account.id}, "sheet-reconcile");
     open(ActiveSheet::SetCategory{someEntries(stage.store().index(), account)},
          "sheet-set-category");
+    const Library& document = stage.store().library();
+    if (!document.goals.empty()) {
+        open(ActiveSheet::Goal{document.goals.back().id}, "sheet-edit-goal");
+        open(ActiveSheet::Contribute{document.goals.back().id}, "sheet-contribute");
+    }
     open(ActiveSheet::ImportReview{std::make_shared<const ImportSession>(
              exampleStatement(stage.store().index(), account))},
          "sheet-import-review");

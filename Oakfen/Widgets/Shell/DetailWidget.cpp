@@ -6,6 +6,7 @@
 #include "Oakfen/Widgets/Components/EmptyStateWidget.h"
 #include "Oakfen/Widgets/Components/Panes.h"
 #include "Oakfen/Widgets/Dashboard/DashboardWidget.h"
+#include "Oakfen/Widgets/Goals/GoalsWidget.h"
 #include "Oakfen/Widgets/Register/RegisterWidget.h"
 
 namespace oakfen {
@@ -47,21 +48,23 @@ void DetailWidget::focusScreen() {
 }
 
 QWidget* DetailWidget::makeScreen(const DetailScreen& screen) {
-    using Kind = SidebarItem::Kind;
-    if (screen.item) {
-        switch (screen.item->kind) {
-        case Kind::account:
-            // An investment account's own screen comes later; its cash entries are shown till then.
-            return new RegisterWidget(environment_, screen.item->accountID, this);
-        case Kind::dashboard:
-            return new DashboardWidget(environment_, this);
-        case Kind::budget:
-            return new BudgetWidget(environment_, this);
-        default:
-            break;
-        }
+    if (!screen.item) {
+        return new EmptyStateWidget(placeholder(screen), this);
     }
-    return new EmptyStateWidget(placeholder(screen), this);
+    using Kind = SidebarItem::Kind;
+    switch (screen.item->kind) {
+    case Kind::account:
+        // An investment account's own screen comes later; its cash entries are shown till then.
+        return new RegisterWidget(environment_, screen.item->accountID, this);
+    case Kind::dashboard:
+        return new DashboardWidget(environment_, this);
+    case Kind::budget:
+        return new BudgetWidget(environment_, this);
+    case Kind::goals:
+        return new GoalsWidget(environment_, this);
+    default:
+        return new EmptyStateWidget(placeholder(screen), this);
+    }
 }
 
 } // namespace oakfen

@@ -1,13 +1,16 @@
 #include "Oakfen/Widgets/Shell/SheetRouter.h"
 
 #include "Oakfen/Widgets/Editors/AccountEditorDialog.h"
+#include "Oakfen/Widgets/Editors/ContributionDialog.h"
 #include "Oakfen/Widgets/Editors/EnterReminderDialog.h"
+#include "Oakfen/Widgets/Editors/GoalEditorDialog.h"
 #include "Oakfen/Widgets/Editors/ScheduledEditorDialog.h"
 #include "Oakfen/Widgets/Editors/SeveralEditorDialog.h"
 #include "Oakfen/Widgets/Editors/TransactionEditorDialog.h"
 #include "Oakfen/Widgets/Import/ImportReviewDialog.h"
 #include "Oakfen/Widgets/Reconcile/ReconcileDialog.h"
 #include "Oakfen/Widgets/Register/SetCategoryDialog.h"
+#include "OakfenCore/LibraryOperations/SavingsGoals.h"
 
 namespace oakfen {
 
@@ -53,6 +56,13 @@ struct DialogMaker {
     }
     SheetScaffold* operator()(const ActiveSheet::SetCategory& sheet) const {
         return new SetCategoryDialog(environment, sheet.ids, parent);
+    }
+    SheetScaffold* operator()(const ActiveSheet::Goal& sheet) const {
+        return new GoalEditorDialog(environment, sheet.id, parent);
+    }
+    SheetScaffold* operator()(const ActiveSheet::Contribute& sheet) const {
+        const bool isKnown = goalOf(environment.store.library(), sheet.goalID) != nullptr;
+        return isKnown ? new ContributionDialog(environment, sheet.goalID, parent) : nullptr;
     }
     template <typename Other>
     SheetScaffold* operator()(const Other& /*sheet*/) const {

@@ -41,7 +41,9 @@ const QStringList expectedPictures{
     QStringLiteral("sheet-import-review"),   QStringLiteral("sheet-reconcile"),
     QStringLiteral("sheet-new-transaction"), QStringLiteral("sheet-edit-split"),
     QStringLiteral("sheet-edit-transfer"),   QStringLiteral("sheet-set-category"),
-    QStringLiteral("panel-find"),            QStringLiteral("panel-find-small")};
+    QStringLiteral("sheet-edit-goal"),       QStringLiteral("sheet-contribute"),
+    QStringLiteral("panel-find"),
+    QStringLiteral("panel-find-small")};
 
 TEST(Tour, ShowsEveryScreenInLightAndDark) {
     const QTemporaryDir folder;

@@ -166,6 +166,8 @@ protected:
                 {ActiveSheet::Reconcile{id}},
                 {ActiveSheet::ImportReview{session}},
                 {ActiveSheet::Scheduled{}},
+                {ActiveSheet::Goal{}},
+                {ActiveSheet::Contribute{test.library().goals.front().id}},
                 {ActiveSheet::Category{}}};
     }
 
