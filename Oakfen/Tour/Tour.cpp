@@ -141,6 +141,7 @@ void walkTheSheets(Album& album, TourStage& stage, const Account& account) {
         open(ActiveSheet::Goal{document.goals.back().id}, "sheet-edit-goal");
         open(ActiveSheet::Contribute{document.goals.back().id}, "sheet-contribute");
     }
+    open(ActiveSheet::Category{}, "sheet-new-category");
     open(ActiveSheet::ImportReview{std::make_shared<const ImportSession>(
              exampleStatement(stage.store().index(), account))},
          "sheet-import-review");

@@ -24,6 +24,7 @@ void dressBudget(Cell& cell, const CategoryRow& /*row*/, const CellContext& /*co
 }
 
 void dressTotal(Cell& cell, const CategoryRow& row, const CellContext& /*context*/) {
+    cell.toolTip = "Show the entries that make it up";
     if (row.total.toCents().isZero()) {
         cell.tone = TextTone::secondary;
     }

@@ -3,6 +3,7 @@
 #include <QApplication>
 
 #include "Oakfen/Widgets/Budget/BudgetWidget.h"
+#include "Oakfen/Widgets/Categories/CategoriesWidget.h"
 #include "Oakfen/Widgets/Components/EmptyStateWidget.h"
 #include "Oakfen/Widgets/Components/Panes.h"
 #include "Oakfen/Widgets/Dashboard/DashboardWidget.h"
@@ -62,6 +63,8 @@ QWidget* DetailWidget::makeScreen(const DetailScreen& screen) {
         return new BudgetWidget(environment_, this);
     case Kind::goals:
         return new GoalsWidget(environment_, this);
+    case Kind::categories:
+        return new CategoriesWidget(environment_, this);
     default:
         return new EmptyStateWidget(placeholder(screen), this);
     }

@@ -1,6 +1,7 @@
 #include "Oakfen/Widgets/Shell/SheetRouter.h"
 
 #include "Oakfen/Widgets/Editors/AccountEditorDialog.h"
+#include "Oakfen/Widgets/Editors/CategoryEditorDialog.h"
 #include "Oakfen/Widgets/Editors/ContributionDialog.h"
 #include "Oakfen/Widgets/Editors/EnterReminderDialog.h"
 #include "Oakfen/Widgets/Editors/GoalEditorDialog.h"
@@ -63,6 +64,9 @@ struct DialogMaker {
     SheetScaffold* operator()(const ActiveSheet::Contribute& sheet) const {
         const bool isKnown = goalOf(environment.store.library(), sheet.goalID) != nullptr;
         return isKnown ? new ContributionDialog(environment, sheet.goalID, parent) : nullptr;
+    }
+    SheetScaffold* operator()(const ActiveSheet::Category& sheet) const {
+        return new CategoryEditorDialog(environment, sheet, parent);
     }
     template <typename Other>
     SheetScaffold* operator()(const Other& /*sheet*/) const {

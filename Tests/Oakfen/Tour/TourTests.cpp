@@ -42,7 +42,7 @@ const QStringList expectedPictures{
     QStringLiteral("sheet-new-transaction"), QStringLiteral("sheet-edit-split"),
     QStringLiteral("sheet-edit-transfer"),   QStringLiteral("sheet-set-category"),
     QStringLiteral("sheet-edit-goal"),       QStringLiteral("sheet-contribute"),
-    QStringLiteral("panel-find"),
+    QStringLiteral("sheet-new-category"),    QStringLiteral("panel-find"),
     QStringLiteral("panel-find-small")};
 
 TEST(Tour, ShowsEveryScreenInLightAndDark) {
