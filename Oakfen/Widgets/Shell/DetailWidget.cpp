@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "Oakfen/Widgets/Bills/BillsWidget.h"
 #include "Oakfen/Widgets/Budget/BudgetWidget.h"
 #include "Oakfen/Widgets/Categories/CategoriesWidget.h"
 #include "Oakfen/Widgets/Components/EmptyStateWidget.h"
@@ -59,6 +60,8 @@ QWidget* DetailWidget::makeScreen(const DetailScreen& screen) {
         return new RegisterWidget(environment_, screen.item->accountID, this);
     case Kind::dashboard:
         return new DashboardWidget(environment_, this);
+    case Kind::bills:
+        return new BillsWidget(environment_, this);
     case Kind::budget:
         return new BudgetWidget(environment_, this);
     case Kind::goals:
