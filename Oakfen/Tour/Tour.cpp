@@ -133,6 +133,11 @@ void walkTheSheets(Album& album, TourStage& stage, const Account& account) {
     }
     open(ActiveSheet::EditSeveral{std::make_shared<const UUIDSet>(std::move(several))},
          "sheet-edit-several");
+    open(ActiveSheet::Scheduled{}, "sheet-new-reminder");
+    if (const auto& reminders = stage.store().library().scheduled; !reminders.empty()) {
+        open(ActiveSheet::Scheduled{.id = reminders.front().id}, "sheet-edit-reminder");
+        open(ActiveSheet::EnterReminder{reminders.front().id}, "sheet-enter-reminder");
+    }
     open(ActiveSheet::Reconcile{account.id}, "sheet-reconcile");
     open(ActiveSheet::SetCategory{someEntries(stage.store().index(), account)},
          "sheet-set-category");

@@ -6,7 +6,7 @@ EnterReminderDialog::EnterReminderDialog(AppEnvironment& environment,
                                          const ScheduledTransaction& reminder, QWidget* parent)
     : EditorSheetOf(environment, std::make_unique<EnterReminderEditor>(environment, reminder),
                     parent) {
-    constexpr int sheetWidth = 400;
+    constexpr int sheetWidth = 460;
     setMinimumWidth(sheetWidth);
     form()
         .amount(tr("Amount"), editor().amount)
