@@ -24,6 +24,7 @@ std::string joined(const std::vector<std::string>& texts) {
 
 std::string spokenNotes(const std::vector<ChartNote>& notes) {
     std::vector<std::string> texts;
+    texts.reserve(notes.size());
     for (const ChartNote& note : notes) {
         texts.push_back(note.title + " " + note.amount.text);
     }
