@@ -102,10 +102,16 @@ void Theme::setText(QLabel& label, TextStyle style, ThemeColor role) {
 }
 
 void Theme::setTrait(QWidget& widget, const char* trait, const QVariant& value) {
+    if (widget.property(trait) == value) {
+        return;
+    }
     widget.setProperty(trait, value);
-    // A widget that was polished already takes up a changed property only when polished again.
-    widget.style()->unpolish(&widget);
-    widget.style()->polish(&widget);
+    // A widget that was polished already takes up a changed property only when polished again; one
+    // that wasn't is polished when it is shown.
+    if (widget.testAttribute(Qt::WA_WState_Polished)) {
+        widget.style()->unpolish(&widget);
+        widget.style()->polish(&widget);
+    }
 }
 
 bool Theme::animates() {
