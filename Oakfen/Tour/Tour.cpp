@@ -3,11 +3,13 @@
 #include <QBuffer>
 #include <QPixmap>
 #include <QScopeGuard>
+#include <QScrollBar>
 #include <QSize>
 #include <QWidget>
 #include <utility>
 
 #include "Oakfen/Tour/TourStage.h"
+#include "Oakfen/Widgets/Bills/BillsWidget.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Oakfen/Widgets/Theme/Theme.h"
 #include "Oakfen/Widgets/Theme/WindowState.h"
@@ -152,6 +154,32 @@ void walkTheSheets(Album& album, TourStage& stage, const Account& account) {
          "sheet-import-review");
 }
 
+/// Bills with what is tried out, and their end, which only scrolling brings into sight.
+void walkTheBills(Album& album, TourStage& stage) {
+    stage.appState().setSelection(SidebarItem{SidebarItem::Kind::bills});
+    auto* bills = stage.window().findChild<BillsWidget*>();
+    const Date now = stage.store().index().now();
+    bills->view().setTriesOut(true);
+    struct Tried {
+        std::string name;
+        std::int64_t cents;
+        int days;
+        Frequency frequency = Frequency::once;
+    };
+    for (const Tried& each : {Tried{"Winter holiday", -120000, 5}, Tried{"New sofa", -240000, 11},
+                              Tried{"Weekend work", 45000, 20, Frequency::monthly}}) {
+        bills->view().changeTriedEntry({.id = bills->view().addTriedEntry(),
+                                        .name = each.name,
+                                        .amount = Decimal::cents(each.cents),
+                                        .date = stage.calendar().addingDays(now, each.days),
+                                        .frequency = each.frequency});
+    }
+    album.add(stage, "screen-bills-what-if");
+    bills->view().setTriesOut(false);
+    bills->verticalScrollBar()->setValue(bills->verticalScrollBar()->maximum());
+    album.add(stage, "screen-bills-end");
+}
+
 void walkTheScreens(Album& album, const Library& document) {
     TourStage empty("");
     empty.show(Library{.currencyCode = "CAD"});
@@ -164,6 +192,7 @@ void walkTheScreens(Album& album, const Library& document) {
         const std::string name = lowercased(title(item.kind));
         album.add(stage, "screen-" + name.substr(0, name.find(' ')));
     }
+    walkTheBills(album, stage);
     int number = 0;
     for (const Account& account : document.accounts) {
         stage.appState().setSelection(SidebarItem::account(account.id));
