@@ -60,7 +60,7 @@ void BillsWidget::addUpcoming() {
     empty_ = new EmptyStateWidget(BillsView::emptyState());
     constexpr int emptyHeight = 240;
     empty_->setMinimumHeight(emptyHeight);
-    empty_->addButton(tr("New Reminder"), true, [this] { view_.newReminder(); });
+    beforeRows_ = empty_->addButton(tr("New Reminder"), true, [this] { view_.newReminder(); });
     upcoming_ = new UpcomingList(view_);
     upcoming_->keyboardMoved = [this](QWidget* widget) { follow(widget); };
     card->content()->addWidget(empty_);
@@ -98,6 +98,7 @@ void BillsWidget::refresh() {
     if (earlier == nullptr || earlier->reminders != shown_->reminders) {
         showReminders();
     }
+    reminders_->putInTabOrder(upcoming_->putInTabOrder(beforeRows_));
     fitFigures();
 }
 

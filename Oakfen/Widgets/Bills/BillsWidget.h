@@ -46,6 +46,8 @@ private:
     ProjectionCard* projection_;
     SegmentedChoice* horizon_ = nullptr;
     EmptyStateWidget* empty_ = nullptr;
+    /// What Tab comes to before the rows, if it is there.
+    QWidget* beforeRows_ = nullptr;
     UpcomingList* upcoming_ = nullptr;
     Card* reminderCard_ = nullptr;
     ReminderGrid* reminders_ = nullptr;

@@ -104,14 +104,12 @@ void ReminderGrid::showReminders(const std::vector<BillsContent::Reminder>& remi
         row->deleteLater();
     }
     place();
-    QWidget* last = previousInFocusChain();
-    while (last->focusPolicy() == Qt::NoFocus && last != this) {
-        last = last->previousInFocusChain();
-    }
+}
+
+void ReminderGrid::putInTabOrder(QWidget* after) {
     for (ReminderRow* row : rows_) {
-        row->raise();
-        setTabOrder(last, row->editButton());
-        last = row->editButton();
+        setTabOrder(after, row->editButton());
+        after = row->editButton();
     }
 }
 
@@ -147,6 +145,8 @@ void ReminderGrid::place() {
     for (ReminderRow* row : rows_) {
         row->putAt({0, top, width(), high});
         row->show();
+        // To the end of the children, for screen readers.
+        row->raise();
         top += high;
     }
     setFixedHeight(top);

@@ -50,6 +50,8 @@ public:
     explicit ReminderGrid(BillsView& view, QWidget* parent = nullptr);
 
     void showReminders(const std::vector<BillsContent::Reminder>& reminders);
+    /// Lets Tab come to the buttons as they are read, after that widget.
+    void putInTabOrder(QWidget* after);
     [[nodiscard]] const std::vector<ReminderRow*>& rows() const { return rows_; }
 
 protected:

@@ -31,7 +31,6 @@ void UpcomingList::showDays(const std::vector<BillsContent::Day>& days) {
     if (rows_ != earlierRows || counts_ != earlierCounts) {
         place();
     }
-    putInOrder();
 }
 
 void UpcomingList::showRows(const std::vector<BillsContent::Day>& days) {
@@ -92,26 +91,21 @@ void UpcomingList::place() {
         const int high = qobject_cast<DayHeading*>(line) != nullptr ? headingHeight : rowHeight;
         line->setGeometry(0, top, width(), high);
         line->show();
+        // To the end of the children.
+        line->raise();
         top += high;
     }
     setFixedHeight(top);
 }
 
-void UpcomingList::putInOrder() {
-    QWidget* last = previousInFocusChain();
-    while (last->focusPolicy() == Qt::NoFocus && last != this) {
-        last = last->previousInFocusChain();
-    }
-    for (QWidget* line : lines()) {
-        // To the end of the children.
-        line->raise();
-    }
+QWidget* UpcomingList::putInTabOrder(QWidget* after) {
     for (OccurrenceRow* row : rowsToActOn()) {
         for (const auto action : {OccurrenceRow::Action::enter, OccurrenceRow::Action::skip}) {
-            setTabOrder(last, row->button(action));
-            last = row->button(action);
+            setTabOrder(after, row->button(action));
+            after = row->button(action);
         }
     }
+    return after;
 }
 
 std::vector<OccurrenceRow*> UpcomingList::rowsToActOn() const {

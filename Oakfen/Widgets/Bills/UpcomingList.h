@@ -20,6 +20,8 @@ public:
 
     /// Shows these days. The rows of the same due dates stay the same widgets.
     void showDays(const std::vector<BillsContent::Day>& days);
+    /// Lets Tab come to the buttons as they are read, after that widget; returns the last of them.
+    QWidget* putInTabOrder(QWidget* after);
     /// From top to bottom.
     [[nodiscard]] const std::vector<OccurrenceRow*>& rows() const { return rows_; }
 
@@ -36,8 +38,7 @@ private:
     void showHeadings(const std::vector<BillsContent::Day>& days);
     /// Headings and rows as they are read.
     [[nodiscard]] std::vector<QWidget*> lines() const;
-    /// Lets Tab and screen readers come to the lines as they are read.
-    void putInOrder();
+    /// Also lets screen readers come to the lines as they are read.
     void place();
     void act(const OccurrenceRow& row, OccurrenceRow::Action action);
     [[nodiscard]] std::vector<OccurrenceRow*> rowsToActOn() const;

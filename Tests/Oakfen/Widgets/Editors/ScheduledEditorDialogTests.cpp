@@ -77,6 +77,7 @@ TEST_F(ReminderSheet, CreatesABillFromWhatIsTyped) {
     open({});
     EXPECT_FALSE(dialog->primaryButton()->isEnabled());
     QTest::keyClicks(named<QLineEdit>("Payee"), QStringLiteral("Rent"));
+    named<AmountField>("Amount")->selectAll();
     QTest::keyClicks(named<AmountField>("Amount"), QStringLiteral("1200"));
     EXPECT_TRUE(dialog->primaryButton()->isEnabled());
     save();
