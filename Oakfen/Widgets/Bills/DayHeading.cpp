@@ -14,8 +14,12 @@ DayHeading::DayHeading(QWidget* parent) : QLabel(parent) {
 }
 
 void DayHeading::showDay(const BillsContent::Day& day) {
+    const QString relative = qt(day.relative);
+    if (text() == qt(day.title) && relative_ == relative && isOverdue_ == day.isOverdue) {
+        return;
+    }
     isOverdue_ = day.isOverdue;
-    relative_ = qt(day.relative);
+    relative_ = relative;
     setText(qt(day.title));
     setAccessibleName(relative_.isEmpty() ? text() : text() + QStringLiteral(", ") + relative_);
     Theme::setText(*this, TextStyle::captionStrong,

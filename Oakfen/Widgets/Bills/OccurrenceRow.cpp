@@ -6,6 +6,7 @@
 
 #include "Oakfen/Widgets/Components/DiscLabel.h"
 #include "Oakfen/Widgets/Components/Figures.h"
+#include "Oakfen/Widgets/Components/Mnemonics.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 
 namespace oakfen {
@@ -80,6 +81,7 @@ QPushButton* OccurrenceRow::makeButton(const QString& title, const QString& help
     Theme::setTrait(*button, "small");
     button->setAutoDefault(false);
     button->setToolTip(help);
+    leaveWithoutLetter(*button);
     connect(button, &QPushButton::clicked, this, [this, action] { acted(*this, action); });
     return button;
 }

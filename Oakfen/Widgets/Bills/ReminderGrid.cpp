@@ -7,6 +7,7 @@
 #include <map>
 
 #include "Oakfen/Widgets/Components/Figures.h"
+#include "Oakfen/Widgets/Components/Mnemonics.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 
 namespace oakfen {
@@ -35,6 +36,7 @@ ReminderRow::ReminderRow(const ReminderColumns& columns, QWidget* parent)
     Theme::setTrait(*edit_, "link");
     edit_->setAutoDefault(false);
     edit_->setToolTip(tr("Change or delete the reminder"));
+    leaveWithoutLetter(*edit_);
 }
 
 void ReminderRow::showContent(const BillsContent::Reminder& content) {
