@@ -143,12 +143,22 @@ QLayout* GoalCardWidget::makeHead() {
 }
 
 QLayout* GoalCardWidget::makeFigures() {
+    // The larger figure reaches further below the line that all three stand on.
+    const auto below = [](TextStyle style) { return QFontMetrics(Theme::font(style)).descent(); };
+    const int lift = below(TextStyle::figure) - below(TextStyle::body);
     auto* figures = new QHBoxLayout;
     figures->setSpacing(Theme::grid);
-    figures->addWidget(saved_, 0, Qt::AlignBottom);
-    figures->addWidget(target_, 0, Qt::AlignBottom);
+    const auto add = [&](MoneyLabel* figure, int lifted) {
+        auto* place = new QVBoxLayout;
+        place->addStretch(1);
+        place->addWidget(figure);
+        place->addSpacing(lifted);
+        figures->addLayout(place);
+    };
+    add(saved_, 0);
+    add(target_, lift);
     figures->addStretch(1);
-    figures->addWidget(percent_, 0, Qt::AlignBottom);
+    add(percent_, lift);
     percent_->setAlignment(Qt::AlignRight);
     return figures;
 }
