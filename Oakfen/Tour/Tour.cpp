@@ -157,7 +157,8 @@ void walkTheSheets(Album& album, TourStage& stage, const Account& account) {
 /// Bills with what is tried out, and their end, which only scrolling brings into sight.
 void walkTheBills(Album& album, TourStage& stage) {
     stage.appState().setSelection(SidebarItem{SidebarItem::Kind::bills});
-    auto* bills = stage.window().findChild<BillsWidget*>();
+    // The one that was shown before may not have gone yet.
+    auto* bills = stage.window().findChildren<BillsWidget*>().last();
     const Date now = stage.store().index().now();
     bills->view().setTriesOut(true);
     struct Tried {

@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QSignalBlocker>
 
 #include "Oakfen/Widgets/Bills/SwitchButton.h"
 #include "Oakfen/Widgets/Charts/PlotChartWidget.h"
@@ -70,6 +71,8 @@ void ProjectionCard::showProjection(const BillsContent::Projection& projection) 
     chart_->setChart(projection.chart);
     whatIf_->setVisible(projection.triesOut && projection.accountID);
     triesOut_->setEnabled(projection.accountID.has_value());
+    const QSignalBlocker blocker(triesOut_);
+    triesOut_->setChecked(projection.triesOut);
     whatIf_->showProjection(projection);
 }
 
