@@ -49,6 +49,9 @@ Page::Page(const QString& title, QWidget* parent)
     title_->setTextFormat(Qt::PlainText);
     title_->setMinimumHeight(titleHeight);
     Theme::setText(*title_, TextStyle::title);
+    for (QLabel* label : {title_, detail_}) {
+        label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    }
     detail_->setTextFormat(Qt::PlainText);
     detail_->setMinimumHeight(detailHeight);
     Theme::setText(*detail_, TextStyle::caption, ThemeColor::secondaryText);

@@ -82,6 +82,7 @@ BudgetPart::BudgetPart(DashboardView& view, Card& card)
     head_->line()->addStretch(1);
     head_->line()->addWidget(percent_);
     rows_->setPlain();
+    rows_->spread();
     card.content()->setSpacing(Theme::grid / 2);
     card.content()->addWidget(head_);
     card.content()->addWidget(bar_);

@@ -43,9 +43,18 @@ void CardRows::setColumnCount(int count) {
     }
 }
 
-std::size_t CardRows::rowsInColumn() const {
+std::vector<CardRows::Place> CardRows::places() const {
     const auto columns = static_cast<std::size_t>(columnCount_);
-    return (rows_.size() + columns - 1) / columns;
+    std::vector<Place> places;
+    for (std::size_t column = 0; column < columns; ++column) {
+        // The first columns have one more where they can't all have as many.
+        const std::size_t count =
+            (rows_.size() / columns) + (column < rows_.size() % columns ? 1 : 0);
+        for (std::size_t row = 0; row < count; ++row) {
+            places.push_back({static_cast<int>(row), static_cast<int>(column), row + 1 == count});
+        }
+    }
+    return places;
 }
 
 void CardRows::place() {
@@ -63,13 +72,13 @@ void CardRows::place() {
     if (rows_.empty()) {
         grid_->addWidget(empty_, 0, 0, 1, columnCount_, Qt::AlignTop);
     }
+    const std::vector<Place> places = this->places();
     for (std::size_t index = 0; index < rows_.size(); ++index) {
-        const int column = static_cast<int>(index / rowsInColumn());
-        grid_->addWidget(rows_[index], static_cast<int>(index % rowsInColumn()), column);
+        grid_->addWidget(rows_[index], places[index].row, places[index].column);
         rows_[index]->show();
-        grid_->setColumnStretch(column, 1);
+        grid_->setRowStretch(places[index].row, areSpread_ ? 1 : 0);
     }
-    grid_->setRowStretch(static_cast<int>(rows_.size()) + 1, 1);
+    grid_->setRowStretch(static_cast<int>(rows_.size()) + 1, areSpread_ ? 0 : 1);
     update();
 }
 
@@ -81,8 +90,9 @@ void CardRows::paintEvent(QPaintEvent* /*event*/) {
     QColor line = Theme::color(ThemeColor::border);
     line.setAlphaF(0.6F);
     painter.setPen(line);
-    for (std::size_t index = 0; index + 1 < rows_.size(); ++index) {
-        if ((index + 1) % rowsInColumn() != 0) {
+    const std::vector<Place> places = this->places();
+    for (std::size_t index = 0; index < rows_.size(); ++index) {
+        if (!places[index].isLast) {
             const QRect row = rows_[index]->geometry();
             painter.drawLine(row.left(), row.bottom(), row.right(), row.bottom());
         }

@@ -23,6 +23,8 @@ public:
     [[nodiscard]] const std::vector<QWidget*>& rows() const { return rows_; }
     /// Leaves the lines between the rows out.
     void setPlain() { hasLines_ = false; }
+    /// Gives the rows what room there is instead of leaving it below them.
+    void spread() { areSpread_ = true; }
     void setColumnCount(int count);
 
 protected:
@@ -30,13 +32,20 @@ protected:
 
 private:
     void place();
-    [[nodiscard]] std::size_t rowsInColumn() const;
+    /// Where a row stands in the grid.
+    struct Place {
+        int row = 0;
+        int column = 0;
+        bool isLast = false;
+    };
+    [[nodiscard]] std::vector<Place> places() const;
 
     QGridLayout* grid_;
     QLabel* empty_;
     std::vector<QWidget*> rows_;
     int columnCount_ = 1;
     bool hasLines_ = true;
+    bool areSpread_ = false;
 };
 
 } // namespace oakfen

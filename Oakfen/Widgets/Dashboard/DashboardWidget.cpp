@@ -132,7 +132,8 @@ void DashboardWidget::showSteps() {
         connect(button, &QAbstractButton::clicked, this, step.perform);
         line->addWidget(button, 1);
     }
-    recent_->content()->addWidget(steps_);
+    // Right below the title: nothing else has anything to tell yet.
+    column()->insertWidget(1, steps_);
 }
 
 void DashboardWidget::flowRecentTransactions() {
