@@ -1,15 +1,13 @@
 #include "Oakfen/Tour/Tour.h"
 
-#include <QBuffer>
-#include <QPixmap>
 #include <QScopeGuard>
-#include <QScrollBar>
 #include <QSize>
 #include <QWidget>
 #include <utility>
 
+#include "Oakfen/Tour/Album.h"
+#include "Oakfen/Tour/PlanningTour.h"
 #include "Oakfen/Tour/TourStage.h"
-#include "Oakfen/Widgets/Bills/BillsWidget.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Oakfen/Widgets/Theme/Theme.h"
 #include "Oakfen/Widgets/Theme/WindowState.h"
@@ -22,31 +20,6 @@
 namespace oakfen {
 
 namespace {
-
-/// About the smallest that the window can be made on a usual screen.
-constexpr QSize smallSize(980, 650);
-
-/// Numbers the pictures in the order of the walk and writes them.
-class Album {
-public:
-    explicit Album(std::string folder) : folder_(std::move(folder)) {}
-
-    void add(TourStage& stage, const std::string& name) {
-        const QPixmap picture = stage.picture();
-        QByteArray bytes;
-        QBuffer buffer(&bytes);
-        buffer.open(QIODevice::WriteOnly);
-        // Little compression: it takes longer than all the drawing.
-        picture.save(&buffer, "PNG", 80);
-        const std::string path =
-            folder_ + "/" + name + (Theme::isDark() ? "-dark" : "-light") + ".png";
-        writeOwnerOnly(systemFiles(), {bytes.constData(), static_cast<std::size_t>(bytes.size())},
-                       path);
-    }
-
-private:
-    std::string folder_;
-};
 
 /// A statement whose first lines the account has already.
 ImportSession exampleStatement(const LibraryIndex& index, const Account& account) {
@@ -154,33 +127,6 @@ void walkTheSheets(Album& album, TourStage& stage, const Account& account) {
          "sheet-import-review");
 }
 
-/// Bills with what is tried out, and their end, which only scrolling brings into sight.
-void walkTheBills(Album& album, TourStage& stage) {
-    stage.appState().setSelection(SidebarItem{SidebarItem::Kind::bills});
-    // The one that was shown before may not have gone yet.
-    auto* bills = stage.window().findChildren<BillsWidget*>().last();
-    const Date now = stage.store().index().now();
-    bills->view().setTriesOut(true);
-    struct Tried {
-        std::string name;
-        std::int64_t cents;
-        int days;
-        Frequency frequency = Frequency::once;
-    };
-    for (const Tried& each : {Tried{"Winter holiday", -120000, 5}, Tried{"New sofa", -240000, 11},
-                              Tried{"Weekend work", 45000, 20, Frequency::monthly}}) {
-        bills->view().changeTriedEntry({.id = bills->view().addTriedEntry(),
-                                        .name = each.name,
-                                        .amount = Decimal::cents(each.cents),
-                                        .date = stage.calendar().addingDays(now, each.days),
-                                        .frequency = each.frequency});
-    }
-    album.add(stage, "screen-bills-what-if");
-    bills->view().setTriesOut(false);
-    bills->verticalScrollBar()->setValue(bills->verticalScrollBar()->maximum());
-    album.add(stage, "screen-bills-end");
-}
-
 void walkTheScreens(Album& album, const Library& document) {
     TourStage empty("");
     empty.show(Library{.currencyCode = "CAD"});
@@ -193,7 +139,7 @@ void walkTheScreens(Album& album, const Library& document) {
         const std::string name = lowercased(title(item.kind));
         album.add(stage, "screen-" + name.substr(0, name.find(' ')));
     }
-    walkTheBills(album, stage);
+    walkThePlans(album, stage);
     int number = 0;
     for (const Account& account : document.accounts) {
         stage.appState().setSelection(SidebarItem::account(account.id));
@@ -237,6 +183,7 @@ void renderTour(const std::string& folder, const std::optional<std::string>& fil
         Theme::setDark(dark);
         walkTheGate(album);
         walkTheScreens(album, document);
+        walkTheStatesOfPlans(album, document);
     }
 }
 

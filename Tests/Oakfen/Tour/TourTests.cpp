@@ -43,7 +43,11 @@ const QStringList expectedPictures{
     QStringLiteral("sheet-edit-transfer"),   QStringLiteral("sheet-set-category"),
     QStringLiteral("sheet-edit-goal"),       QStringLiteral("sheet-contribute"),
     QStringLiteral("sheet-new-category"),    QStringLiteral("panel-find"),
-    QStringLiteral("panel-find-small")};
+    QStringLiteral("panel-find-small"),      QStringLiteral("panel-lines"),
+    QStringLiteral("screen-bills-what-if"),  QStringLiteral("screen-budget-edit"),
+    QStringLiteral("screen-dashboard-end"),  QStringLiteral("empty-bills"),
+    QStringLiteral("one-account-dashboard"), QStringLiteral("many-categories-budget"),
+    QStringLiteral("many-reminders-bills")};
 
 TEST(Tour, ShowsEveryScreenInLightAndDark) {
     const QTemporaryDir folder;
