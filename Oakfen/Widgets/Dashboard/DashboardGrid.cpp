@@ -36,7 +36,7 @@ int widthOf(int width, int columns) {
 
 DashboardGrid::DashboardGrid(const std::array<QWidget*, cardCount>& cards, QWidget* parent)
     : QWidget(parent), cards_(cards) {
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     for (QWidget* card : cards_) {
