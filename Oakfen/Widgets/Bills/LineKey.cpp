@@ -11,6 +11,8 @@ namespace oakfen {
 namespace {
 
 constexpr int sampleWidth = 20;
+/// The figures end where the amounts beneath them do, before the buttons there.
+constexpr int endGap = 26;
 
 } // namespace
 
@@ -49,10 +51,10 @@ void LineKey::paintEvent(QPaintEvent* /*event*/) {
     if (lowest_.isEmpty()) {
         return;
     }
-    drawFigures(painter, rect(), lowest_);
+    drawFigures(painter, rect().adjusted(0, 0, -endGap, 0), lowest_);
     const int figure = static_cast<int>(std::ceil(figureWidth(painter.font(), lowest_)));
     painter.setPen(Theme::color(ThemeColor::secondaryText));
-    painter.drawText(QRect(0, 0, width() - figure - (2 * Theme::grid), height()),
+    painter.drawText(QRect(0, 0, width() - endGap - figure - (2 * Theme::grid), height()),
                      Qt::AlignRight | Qt::AlignVCenter, tr("Lowest"));
 }
 

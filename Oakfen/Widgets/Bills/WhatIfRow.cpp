@@ -25,6 +25,8 @@ constexpr int rowHeight = 28;
 constexpr int dayWidth = 56;
 constexpr int frequencyWidth = 68;
 constexpr int removeSize = 22;
+/// What most amounts need, so that the days stand under each other.
+constexpr int usualAmountWidth = 84;
 
 } // namespace
 
@@ -53,12 +55,15 @@ void WhatIfLine::paintEvent(QPaintEvent* /*event*/) {
     if (underMouse()) {
         painter.fillRect(rect(), Theme::color(ThemeColor::surfaceRaised));
     }
+    QColor hairline = Theme::color(ThemeColor::border);
+    hairline.setAlphaF(0.6F);
+    painter.fillRect(0, 0, width(), 1, hairline);
     painter.setFont(Theme::font(TextStyle::body));
     painter.setPen(Theme::color(ThemeColor::text));
     const QString amount = qt(content_.amount.text);
     drawFigures(painter, rect(), amount);
-    int right =
-        width() - static_cast<int>(std::ceil(figureWidth(painter.font(), amount))) - Theme::grid;
+    const int amountWidth = static_cast<int>(std::ceil(figureWidth(painter.font(), amount)));
+    int right = width() - std::max(amountWidth + Theme::grid, usualAmountWidth);
     painter.setFont(Theme::font(TextStyle::caption));
     painter.setPen(Theme::color(ThemeColor::secondaryText));
     const auto write = [&](const QString& text, int wide) {
