@@ -49,7 +49,8 @@ const Columns<BudgetRow>& budgetColumns() {
     static const Columns<Row> columns{
         {.head = {.id = "category",
                   .title = "Category",
-                  .width = 260,
+                  .width = 230,
+                  .least = 215,
                   .stretches = true,
                   .isSearched = true},
          .value =
@@ -64,7 +65,7 @@ const Columns<BudgetRow>& budgetColumns() {
         {.head = {.id = "remaining", .title = "Remaining", .width = 112},
          .value = BudgetColumn::Money{[](const Row& row) { return row.line.remaining(); }},
          .dress = dressRemaining},
-        {.head = {.id = "progress", .title = "Progress", .width = 160, .least = 110},
+        {.head = {.id = "progress", .title = "Progress", .width = 160, .least = 80},
          .value = BudgetColumn::Composed{[](const Row& row) {
              return percentText(row.line.fraction());
          }},

@@ -91,8 +91,8 @@ void BudgetDelegate::paintCategory(QPainter& painter, QStyleOptionViewItem optio
                                    const QModelIndex& index) const {
     option.rect.adjust(firstIndent, 0, 0, 0);
     if (edited_.isValid() && index.row() == edited_.row()) {
-        QRect place = option.rect.adjusted(LedgerDelegate::margin, 0, -gap, 0);
-        place.setRight(std::min(place.right(), fieldLeft_ - (3 * Theme::grid)));
+        QRect place = option.rect.adjusted(LedgerDelegate::margin, 0, -Theme::grid, 0);
+        place.setRight(std::min(place.right(), fieldLeft_ - gap));
         const QString name = index.data().toString();
         const int taken =
             paintHints(painter, place, QFontMetrics(option.font).horizontalAdvance(name));
@@ -116,12 +116,13 @@ int BudgetDelegate::paintHints(QPainter& painter, const QRect& place, int nameWi
         inOneLine += each + gap;
     }
     QRect rest = place;
-    if (inOneLine + nameWidth <= place.width()) {
+    if (inOneLine + nameWidth + Theme::grid <= place.width()) {
+        rest.setRight(rest.right() - Theme::grid);
         for (auto hint = hints_.rbegin(); hint != hints_.rend(); ++hint) {
             drawHint(painter, rest, *hint, caption, figure);
             rest.setRight(rest.right() - widthOf(*hint, caption, figure) - gap);
         }
-        return inOneLine;
+        return inOneLine + Theme::grid;
     }
     // One above the other, in letters small enough for a row.
     const QFont small = Theme::font(TextStyle::axis);
@@ -133,7 +134,7 @@ int BudgetDelegate::paintHints(QPainter& painter, const QRect& place, int nameWi
         rest.translate(0, rest.height());
     }
     const std::vector<int> stacked = widths(small, smallFigure);
-    return stacked.empty() ? 0 : *std::ranges::max_element(stacked) + gap;
+    return stacked.empty() ? 0 : *std::ranges::max_element(stacked);
 }
 
 void BudgetDelegate::paintBudget(QPainter& painter, const QStyleOptionViewItem& option,

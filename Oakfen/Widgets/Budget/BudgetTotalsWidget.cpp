@@ -22,7 +22,7 @@ constexpr int barHeight = 6;
 } // namespace
 
 BudgetTotalsWidget::BudgetTotalsWidget(BudgetView& view, QWidget* parent) : QWidget(parent) {
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     income_ = addTotals(view, tr("Income"), CategoryKind::income);

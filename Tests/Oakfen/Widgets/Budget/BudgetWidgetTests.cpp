@@ -231,18 +231,26 @@ TEST_F(BudgetWidgetTest, TabFollowsTheOrderOfReading) {
                                                 "Spending", "Income"}));
 }
 
-TEST_F(BudgetWidgetTest, PutsTheTotalsOneBeneathTheOtherInANarrowWindow) {
-    const auto top = [this](int each) {
-        const auto metrics = screen->findChildren<MetricButton*>();
-        return metrics[each]->mapTo(screen, QPoint()).y();
-    };
-    window->resize(1280, 820);
-    settle();
-    EXPECT_EQ(top(0), top(1));
-    EXPECT_EQ(screen->horizontalScrollBar()->maximum(), 0);
-    window->resize(980, 620);
-    settle();
-    EXPECT_EQ(screen->horizontalScrollBar()->maximum(), 0);
+TEST_F(BudgetWidgetTest, ShowsAllOfItsFiguresInTheSmallestWindow) {
+    enter(pay, day(2026, 3, 4), "1234567.89");
+    const auto* totals = screen->findChild<MetricButton*>()->parentWidget()->parentWidget();
+    const auto cards = totals->findChildren<QWidget*>(QStringLiteral("Card"));
+    ASSERT_EQ(cards.size(), 3);
+    for (const QSize size : {QSize(1280, 820), QSize(980, 620), QSize(1280, 820)}) {
+        window->resize(size);
+        for (int layout = 0; layout < 5; ++layout) {
+            settle();
+        }
+        const bool isWide = size.width() > 1000;
+        EXPECT_EQ(cards[2]->y() == cards[0]->y(), isWide);
+        for (const QWidget* card : cards) {
+            EXPECT_TRUE(totals->rect().contains(card->geometry()));
+            EXPECT_GE(card->width(), card->minimumSizeHint().width());
+        }
+        EXPECT_EQ(totals->height(), cards[2]->geometry().bottom() + 1);
+        EXPECT_EQ(screen->horizontalScrollBar()->maximum(), 0);
+        EXPECT_EQ(table()->horizontalScrollBar()->maximum(), 0);
+    }
 }
 
 } // namespace
