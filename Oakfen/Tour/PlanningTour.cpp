@@ -23,6 +23,12 @@ using Kind = SidebarItem::Kind;
 /// Three columns of cards have room.
 constexpr QSize wideSize(1720, 1060);
 
+/// The screen of that kind; one that was shown before may not have gone yet.
+template <typename Widget>
+Widget* shown(TourStage& stage) {
+    return stage.window().findChildren<Widget*>().last();
+}
+
 void showEnd(TourStage& stage, QScrollArea& page) {
     // Once it is laid out.
     static_cast<void>(stage.picture());
@@ -32,8 +38,7 @@ void showEnd(TourStage& stage, QScrollArea& page) {
 /// Bills with what is tried out, and their end, which only scrolling brings into sight.
 void walkTheBills(const Album& album, TourStage& stage) {
     stage.appState().setSelection(SidebarItem{SidebarItem::Kind::bills});
-    // The one that was shown before may not have gone yet.
-    auto* bills = stage.window().findChildren<BillsWidget*>().last();
+    auto* bills = shown<BillsWidget>(stage);
     const Date now = stage.store().index().now();
     bills->view().setTriesOut(true);
     struct Tried {
@@ -65,13 +70,13 @@ void walkTheDashboard(const Album& album, TourStage& stage) {
     album.add(stage, "screen-dashboard-small");
     stage.window().resize(usualSize);
     album.add(stage, "screen-dashboard");
-    showEnd(stage, *stage.window().findChild<DashboardWidget*>());
+    showEnd(stage, *shown<DashboardWidget>(stage));
     album.add(stage, "screen-dashboard-end");
 }
 
 void walkTheBudget(const Album& album, TourStage& stage) {
     stage.appState().setSelection(SidebarItem{Kind::budget});
-    auto* budget = stage.window().findChild<BudgetWidget*>();
+    auto* budget = shown<BudgetWidget>(stage);
     album.add(stage, "screen-budget");
     auto* table = budget->findChild<QTableView*>();
     constexpr int editedRow = 11;
@@ -79,7 +84,7 @@ void walkTheBudget(const Album& album, TourStage& stage) {
     album.add(stage, "screen-budget-edit");
     stage.appState().setSelection(SidebarItem{Kind::dashboard});
     stage.appState().setSelection(SidebarItem{Kind::budget});
-    stage.window().findChild<BudgetWidget*>()->view().showEntries(CategoryKind::expense);
+    shown<BudgetWidget>(stage)->view().showEntries(CategoryKind::expense);
     album.add(stage, "panel-lines");
     stage.appState().setSelection(SidebarItem{Kind::dashboard});
 }

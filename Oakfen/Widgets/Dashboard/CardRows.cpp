@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPainter>
+#include <algorithm>
 
 #include "Oakfen/Widgets/Theme/Theme.h"
 
@@ -66,7 +67,7 @@ void CardRows::place() {
     for (int row = 0; row < grid_->rowCount(); ++row) {
         grid_->setRowStretch(row, 0);
     }
-    for (int column = 0; column < grid_->columnCount(); ++column) {
+    for (int column = 0; column < std::max(grid_->columnCount(), columnCount_); ++column) {
         grid_->setColumnStretch(column, column < columnCount_ ? 1 : 0);
     }
     if (rows_.empty()) {
