@@ -2,9 +2,6 @@
 
 #include <algorithm>
 #include <unordered_map>
-
-#include "OakfenCore/LibraryIndex/PeriodTotals.h"
-
 namespace oakfen {
 
 namespace {
@@ -100,15 +97,15 @@ FigureLines spendingLines(const LibraryIndex& index, const std::optional<UUID>& 
             .reach = FigureLines::Reach::fromRoot};
 }
 
-FigureLines cashFlowLines(const LibraryIndex& index, FigureLines::Side side, Date month,
-                          const DateInterval& interval, const Calendar& calendar) {
-    const DateInterval range = clamp(index, interval);
+FigureLines cashFlowLines(FigureLines::Side side, Date month, const DateInterval& interval,
+                          const Calendar& calendar) {
+    // Not narrowed to what the ledger covers, since the next entry may lie beyond that.
     const bool isIncome = side == FigureLines::Side::income;
-    return {
-        .title = isIncome ? "Income" : "Spending",
-        .interval = {std::max(month, range.start), std::min(calendar.endOfMonth(month), range.end)},
-        .side = side,
-        .isOfSpending = !isIncome};
+    return {.title = isIncome ? "Income" : "Spending",
+            .interval = {std::max(month, interval.start),
+                         std::min(calendar.endOfMonth(month), interval.end)},
+            .side = side,
+            .isOfSpending = !isIncome};
 }
 
 } // namespace oakfen

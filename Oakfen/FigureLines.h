@@ -59,8 +59,7 @@ void forEachLineOf(const FigureLines& figure, const LibraryIndex& index,
                                         const std::optional<UUID>& rootID,
                                         const DateInterval& interval);
 /// The income or the spending of a month of `cashFlow` over the interval.
-[[nodiscard]] FigureLines cashFlowLines(const LibraryIndex& index, FigureLines::Side side,
-                                        Date month, const DateInterval& interval,
-                                        const Calendar& calendar);
+[[nodiscard]] FigureLines cashFlowLines(FigureLines::Side side, Date month,
+                                        const DateInterval& interval, const Calendar& calendar);
 
 } // namespace oakfen

@@ -1,6 +1,7 @@
 // The cards that sum up months: net worth, cash flow, spending and budget.
 #include <algorithm>
 
+#include "Oakfen/Views/Components/Components.h"
 #include "Oakfen/Views/Dashboard/DashboardContent.h"
 #include "OakfenCore/LibraryIndex/NetWorthSeries.h"
 #include "OakfenCore/LibraryIndex/PeriodTotals.h"
@@ -103,8 +104,7 @@ CashFlowCard cashFlowCard(const DashboardSource& source) {
         income.push_back(month.income);
         spending.push_back(month.expenses);
         const auto linesOf = [&](FigureLines::Side side) {
-            FigureLines lines =
-                cashFlowLines(source.index, side, month.month, period, source.calendar);
+            FigureLines lines = cashFlowLines(side, month.month, period, source.calendar);
             lines.detail = "Cash flow · " + chart.places.back().title;
             return lines;
         };
@@ -159,7 +159,7 @@ BudgetSummaryCard budgetSummaryCard(const DashboardSource& source) {
         }
         card.rows.push_back(
             {.categoryID = each.category->id,
-             .name = each.category->name,
+             .name = singleLine(each.category->name),
              .left = moneyText(each.budget - each.actual, source.currencyCode),
              .fraction = each.fraction.doubleValue(),
              .lines = actualLines(source.index, each.category->id, thisMonth(source), false)});

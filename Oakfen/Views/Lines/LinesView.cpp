@@ -18,6 +18,15 @@ bool areOfOneCategory(const std::vector<FigureRow>& rows) {
         rows, [&](const FigureRow& row) { return row.categoryName == rows.front().categoryName; });
 }
 
+/// A split entry may have several lines.
+std::size_t entryCount(const std::vector<FigureRow>& rows) {
+    UUIDSet ids;
+    for (const FigureRow& row : rows) {
+        ids.insert(row.entryID);
+    }
+    return ids.size();
+}
+
 } // namespace
 
 std::optional<EmptyState> LinesContent::emptyState() const {
@@ -102,16 +111,17 @@ LinesContent LinesView::derive(const LinesContent* earlier) const {
     for (const FigureRow& row : lines->rows) {
         order.push_back(&row);
     }
+    // Once all lines are of one category there is no column of categories to sort by.
+    const bool isSortable = columnNamed(columns, sort_.column) != nullptr;
+    const TableOrder sort = isSortable ? sort_ : TableOrder();
     // Lines come by account; those of one day stay so.
-    if (const auto* column = columnNamed(columns, sort_.column)) {
-        sorter_.sort(order, *column, sort_.ascending);
-    }
+    sorter_.sort(order, *columnNamed(columns, sort.column), sort.ascending);
     const Decimal total = sum(lines->rows, [](const FigureRow& row) { return row.amount; });
-    const std::size_t count = order.size();
+    const std::size_t count = entryCount(lines->rows);
     auto reaches = reachesOf<FigureRow>(columns, lines->rows);
     auto table = std::make_shared<const Table<FigureRow>>(
         columns, std::move(order), std::move(lines), std::move(reaches), cellContext());
-    return {.sort = sort_,
+    return {.sort = sort,
             .table = keepingEqual(earlier != nullptr ? earlier->table : nullptr, std::move(table)),
             .count = countText(count) + (count == 1 ? " entry" : " entries"),
             .total = moneyText(total, environment_.currencyCode())};

@@ -148,10 +148,32 @@ TEST_F(DashboardViewTest, LeadsToTheScreenBehindACard) {
     EXPECT_EQ(test.appState->selection(), SidebarItem{SidebarItem::Kind::budget});
 }
 
+TEST_F(DashboardViewTest, MarksWhatIsUpcomingByWhatItIs) {
+    remind(day(2026, 3, 16), "-1", "bill");
+    remind(day(2026, 3, 16), "1", "income");
+    edit([](Library& library) {
+        ScheduledTransaction transfer = library.scheduled[0];
+        transfer.id = UUID::random();
+        transfer.payee = "transfer";
+        transfer.transferAccountID = UUID::random();
+        transfer.accountID = UUID::random();
+        library.scheduled.push_back(transfer);
+    });
+    const auto& rows = shown().upcoming.rows;
+    ASSERT_EQ(rows.size(), 3U);
+    // Of one instant in the document's order.
+    EXPECT_EQ(rows[0].payee, "bill");
+    EXPECT_EQ(rows[0].mark.symbolName, "arrow.up.circle.fill");
+    EXPECT_EQ(rows[1].mark.symbolName, "arrow.down.circle.fill");
+    EXPECT_EQ(rows[2].mark.symbolName, "arrow.left.arrow.right.circle.fill");
+    EXPECT_EQ(rows[2].detail, "Tomorrow");
+}
+
 TEST_F(DashboardViewTest, LeavesTheCardsAloneThatAnEditDoesNotTouch) {
     const UUID food = addCategory("Food");
     enter(day(2026, 3, 1), "-20", food);
     const auto before = view.content();
+    test.clock.set(day(2026, 3, 15, 13));
     remind(day(2026, 3, 16), "-900");
     const auto after = view.content();
     EXPECT_EQ(before->netWorth, after->netWorth);

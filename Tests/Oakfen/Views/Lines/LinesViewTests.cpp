@@ -4,6 +4,7 @@
 
 #include "OakfenCore/LibraryIndex/PeriodTotals.h"
 #include "OakfenCore/LibraryOperations/Transactions.h"
+#include "OakfenCore/Models/Money.h"
 #include "Tests/Generators/RandomLibrary.h"
 #include "Tests/Support/LocaleForTest.h"
 #include "Tests/Support/TestEnvironment.h"
@@ -121,6 +122,37 @@ TEST_F(LinesOfAFigure, LeadToTheRegisterOfTheEntrysAccount) {
     EXPECT_EQ(wanted, test.library().transactions[1].id);
 }
 
+TEST_F(LinesOfAFigure, CountAnEntryOnceHoweverManySharesItHas) {
+    FigureLines both = actualLines(test.index(), groceries.id, march, false);
+    both.categories->push_back(household.id);
+    EXPECT_EQ(LinesView(*test, both).content()->table->rowCount(), 3U);
+    EXPECT_EQ(LinesView(*test, both).content()->count, "2 entries");
+}
+
+TEST_F(LinesOfAFigure, AreSortedByDateOnceTheirColumnHasGone) {
+    LinesView view(*test, actualLines(test.index(), food.id, march, true));
+    view.sortBy("category");
+    EXPECT_EQ(view.content()->sort, (TableOrder{"category", true}));
+    test.store->mutate("Edit", [&](Library& library) {
+        Transaction entry = library.transactions[1];
+        entry.categoryID = groceries.id;
+        upsert(library, entry);
+    });
+    EXPECT_EQ(view.content()->sort, TableOrder());
+    EXPECT_EQ(table(view).substr(0, 5), "Diner");
+}
+
+TEST_F(LinesOfAFigure, OfACashFlowHoldWhatIsEnteredLaterThatDay) {
+    const Calendar utc = Calendar::utc();
+    const DateInterval quarter = interval(DateRangePreset::last3Months, test.clock.now(), utc);
+    const LinesView view(
+        *test, cashFlowLines(FigureLines::Side::spending, day(2026, 3, 1, 0), quarter, utc));
+    EXPECT_EQ(view.content()->total.text, "$142.50");
+    test.clock.set(day(2026, 3, 15, 18));
+    enter(makeTransaction(everyday.id, day(2026, 3, 15, 18), "Late", "-7"), food.id);
+    EXPECT_EQ(view.content()->total.text, "$149.50");
+}
+
 TEST_F(LinesOfAFigure, SayWhereThereAreNone) {
     const DateInterval january{day(2026, 1, 1, 0), day(2026, 1, 31, 23)};
     const LinesView view(*test, actualLines(test.index(), food.id, january, true));
@@ -146,7 +178,9 @@ TEST(FigureLines, AddUpToTheFigureThatTheyStandBehind) {
                         actual(index, category.id, interval, includesChildren));
                 }
             }
-            const auto rounded = [](const Decimal& sum) { return sum.rounded(2, RoundingMode::plain); };
+            const auto rounded = [](const Decimal& sum) {
+                return sum.rounded(2, RoundingMode::plain);
+            };
             for (const CategoryTotal& total : spendingByCategory(index, interval, true)) {
                 EXPECT_EQ(rounded(sumOf(spendingLines(index, total.categoryID, interval), index)),
                           total.total);
@@ -154,8 +188,7 @@ TEST(FigureLines, AddUpToTheFigureThatTheyStandBehind) {
             for (const MonthlyCashFlow& month : cashFlow(index, interval, utc)) {
                 using Side = FigureLines::Side;
                 const auto of = [&](Side side) {
-                    return rounded(
-                        sumOf(cashFlowLines(index, side, month.month, interval, utc), index));
+                    return rounded(sumOf(cashFlowLines(side, month.month, interval, utc), index));
                 };
                 EXPECT_EQ(of(Side::income), month.income);
                 EXPECT_EQ(of(Side::spending), month.expenses);
