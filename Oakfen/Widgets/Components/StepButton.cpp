@@ -1,9 +1,9 @@
 #include "Oakfen/Widgets/Components/StepButton.h"
 
 #include <QFontMetrics>
-#include <utility>
 
 #include "Oakfen/Widgets/Components/Mnemonics.h"
+#include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Oakfen/Widgets/Theme/SymbolIcons.h"
 #include "Oakfen/Widgets/Theme/Theme.h"
 
@@ -16,17 +16,26 @@ constexpr int symbolSize = 24;
 
 } // namespace
 
-StepButton::StepButton(std::string_view symbolName, const QString& title, QString detail,
-                       QWidget* parent)
-    : QAbstractButton(parent), icon_(symbolIcon(symbolName, ThemeColor::accent)),
-      detail_(std::move(detail)) {
-    setText(withMnemonic(title, -1));
-    setAccessibleName(title);
-    setAccessibleDescription(detail_);
+StepButton::StepButton(QWidget* parent) : QAbstractButton(parent) {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);
     setCursor(Qt::PointingHandCursor);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void StepButton::showStep(std::string_view symbolName, const QString& title,
+                          const QString& detail) {
+    if (accessibleName() == title && detail_ == detail) {
+        return;
+    }
+    icon_ = symbolIcon(symbolName, ThemeColor::accent);
+    detail_ = detail;
+    setText(withMnemonic(title, -1));
+    setAccessibleName(title);
+    setAccessibleDescription(detail_);
+    // In a narrow window the line is cut.
+    setToolTip(plainToolTip(detail_));
+    update();
 }
 
 QSize StepButton::sizeHint() const {

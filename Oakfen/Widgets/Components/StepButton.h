@@ -11,7 +11,9 @@ class StepButton final : public QAbstractButton {
     Q_OBJECT
 
 public:
-    StepButton(std::string_view symbolName, const QString& title, QString detail, QWidget* parent);
+    explicit StepButton(QWidget* parent);
+
+    void showStep(std::string_view symbolName, const QString& title, const QString& detail);
 
     [[nodiscard]] QSize sizeHint() const override;
 

@@ -5,10 +5,10 @@
 
 #include "Oakfen/Widgets/Components/Card.h"
 #include "Oakfen/Widgets/Components/EmptyStateWidget.h"
-#include "Oakfen/Widgets/Components/StepButton.h"
 #include "Oakfen/Widgets/Dashboard/BudgetPart.h"
 #include "Oakfen/Widgets/Dashboard/DashboardGrid.h"
 #include "Oakfen/Widgets/Dashboard/FigureCards.h"
+#include "Oakfen/Widgets/Dashboard/FirstSteps.h"
 #include "Oakfen/Widgets/Dashboard/ListCards.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 #include "Oakfen/Widgets/Theme/Theme.h"
@@ -60,10 +60,13 @@ void DashboardWidget::buildCards() {
         card->setFoot(Theme::grid);
     }
     cards_ = new QWidget;
+    // Right below the title: nothing else has anything to tell yet.
+    steps_ = new FirstSteps;
     auto* rows = new QVBoxLayout(cards_);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(2 * Theme::grid);
     grid_ = new DashboardGrid({netWorth, cashFlow, spending, upcoming, budget, alerts});
+    rows->addWidget(steps_);
     rows->addWidget(grid_);
     rows->addWidget(recent_);
     rows->addStretch(1);
@@ -112,28 +115,8 @@ void DashboardWidget::showEmptyState() {
 }
 
 void DashboardWidget::showSteps() {
-    if (steps_ != nullptr) {
-        // Later: what changed the document may be one of its own buttons.
-        steps_->hide();
-        steps_->deleteLater();
-        steps_ = nullptr;
-    }
-    if (!content_->recent.rows.empty()) {
-        return;
-    }
-    steps_ = new QWidget;
-    auto* line = new QHBoxLayout(steps_);
-    line->setContentsMargins(0, 0, 0, 0);
-    line->setSpacing(2 * Theme::grid);
-    for (const DashboardView::Step& step : view_.steps()) {
-        auto* button = new StepButton(step.symbolName, qt(step.title), qt(step.text), steps_);
-        button->setEnabled(step.isEnabled);
-        button->setMinimumWidth(1);
-        connect(button, &QAbstractButton::clicked, this, step.perform);
-        line->addWidget(button, 1);
-    }
-    // Right below the title: nothing else has anything to tell yet.
-    column()->insertWidget(1, steps_);
+    steps_->setVisible(content_->recent.rows.empty());
+    steps_->show(view_.steps());
 }
 
 void DashboardWidget::flowRecentTransactions() {

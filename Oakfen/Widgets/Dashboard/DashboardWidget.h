@@ -10,6 +10,7 @@ namespace oakfen {
 class Card;
 class DashboardGrid;
 class EmptyStateWidget;
+class FirstSteps;
 struct DashboardParts;
 
 /// Draws the start screen.
@@ -34,7 +35,7 @@ private:
     std::shared_ptr<const DashboardContent> content_;
     QWidget* cards_ = nullptr;
     EmptyStateWidget* emptyState_ = nullptr;
-    QWidget* steps_ = nullptr;
+    FirstSteps* steps_ = nullptr;
     Card* recent_ = nullptr;
     DashboardGrid* grid_ = nullptr;
     std::unique_ptr<DashboardParts> parts_;

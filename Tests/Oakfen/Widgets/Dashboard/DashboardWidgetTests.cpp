@@ -1,15 +1,17 @@
 #include "Oakfen/Widgets/Dashboard/DashboardWidget.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QScrollBar>
 #include <QTest>
+#include <algorithm>
 
 #include "Oakfen/Widgets/Charts/PlotChartWidget.h"
 #include "Oakfen/Widgets/Charts/RingChartWidget.h"
 #include "Oakfen/Widgets/Components/Card.h"
 #include "Oakfen/Widgets/Components/EmptyStateWidget.h"
 #include "Oakfen/Widgets/Components/StepButton.h"
-#include "Oakfen/Widgets/Components/TwoLineRow.h"
+#include "Oakfen/Widgets/Components/SymbolLabel.h"
 #include "Oakfen/Widgets/Dashboard/DashboardGrid.h"
 #include "Oakfen/Widgets/Dashboard/RowButton.h"
 #include "Oakfen/Widgets/Lines/LinesPanel.h"
@@ -118,6 +120,44 @@ TEST_F(DashboardWidgetTest, EntersABillByItsButtonAndTakesThatBack) {
     EXPECT_EQ(enterButtons().size(), 3);
 }
 
+TEST_F(DashboardWidgetTest, ShowsItsCardsInTheirOrderWithTheirNotes) {
+    QStringList titles;
+    for (const Card* each : dashboard()->findChildren<Card*>()) {
+        titles.append(each->accessibleName());
+    }
+    EXPECT_EQ(titles.join(QLatin1Char('|')),
+              QStringLiteral("Net Worth|Cash Flow|Spending by Category|Upcoming Bills & Income|"
+                             "Budget|Alerts|Recent Transactions"));
+    const auto texts = [this](const char* title) {
+        QStringList result;
+        for (const QLabel* each : card(title)->findChildren<QLabel*>()) {
+            result.append(each->isVisible() ? each->text() : QString());
+        }
+        return result;
+    };
+    EXPECT_TRUE(texts("Net Worth").contains(QStringLiteral("12 months")));
+    EXPECT_TRUE(texts("Cash Flow").contains(QStringLiteral("This month")));
+    EXPECT_TRUE(texts("Alerts").contains(QStringLiteral("2")));
+    EXPECT_TRUE(texts("Budget").contains(QStringLiteral("left")));
+    const auto widgets = card("Net Worth")->findChildren<QWidget*>();
+    EXPECT_TRUE(std::ranges::any_of(widgets, [](const QWidget* each) {
+        return each->toolTip() == QStringLiteral("Change since last month end");
+    }));
+    edit([](Library& library) {
+        library.scheduled = {};
+        library.budget.clear();
+        library.transactions = {};
+    });
+    EXPECT_TRUE(
+        texts("Spending by Category").contains(QStringLiteral("No spending yet this month.")));
+    EXPECT_TRUE(texts("Upcoming Bills & Income")
+                    .contains(QStringLiteral("Nothing due in the next two weeks.")));
+    EXPECT_TRUE(texts("Budget").contains(
+        QStringLiteral("Set monthly targets in Budget to track spending.")));
+    EXPECT_TRUE(texts("Alerts").contains(QStringLiteral("Everything looks good.")));
+    EXPECT_TRUE(texts("Recent Transactions").contains(QStringLiteral("No transactions yet.")));
+}
+
 TEST_F(DashboardWidgetTest, LeadsToTheScreensBehindItsCards) {
     const std::vector<std::pair<QString, SidebarItem::Kind>> links{
         {QStringLiteral("Reports"), SidebarItem::Kind::reports},
@@ -137,6 +177,14 @@ TEST_F(DashboardWidgetTest, AnAlertWithoutATargetLeadsNowhere) {
     EXPECT_EQ(alerts[0]->accessibleName(), QStringLiteral("Over budget: Food."));
     EXPECT_EQ(alerts[1]->accessibleName(), QStringLiteral("1 transaction needs a category."));
     EXPECT_EQ(alerts[1]->focusPolicy(), Qt::NoFocus);
+    // The sign that a line leads on.
+    const auto signs = [](const QWidget* alert) {
+        return std::ranges::count_if(alert->findChildren<SymbolLabel*>(),
+                                     [](const SymbolLabel* each) { return each->isVisible(); });
+    };
+    EXPECT_EQ(signs(alerts[0]), 2);
+    EXPECT_EQ(signs(alerts[1]), 1);
+    EXPECT_TRUE(alerts[0]->toolTip().contains(QStringLiteral("Over budget: Food.")));
     click(alerts[1]);
     EXPECT_EQ(test->appState->selection(), SidebarItem{});
     click(alerts[0]);
@@ -221,9 +269,44 @@ TEST(DashboardOfNoAccounts, ShowsHowToBeginAndThenTheCards) {
     EXPECT_FALSE(dashboard.findChild<EmptyStateWidget*>()->isVisible());
     EXPECT_EQ(dashboard.findChildren<Card*>().size(), 7);
     EXPECT_EQ(dashboard.findChildren<StepButton*>().size(), 3);
+    for (const StepButton* step : dashboard.findChildren<StepButton*>()) {
+        EXPECT_TRUE(step->isVisible());
+    }
     test.undoManager->undo();
     settle();
     EXPECT_TRUE(dashboard.findChild<EmptyStateWidget*>()->isVisible());
+    for (const StepButton* step : dashboard.findChildren<StepButton*>()) {
+        EXPECT_FALSE(step->isVisible());
+    }
+}
+
+TEST(DashboardOfNoEntries, BeginsWithTheFirstStepsAndKeepsTheKeyboardThere) {
+    testing::TestEnvironment test;
+    test.store->mutate("New Account", [](Library& library) {
+        library.accounts.push_back(testing::makeAccount("Everyday"));
+    });
+    DashboardWidget dashboard(*test);
+    dashboard.resize(1000, 700);
+    dashboard.show();
+    dashboard.activateWindow();
+    settle();
+    dashboard.setFocus(Qt::OtherFocusReason);
+    QWidget* first = QApplication::focusWidget();
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(first->accessibleName(), QStringLiteral("Import a Statement"));
+    QTest::keyClick(first, Qt::Key_Tab);
+    QWidget* second = QApplication::focusWidget();
+    EXPECT_EQ(second->accessibleName(), QStringLiteral("Go to Everyday"));
+    test.clock.set(day(2026, 3, 15, 17));
+    test.environment->dayChange.check();
+    settle();
+    EXPECT_EQ(QApplication::focusWidget(), second);
+    test.store->mutate("Enter", [&](Library& library) {
+        library.transactions.push_back(
+            makeTransaction(library.accounts[0].id, day(2026, 3, 1), "Shop", "-1"));
+    });
+    settle();
+    EXPECT_FALSE(second->isVisible());
 }
 
 } // namespace

@@ -115,7 +115,7 @@ TEST_F(KeyboardTest, FindsTwoPanesOnAScreenOfOnePiece) {
     select(SidebarItem{});
     sidebar()->setFocus();
     EXPECT_EQ(tour(Qt::Key_F6),
-              (std::vector<std::string>{"Screens and accounts", "Net Worth"}));
+              (std::vector<std::string>{"Screens and accounts", "Import a Statement"}));
 }
 
 TEST_F(KeyboardTest, LeavesThePanesAloneBehindASheet) {
