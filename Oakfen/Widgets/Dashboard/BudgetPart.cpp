@@ -121,7 +121,9 @@ void BudgetPart::show(const BudgetSummaryCard& content) {
         auto& button = *static_cast<RowButton*>(rows_->rows()[index]);
         static_cast<BudgetRow*>(button.line()->itemAt(0)->widget())->show(row);
         button.setAccessibleName(qt(row.name + ", " + row.left.text + " left"));
-        button.setToolTip(QStringLiteral("Show what was spent here"));
+        button.setToolTip(
+            plainToolTip(qt(row.name + ": " + budgetBar(row.fraction).accessibilityText +
+                            "\nClick to show what was spent here.")));
     }
 }
 

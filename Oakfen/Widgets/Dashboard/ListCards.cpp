@@ -136,6 +136,8 @@ void AlertsPart::show(const AlertsCard& content) {
         static_cast<AlertLine*>(row.line()->itemAt(0)->widget())->show(item);
         row.setLeadsOn(item.target.has_value());
         row.setAccessibleName(qt(item.text));
+        // In a narrow card the text is cut.
+        row.setToolTip(plainToolTip(qt(item.text)));
     }
 }
 
@@ -169,7 +171,8 @@ void RecentTransactionsPart::show(const RecentTransactionsCard& content) {
         row.showTexts(entry.payee, entry.detail);
         row.showAmount(entry.amount);
         button.setAccessibleName(row.accessibleName());
-        button.setToolTip(QStringLiteral("Edit this transaction"));
+        button.setToolTip(plainToolTip(
+            qt(entry.payee + "\n" + entry.detail + "\nClick to edit this transaction.")));
     }
 }
 

@@ -80,6 +80,44 @@ TEST_F(DashboardAlerts, NamesTheCategoriesOverBudgetInCodePointOrder) {
     EXPECT_EQ(shown().alerts.items[0].color, TextTone::negative);
 }
 
+TEST_F(DashboardAlerts, OverBudgetCountsACategoryAloneAndOnlyExpensesWithABudget) {
+    const UUID food = addCategory("Food");
+    const UUID groceries = addCategory("Groceries", CategoryKind::expense, food);
+    const UUID pay = addCategory("Pay", CategoryKind::income);
+    setBudget(food, "10");
+    setBudget(pay, "10");
+    enter(day(2026, 3, 2), "-50", groceries);
+    enter(day(2026, 3, 2), "500", pay);
+    EXPECT_EQ(texts(), Texts());
+    setBudget(groceries, "-5");
+    EXPECT_EQ(texts(), Texts());
+}
+
+TEST_F(DashboardAlerts, EachHasItsIconAndColour) {
+    setAccount([](Account& account) {
+        account.lowBalanceAlert = amount("0");
+        account.creditLimit = amount("100");
+        account.openingBalance = amount("-50");
+    });
+    const UUID food = addCategory("Food");
+    setBudget(food, "10");
+    enter(day(2026, 3, 2), "-20", food);
+    enter(day(2026, 3, 2), "-1");
+    remind(day(2026, 3, 1), "-1");
+    const std::vector<AlertsCard::AlertItem> items = shown().alerts.items;
+    ASSERT_EQ(items.size(), 5U);
+    const std::vector<std::pair<std::string, TextTone>> expected{
+        {"exclamationmark.triangle.fill", TextTone::warning},
+        {"creditcard.trianglebadge.exclamationmark", TextTone::warning},
+        {"chart.bar.xaxis", TextTone::negative},
+        {"calendar.badge.exclamationmark", TextTone::negative},
+        {"questionmark.folder", TextTone::information}};
+    for (std::size_t index = 0; index < expected.size(); ++index) {
+        EXPECT_EQ(items[index].symbolName, expected[index].first);
+        EXPECT_EQ(items[index].color, expected[index].second);
+    }
+}
+
 TEST_F(DashboardAlerts, OverdueIsWhatWasDueBeforeTodayBegan) {
     remind(day(2026, 3, 15, 0), "-1");
     EXPECT_EQ(texts(), Texts());
