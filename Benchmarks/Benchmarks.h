@@ -9,5 +9,9 @@ void registerLedgerBenchmarks(std::size_t count);
 void registerRegisterBenchmarks(std::size_t count);
 void registerFigureBenchmarks(std::size_t count);
 void registerStatementBenchmarks(std::size_t lines);
+void registerScreenBenchmarks(std::size_t count);
+
+/// Before the application ends, whose window may still be open.
+void closeScreens();
 
 } // namespace oakfen::benchmarks

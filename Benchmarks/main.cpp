@@ -3,8 +3,12 @@
 
 #include <benchmark/benchmark.h>
 
+#include <QApplication>
+
 #include "Benchmarks/Benchmarks.h"
 #include "Benchmarks/BigLibrary.h"
+#include "Oakfen/Widgets/Theme/Theme.h"
+#include "Oakfen/Widgets/Theme/WindowState.h"
 #include "OakfenCore/Models/LibraryCoding.h"
 #include "OakfenCore/Support/Files/FileSystem.h"
 #include "OakfenCore/Support/Files/SystemFileSystem.h"
@@ -29,6 +33,11 @@ int main(int argc, char** argv) {
             argv[kept++] = argv[index];
         }
     }
+    // The screens are drawn into memory, with nobody's settings.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(kept, argv);
+    oakfen::Theme::apply(application);
+    const oakfen::windowState::InMemory inMemory;
     benchmark::Initialize(&kept, argv);
     if (benchmark::ReportUnrecognizedArguments(kept, argv)) {
         return 1;
@@ -38,6 +47,7 @@ int main(int argc, char** argv) {
         registerRegisterBenchmarks(count);
         registerFigureBenchmarks(count);
         registerStatementBenchmarks(count);
+        registerScreenBenchmarks(count);
     }
     if (withMillion) {
         registerLedgerBenchmarks(1'000'000);
@@ -46,5 +56,6 @@ int main(int argc, char** argv) {
     }
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
+    closeScreens();
     return 0;
 }
