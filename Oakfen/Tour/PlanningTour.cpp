@@ -1,13 +1,13 @@
 #include "Oakfen/Tour/PlanningTour.h"
 
 #include <QScrollBar>
-#include <QTableView>
 #include <QWidget>
 #include <string>
 
 #include "Oakfen/Tour/Album.h"
 #include "Oakfen/Tour/TourStage.h"
 #include "Oakfen/Widgets/Bills/BillsWidget.h"
+#include "Oakfen/Widgets/Budget/BudgetTableWidget.h"
 #include "Oakfen/Widgets/Budget/BudgetWidget.h"
 #include "Oakfen/Widgets/Dashboard/DashboardWidget.h"
 #include "OakfenCore/LibraryIndex/PeriodTotals.h"
@@ -78,9 +78,7 @@ void walkTheBudget(const Album& album, TourStage& stage) {
     stage.appState().setSelection(SidebarItem{Kind::budget});
     auto* budget = shown<BudgetWidget>(stage);
     album.add(stage, "screen-budget");
-    auto* table = budget->findChild<QTableView*>();
-    constexpr int editedRow = 11;
-    table->edit(table->model()->index(std::min(editedRow, table->model()->rowCount() - 1), 1));
+    budget->findChild<BudgetTableWidget*>()->editEnd(true);
     album.add(stage, "screen-budget-edit");
     stage.appState().setSelection(SidebarItem{Kind::dashboard});
     stage.appState().setSelection(SidebarItem{Kind::budget});
