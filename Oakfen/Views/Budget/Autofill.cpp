@@ -6,7 +6,9 @@ namespace oakfen {
 
 DateInterval wholeMonthsBefore(Date now, int months, const Calendar& calendar) {
     const Date thisMonth = calendar.startOfMonth(now);
-    return {calendar.addingMonths(thisMonth, -months), thisMonth.adding(-1)};
+    // Where this month began later than at midnight, those before it didn't.
+    const Date start = calendar.startOfMonth(calendar.addingMonths(thisMonth, -months));
+    return {start, thisMonth.adding(-1)};
 }
 
 Decimal monthlyAverage(const LibraryIndex& index, const UUID& categoryID, int months, Date now,

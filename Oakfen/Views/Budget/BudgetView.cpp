@@ -33,7 +33,9 @@ BudgetView::BudgetView(AppEnvironment& environment)
       month_(environment.clock.calendar().startOfMonth(environment.clock.now())) {}
 
 void BudgetView::shift(int months) {
-    month_ = environment_.clock.calendar().addingMonths(month_, months);
+    const Calendar& calendar = environment_.clock.calendar();
+    // Not every month begins at midnight: where the clock skips that, the next one still does.
+    month_ = calendar.startOfMonth(calendar.addingMonths(month_, months));
     stateChanged();
 }
 
@@ -92,7 +94,8 @@ BudgetContent BudgetView::derive(const BudgetContent* earlier) const {
     MoneyText leftText = moneyText(left, environment_.currencyCode());
     leftText.tone = left.isNegative() ? TextTone::negative : TextTone::positive;
     return {.monthTitle = monthYearText(month_, calendar),
-            .isThisMonth = month_ == calendar.startOfMonth(environment_.clock.now()),
+            .isThisMonth =
+                calendar.startOfMonth(month_) == calendar.startOfMonth(environment_.clock.now()),
             .showsAllCategories = showsAllCategories_,
             .income = totals(*income, TextTone::positive),
             .spending = totals(*spending, TextTone::warning),

@@ -21,6 +21,19 @@ TEST_F(Autofill, CountsWholeMonthsUpToTheLastSecondBeforeThisOne) {
     EXPECT_EQ(wholeMonthsBefore(day(2026, 1, 31), 12, Calendar::utc()).start, day(2025, 1, 1, 0));
 }
 
+TEST_F(Autofill, CountsWholeMonthsWhereTheClockSkipsTheFirstMidnightOfThisOne) {
+    // In Asunción, October 1st of 2023 began at one o'clock.
+    const Calendar calendar = Calendar::inZone("America/Asuncion").value();
+    const Date now = calendar.date({2023, 10, 20, 12, 0, 0});
+    EXPECT_EQ(wholeMonthsBefore(now, 3, calendar),
+              (DateInterval{calendar.date({2023, 7, 1, 0, 0, 0}),
+                            calendar.date({2023, 9, 30, 23, 59, 59})}));
+    test.clock = FixedClock(now, calendar);
+    enter(food, calendar.date({2023, 7, 1, 0, 30, 0}), "-30");
+    view.autofill(3);
+    EXPECT_EQ(planned(food), amount("10"));
+}
+
 TEST_F(Autofill, LeavesThisMonthAndTheTimeBeforeOut) {
     enter(food, day(2025, 11, 30, 23), "-1000");
     enter(food, day(2025, 12, 1, 0), "-100");

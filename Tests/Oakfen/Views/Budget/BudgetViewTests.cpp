@@ -75,6 +75,33 @@ TEST_F(BudgetScreen, NoLongerShowsThisMonthOnceTheNextHasBegun) {
     EXPECT_EQ(view.month(), day(2026, 3, 1, 0));
 }
 
+TEST_F(BudgetScreen, ShowsWholeMonthsWhereTheClockSkipsTheFirstMidnightOfOne) {
+    // In Asunción, October 1st of 2023 began at one o'clock.
+    const Calendar calendar = Calendar::inZone("America/Asuncion").value();
+    const auto local = [&](int month, int dayOfMonth, int hour, int minute = 0, int second = 0) {
+        return calendar.date({2023, month, dayOfMonth, hour, minute, second});
+    };
+    test.clock = FixedClock(local(10, 20, 12), calendar);
+    BudgetView there(*test);
+    EXPECT_EQ(there.month(), local(10, 1, 1));
+    enter(food, local(10, 31, 23, 59, 59), "-1");
+    enter(food, local(11, 1, 0), "-20");
+    enter(food, local(11, 30, 23, 59, 59), "-300");
+    const auto spent = [&] { return there.budgetLines().at(0).actual; };
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_TRUE(there.content()->isThisMonth);
+        EXPECT_EQ(spent(), amount("1"));
+        there.shift(1);
+        EXPECT_EQ(there.month(), local(11, 1, 0));
+        EXPECT_EQ(spent(), amount("320"));
+        EXPECT_FALSE(there.content()->isThisMonth);
+        there.shift(-2);
+        EXPECT_EQ(there.month(), local(9, 1, 0));
+        there.shift(1);
+        EXPECT_EQ(there.month(), local(10, 1, 1));
+    }
+}
+
 TEST_F(BudgetScreen, ComparesTheSameBudgetWithEachMonth) {
     plan(food, "100");
     enter(food, day(2026, 3, 3), "-30");
