@@ -167,6 +167,7 @@ void BudgetView::showEntries(const UUID& categoryID) {
 }
 
 void BudgetView::showEntries(CategoryKind kind) {
+    // Those without a line too: they get one as soon as an entry is filed under them.
     std::vector<std::optional<UUID>> ids;
     for (const Line& each : budgetLines()) {
         if (each.kind == kind) {

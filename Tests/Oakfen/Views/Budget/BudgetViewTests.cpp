@@ -358,6 +358,18 @@ TEST_F(BudgetEntries, AreOfferedWhereThereAreAny) {
     EXPECT_FALSE(view.contextMenu(travel.id, [] {})[0].canBeChosen());
     EXPECT_TRUE(view.contextMenu(UUID::random(), [] {}).empty());
 }
+TEST_F(BudgetEntries, OfATotalFollowAnEntryThatIsFiledUnderACategoryWithoutALine) {
+    enter(food, day(2026, 3, 2), "-40");
+    view.showEntries(CategoryKind::expense);
+    Transaction entry = test.library().transactions.back();
+    entry.categoryID = travel.id;
+    test.store->mutate("Edit", [&](Library& library) { upsert(library, entry); });
+    EXPECT_EQ(sumOf(wanted, test.index()), amount("40"));
+    entry.categoryID = pay.id;
+    test.store->mutate("Edit", [&](Library& library) { upsert(library, entry); });
+    EXPECT_EQ(sumOf(wanted, test.index()), Decimal());
+}
+
 
 TEST(BudgetProperties, FiguresAreThoseOfTheLedgerAndAddUp) {
     int withEntries = 0;
