@@ -15,7 +15,8 @@ CategoryEditor::CategoryEditor(AppEnvironment& environment, const ActiveSheet::C
     if (category != nullptr) {
         isNew_ = false;
         draft = *category;
-        parent = category->parentID;
+        // A document may name a category as its own parent, which leads nowhere.
+        parent = category->parentID == category->id ? std::nullopt : category->parentID;
     } else {
         draft.id = UUID::random();
         draft.kind = sheet.kind;
@@ -52,7 +53,9 @@ void CategoryEditor::save() {
 }
 
 bool CategoryEditor::hasChildren() const {
-    return !isNew() && !environment_.store.index().children(draft.id).empty();
+    return !isNew() &&
+           std::ranges::any_of(environment_.store.index().children(draft.id),
+                               [this](const Category* each) { return each->id != draft.id; });
 }
 
 std::vector<PickerRow> CategoryEditor::parentRows() const {

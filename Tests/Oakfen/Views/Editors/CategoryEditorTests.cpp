@@ -140,6 +140,43 @@ TEST_F(CategoryEditing, NeverOffersACategoryAsItsOwnParent) {
     EXPECT_EQ(titles(editorOf(car)), "None (Top Level)|Food");
 }
 
+TEST_F(CategoryEditing, ACategoryThatIsItsOwnParentComesToTheTopOnSaving) {
+    car.parentID = car.id;
+    test.store->mutate("Break", [this](Library& library) { upsert(library, car); });
+    CategoryEditor editor = editorOf(car);
+    EXPECT_FALSE(editor.parent);
+    EXPECT_EQ(titles(editor), "None (Top Level)|Food");
+    editor.setKind(CategoryKind::income);
+    EXPECT_EQ(editor.kindHint(), "");
+    editor.setKind(CategoryKind::expense);
+    editor.save();
+    EXPECT_FALSE(stored(car).parentID);
+    EXPECT_EQ(test.undoManager->undoActionName(), "Edit Category");
+    test.undoManager->undo();
+    EXPECT_EQ(stored(car), car);
+}
+
+TEST_F(CategoryEditing, CategoriesThatAreEachOthersParentsAreKeptUntilOneComesToTheTop) {
+    car.parentID = food.id;
+    food.parentID = car.id;
+    test.store->mutate("Break", [this](Library& library) {
+        upsert(library, car);
+        upsert(library, food);
+    });
+    CategoryEditor editor = editorOf(car);
+    EXPECT_EQ(editor.parent, food.id);
+    const std::vector<PickerRow> rows = editor.parentRows();
+    ASSERT_EQ(rows.size(), 2U);
+    EXPECT_EQ(rows[0].title, "None (Top Level)");
+    EXPECT_EQ(rows[1].id, food.id);
+    editor.save();
+    EXPECT_EQ(stored(car), car);
+    editor.parent.reset();
+    editor.save();
+    EXPECT_FALSE(stored(car).parentID);
+    EXPECT_EQ(stored(food).parentID, car.id);
+}
+
 TEST_F(CategoryEditing, WhatHasSubcategoriesStaysAtTheTop) {
     EXPECT_EQ(titles(editorOf(food)), "None (Top Level)");
 }
