@@ -60,7 +60,6 @@ std::optional<std::string> GoalEditor::obstacle() const {
 
 SavingsGoal GoalEditor::finished() const {
     SavingsGoal goal = draft;
-    goal.name = trimmingWhitespaces(goal.name);
     goal.targetDate = hasDate ? std::optional(date) : std::nullopt;
     return goal;
 }

@@ -89,7 +89,8 @@ TEST_F(GoalEditing, ANewGoalIsAppendedInOneStep) {
     editor.save();
     ASSERT_EQ(test.library().goals.size(), 3U);
     const SavingsGoal& added = test.library().goals.back();
-    EXPECT_EQ(added.name, "Fund");
+    // As it was typed.
+    EXPECT_EQ(added.name, " Fund ");
     EXPECT_EQ(added.target, amount("20000"));
     EXPECT_EQ(added.saved, amount("12400"));
     EXPECT_FALSE(added.targetDate);
