@@ -29,6 +29,7 @@ BudgetWidget::BudgetWidget(AppEnvironment& environment, QWidget* parent)
     addAutofill();
     addMonthRow();
     column()->addWidget(totals_);
+    addShowsAll();
     addTable(spending_);
     addTable(income_);
     column()->addStretch(1);
@@ -95,10 +96,13 @@ void BudgetWidget::addMonthRow() {
     });
     row->addWidget(thisMonth_);
     row->addStretch(1);
+}
+
+void BudgetWidget::addShowsAll() {
     showsAll_->setToolTip(tr("Show categories with no budget and no entries too"));
     connect(showsAll_, &QCheckBox::toggled, this,
             [this](bool isChecked) { view_.setShowsAllCategories(isChecked); });
-    row->addWidget(showsAll_);
+    column()->addWidget(showsAll_, 0, Qt::AlignRight);
 }
 
 void BudgetWidget::addTable(BudgetTableWidget* table) {

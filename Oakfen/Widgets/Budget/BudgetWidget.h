@@ -28,6 +28,7 @@ public:
 private:
     void addAutofill();
     void addMonthRow();
+    void addShowsAll();
     void addTable(BudgetTableWidget* table);
     /// A button that shows another month, by a key too.
     [[nodiscard]] QPushButton* addMonthButton(const char* symbolName, const QString& help,

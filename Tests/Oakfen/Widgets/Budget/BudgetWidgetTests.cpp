@@ -226,9 +226,18 @@ TEST_F(BudgetWidgetTest, TabFollowsTheOrderOfReading) {
                                   : focus->accessibleName().section(QLatin1Char(','), 0, 0)));
         press(Qt::Key_Tab);
     }
-    EXPECT_EQ(places, (std::vector<std::string>{"Auto-Fill", "Previous month", "Next month",
-                                                "Show All Categories", "Actual", "Actual",
-                                                "Spending", "Income"}));
+    EXPECT_EQ(places,
+              (std::vector<std::string>{"Auto-Fill", "Previous month", "Next month", "Actual",
+                                        "Actual", "Show All Categories", "Spending", "Income"}));
+    // Between the cards and the tables, flush with them on the right.
+    const auto placeOf = [this](const QWidget* widget) {
+        return QRect(widget->mapTo(screen->widget(), QPoint()), widget->size());
+    };
+    const QRect cards = placeOf(screen->findChild<MetricButton*>()->parentWidget()->parentWidget());
+    const QRect box = placeOf(screen->findChild<QCheckBox*>());
+    EXPECT_GT(box.top(), cards.bottom());
+    EXPECT_LT(box.bottom(), placeOf(screen->spending()).top());
+    EXPECT_EQ(box.right(), cards.right());
 }
 
 TEST_F(BudgetWidgetTest, ShowsAllOfItsFiguresInTheSmallestWindow) {
