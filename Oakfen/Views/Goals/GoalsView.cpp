@@ -53,7 +53,7 @@ GoalCard GoalsView::card(const SavingsGoal& goal) const {
     const double share = progress(goal);
     const bool isReached = share >= 1;
     return {.id = goal.id,
-            .name = goal.name,
+            .name = singleLine(goal.name),
             .symbolName = std::string(shownGoalSymbol(goal.symbolName)),
             .progress = share,
             .percent = percentOf(goal),

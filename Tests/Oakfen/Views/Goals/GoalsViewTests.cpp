@@ -112,6 +112,10 @@ TEST_F(GoalsViewTest, TheShareIsCutToWholePercent) {
     EXPECT_EQ(cardOf(makeGoal("D", "0", "50")).percent, "0%");
 }
 
+TEST_F(GoalsViewTest, ANameOfSeveralLinesStandsOnOne) {
+    EXPECT_EQ(cardOf(makeGoal("Trip\nto\r\nHalifax", "100", "0")).name, "Trip to Halifax");
+}
+
 TEST_F(GoalsViewTest, AnIconThatNobodyKnowsIsShownAsAnother) {
     SavingsGoal goal = makeGoal("Moon", "100", "0");
     goal.symbolName = "moon.stars";
