@@ -1,6 +1,7 @@
 #include "OakfenCore/LibraryIndex/CategoryTree.h"
 
 #include <iterator>
+#include <utility>
 
 #include "OakfenCore/LibraryIndex/Sorting.h"
 
@@ -8,17 +9,11 @@ namespace oakfen {
 
 namespace {
 
-template <typename Predicate>
-std::vector<const Category*> sortedByName(const SharedArray<Category>& categories,
-                                          Predicate&& picks) {
-    std::vector<const Category*> result;
-    for (const Category& category : categories) {
-        if (picks(category)) {
-            result.push_back(&category);
-        }
-    }
-    sortRecordsForPeople(result, &Category::name);
-    return result;
+using Categories = std::vector<const Category*>;
+
+Categories sortedByName(Categories categories) {
+    sortRecordsForPeople(categories, &Category::name);
+    return categories;
 }
 
 } // namespace
@@ -68,14 +63,25 @@ std::vector<const Category*> CategoryTree::sorted(CategoryKind kind) const {
 }
 
 std::vector<const Category*> CategoryTree::children(const UUID& id) const {
-    return sortedByName(categories_,
-                        [&id](const Category& category) { return category.parentID == id; });
+    std::call_once(groupedOnce_, [this] {
+        for (const Category& category : categories_) {
+            if (category.parentID) {
+                children_[*category.parentID].push_back(&category);
+            }
+        }
+    });
+    const auto found = children_.find(id);
+    return found == children_.end() ? Categories() : sortedByName(found->second);
 }
 
 std::vector<const Category*> CategoryTree::topLevel(CategoryKind kind) const {
-    return sortedByName(categories_, [kind](const Category& category) {
-        return category.kind == kind && !category.parentID;
-    });
+    Categories result;
+    for (const Category& category : categories_) {
+        if (category.kind == kind && !category.parentID) {
+            result.push_back(&category);
+        }
+    }
+    return sortedByName(std::move(result));
 }
 
 UUID CategoryTree::topLevelID(const UUID& id) const {

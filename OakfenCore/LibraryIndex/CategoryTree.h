@@ -2,6 +2,7 @@
 
 #include <mutex>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "OakfenCore/LibraryIndex/PositionTable.h"
@@ -32,6 +33,8 @@ private:
     const SharedArray<Category>& categories_;
     RecordsByID<Category> byID_;
     std::vector<std::string> paths_; // beside byID_.records()
+    mutable std::once_flag groupedOnce_;
+    mutable std::unordered_map<UUID, std::vector<const Category*>> children_; // as in the list
     mutable std::once_flag sortedOnce_;
     mutable std::vector<const Category*> sortedByPath_;
 };

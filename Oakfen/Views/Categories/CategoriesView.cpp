@@ -4,7 +4,7 @@
 
 #include "Oakfen/FigureLines.h"
 #include "Oakfen/UndoNotice.h"
-#include "OakfenCore/LibraryIndex/PeriodTotals.h"
+#include "OakfenCore/LibraryIndex/Actuals.h"
 #include "OakfenCore/LibraryOperations/Categories.h"
 #include "OakfenCore/Models/Money.h"
 #include "OakfenCore/Support/Text/Formatting.h"
@@ -45,7 +45,8 @@ DateInterval CategoriesView::yearToDate() const {
                     environment_.clock.calendar());
 }
 
-CategoryRow CategoriesView::row(const Category& category, const Category* parent) const {
+CategoryRow CategoriesView::row(const Category& category, const Category* parent,
+                                const Actuals& actuals) const {
     const bool isTopLevel = parent == nullptr;
     return {.id = category.id,
             .name = category.name,
@@ -53,16 +54,17 @@ CategoryRow CategoriesView::row(const Category& category, const Category* parent
             .parentName = isTopLevel ? std::string() : parent->name,
             .isTaxRelated = category.isTaxRelated,
             .budget = budgetText(environment_.store.library(), category.id),
-            .total = actual(environment_.store.index(), category.id, yearToDate(), isTopLevel)};
+            .total = actuals.of(category.id, isTopLevel)};
 }
 
 CategoriesContent CategoriesView::derive(const CategoriesContent* earlier) const {
     const LibraryIndex& index = environment_.store.index();
+    const Actuals actuals(index, yearToDate());
     std::vector<CategoryRow> rows;
     for (const Category* top : index.topLevelCategories(kind_)) {
-        rows.push_back(row(*top, nullptr));
+        rows.push_back(row(*top, nullptr, actuals));
         for (const Category* child : index.children(top->id)) {
-            rows.push_back(row(*child, top));
+            rows.push_back(row(*child, top, actuals));
         }
     }
     auto table = std::make_shared<const Table<CategoryRow>>(categoryColumns(), std::move(rows),

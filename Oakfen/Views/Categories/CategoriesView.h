@@ -9,6 +9,8 @@
 
 namespace oakfen {
 
+class Actuals;
+
 struct CategoriesContent {
     CategoryKind kind = CategoryKind::expense;
     /// The tops of the tree by name, each followed by its subcategories.
@@ -38,7 +40,8 @@ protected:
 
 private:
     [[nodiscard]] DateInterval yearToDate() const;
-    [[nodiscard]] CategoryRow row(const Category& category, const Category* parent) const;
+    [[nodiscard]] CategoryRow row(const Category& category, const Category* parent,
+                                  const Actuals& actuals) const;
 
     CategoryKind kind_ = CategoryKind::expense;
     Subscription dayChanged_;

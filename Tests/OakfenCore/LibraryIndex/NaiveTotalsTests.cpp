@@ -9,6 +9,7 @@
 #include <string>
 #include <tuple>
 
+#include "OakfenCore/LibraryIndex/Actuals.h"
 #include "Tests/OakfenCore/LibraryIndex/NaiveTotals.h"
 #include "Tests/OakfenCore/LibraryIndex/RandomPeriods.h"
 
@@ -111,8 +112,11 @@ TEST(TotalsComparedWithNaiveOnes, AgreeOnWhatABudgetComparesWith) {
         for (const Category& category : library.categories) {
             ids.push_back(category.id);
         }
+        const Actuals actuals(index, interval);
         for (const UUID& id : ids) {
             ASSERT_EQ(index.topLevelID(id), naive.root(id));
+            ASSERT_EQ(actuals.of(id, false), naive.actual(id, false));
+            ASSERT_EQ(actuals.of(id, true), naive.actual(id, true));
             ASSERT_EQ(actual(index, id, interval, false), naive.actual(id, false));
             ASSERT_EQ(actual(index, id, interval, true), naive.actual(id, true));
         }

@@ -97,6 +97,45 @@ TEST_F(CategoriesViewTest, ShowsTheKindThatWasChosen) {
               (ActiveSheet{ActiveSheet::Category{.kind = CategoryKind::income}}));
 }
 
+TEST_F(CategoriesViewTest, ListsTopsAndTheirSubcategoriesAlone) {
+    const Category diesel = makeCategory("Diesel", CategoryKind::expense, fuel.id);
+    const Category orphan = makeCategory("Orphan", CategoryKind::expense, UUID::random());
+    test.store->mutate("Add", [&](Library& library) {
+        upsert(library, diesel);
+        upsert(library, orphan);
+    });
+    spend(diesel, day(2026, 2, 1), "-7");
+    spend(orphan, day(2026, 2, 1), "-9");
+    // The third level counts for its top.
+    EXPECT_EQ(shown(), "Car||$57.00\n"
+                       "  Fuel [Tax]|Budget $130.00/mo|$40.00\n"
+                       "  Parking||$0.00\n"
+                       "Food||$0.00\n"
+                       "  Groceries||$0.00\n");
+}
+
+TEST_F(CategoriesViewTest, ListsTenThousandCategoriesWithTheirTotals) {
+    constexpr int tops = 5'000;
+    test.store->mutate("Many", [&](Library& library) {
+        for (int each = 0; each < tops; ++each) {
+            const Category top = makeCategory("Top " + std::to_string(each));
+            const Category below = makeCategory("Below", CategoryKind::expense, top.id);
+            for (const Category& category : {top, below}) {
+                library.categories.push_back(category);
+                Transaction entry = makeTransaction(everyday.id, day(2026, 2, 1), "Somebody", "-1");
+                entry.categoryID = category.id;
+                library.transactions.push_back(entry);
+            }
+        }
+    });
+    ASSERT_EQ(table().rowCount(), 5U + (2U * tops));
+    Decimal total;
+    for (const CategoryRow* each : table().rows()) {
+        total += each->isTopLevel ? each->total : Decimal();
+    }
+    EXPECT_EQ(total, amount("10050"));
+}
+
 TEST_F(CategoriesViewTest, ATotalOfNothingIsQuiet) {
     EXPECT_EQ(table().cell(2, 2).tone, TextTone::secondary);
     EXPECT_EQ(table().cell(1, 2).tone, TextTone::primary);
