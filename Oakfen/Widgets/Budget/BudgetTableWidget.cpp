@@ -209,12 +209,21 @@ bool BudgetTableWidget::edit(const UUID& id) {
     return true;
 }
 
+std::optional<UUID> BudgetTableWidget::idBeside(int row, int step) const {
+    auto id = idAt(row += step);
+    // In a document in which two categories share an id, the first line is where both are edited.
+    while (id && model_->rowOf(*id) != row) {
+        id = idAt(row += step);
+    }
+    return id;
+}
+
 bool BudgetTableWidget::step(int rows, bool isTab) {
     if (!editedID_) {
         return false;
     }
     // Before the line may go, for want of an amount.
-    const auto next = idAt(model_->rowOf(*editedID_) + rows);
+    const auto next = idBeside(model_->rowOf(*editedID_), rows);
     if (!enter()) {
         field_->selectAll();
         return true;

@@ -52,6 +52,8 @@ private:
     [[nodiscard]] const BudgetLine* lineAt(int row) const;
     [[nodiscard]] QModelIndex budgetCell(int row) const;
     [[nodiscard]] std::optional<UUID> idAt(int row) const;
+    /// The next line in that direction, -1 or 1, that can be edited by itself.
+    [[nodiscard]] std::optional<UUID> idBeside(int row, int step) const;
 
     /// Lets the person edit the category's amount; returns whether that is so now.
     bool edit(const UUID& id);

@@ -73,6 +73,27 @@ TEST_F(BudgetCell, IsLeftByReturnAtTheEnd) {
     EXPECT_EQ(table()->currentIndex().row(), 2);
 }
 
+TEST_F(BudgetCell, IsPassedByReturnAndArrowsWhereTwoCategoriesShareAnID) {
+    test->store->mutate("Repeat", [this](Library& library) {
+        Category again = rent;
+        again.name = "Rent Again";
+        library.categories.push_back(again);
+    });
+    settle();
+    ASSERT_EQ(table()->model()->rowCount(), 4);
+    clickCell(0, "budget");
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Down}) {
+        press(key);
+        EXPECT_EQ(edited(), "Rent");
+        press(key);
+        EXPECT_EQ(edited(), "Travel");
+        press(Qt::Key_Up);
+        EXPECT_EQ(edited(), "Rent");
+        press(Qt::Key_Up);
+        EXPECT_EQ(edited(), "Food");
+    }
+}
+
 TEST_F(BudgetCell, IsEnteredByArrowsWhichMove) {
     clickCell(1, "budget");
     type(QStringLiteral("901"));
