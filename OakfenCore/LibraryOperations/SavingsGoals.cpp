@@ -16,10 +16,11 @@ void upsert(Library& library, SavingsGoal goal) {
 }
 
 double progress(const SavingsGoal& goal) {
-    if (!goal.target.isPositive()) {
+    if (!goal.target.isPositive() || !goal.saved.isPositive()) {
         return 0;
     }
-    return std::clamp((goal.saved / goal.target).doubleValue(), 0.0, 1.0);
+    // Compared, since the quotient may be too large for a number.
+    return goal.saved >= goal.target ? 1 : (goal.saved / goal.target).doubleValue();
 }
 
 std::optional<Decimal> monthlyContributionNeeded(const SavingsGoal& goal, Date from,

@@ -37,9 +37,17 @@ void dressProgress(Cell& cell, const BudgetRow& row, const CellContext& /*contex
 
 } // namespace
 
+double shareOfBudget(const Decimal& actual, const Decimal& budget) {
+    const Decimal share = actual / budget;
+    if (share.isNaN()) {
+        return actual.isPositive() ? 1 : 0;
+    }
+    return share.doubleValue();
+}
+
 double BudgetLine::fraction() const {
     if (budget.isPositive()) {
-        return (actual / budget).doubleValue();
+        return shareOfBudget(actual, budget);
     }
     return actual.isPositive() ? 1 : 0;
 }

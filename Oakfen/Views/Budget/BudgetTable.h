@@ -7,6 +7,10 @@
 
 namespace oakfen {
 
+/// How much of a budget above zero is used up. Always a number: a share that is too large for one
+/// is all of it.
+[[nodiscard]] double shareOfBudget(const Decimal& actual, const Decimal& budget);
+
 /// What a category is to take up in a month, and what it did.
 struct BudgetLine {
     /// The category's.

@@ -124,7 +124,7 @@ BudgetTotals BudgetView::totals(const BudgetTable& table, TextTone tint) const {
     const std::string& currencyCode = environment_.currencyCode();
     return {.actual = metric("Actual", actual, currencyCode, tint),
             .budget = metric("Budget", budget, currencyCode),
-            .fraction = budget.isPositive() ? (actual / budget).doubleValue() : 0,
+            .fraction = budget.isPositive() ? shareOfBudget(actual, budget) : 0,
             .hasActual = std::ranges::any_of(
                 table.rows(), [](const BudgetRow* row) { return !row->line.actual.isZero(); })};
 }
@@ -169,7 +169,7 @@ void BudgetView::showEntries(const UUID& categoryID) {
 void BudgetView::showEntries(CategoryKind kind) {
     // Those without a line too: they get one as soon as an entry is filed under them.
     std::vector<std::optional<UUID>> ids;
-    for (const Line& each : budgetLines()) {
+    for (const Category& each : environment_.store.library().categories) {
         if (each.kind == kind) {
             ids.emplace_back(each.id);
         }

@@ -1,7 +1,5 @@
 #include "Oakfen/Views/Goals/GoalsView.h"
 
-#include <algorithm>
-
 #include "Oakfen/Views/Components/Goals.h"
 #include "OakfenCore/LibraryOperations/SavingsGoals.h"
 #include "OakfenCore/Support/Text/Formatting.h"
@@ -15,12 +13,14 @@ namespace {
 /// of 29 out of 100 a binary share would make 28.
 std::string percentOf(const SavingsGoal& goal) {
     constexpr int whole = 100;
-    if (!goal.target.isPositive()) {
+    if (!goal.target.isPositive() || !goal.saved.isPositive()) {
         return percentText(0);
     }
-    const Decimal share = (goal.saved * Decimal(whole)) / goal.target;
+    if (goal.saved >= goal.target) {
+        return percentText(1);
+    }
     const Decimal percent =
-        std::clamp(share.rounded(0, RoundingMode::down), Decimal(), Decimal(whole));
+        ((goal.saved / goal.target) * Decimal(whole)).rounded(0, RoundingMode::down);
     return percentText(percent.doubleValue() / whole);
 }
 

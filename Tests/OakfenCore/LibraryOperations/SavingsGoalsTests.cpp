@@ -26,6 +26,15 @@ TEST(SavingsGoals, LimitProgressToTheRangeFromNoneToAll) {
     EXPECT_EQ(progress(goal(200, 50)), 0.25);
 }
 
+TEST(SavingsGoals, AreReachedWhereTheShareIsTooLargeForANumber) {
+    SavingsGoal tiny = goal(0, 0);
+    tiny.target = Decimal::make(1, -100);
+    tiny.saved = Decimal::make(1, 100);
+    EXPECT_EQ(progress(tiny), 1);
+    tiny.saved = -tiny.saved;
+    EXPECT_EQ(progress(tiny), 0);
+}
+
 TEST(SavingsGoals, NeedNoContributionWhenReachedOrWithoutADate) {
     EXPECT_FALSE(monthlyContributionNeeded(goal(100, 150, today), today, calendar));
     EXPECT_FALSE(monthlyContributionNeeded(goal(100, 0), today, calendar));

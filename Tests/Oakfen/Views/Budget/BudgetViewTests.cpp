@@ -206,6 +206,20 @@ TEST_F(BudgetScreen, TakesSpendingWithoutABudgetAsFullyUsed) {
     EXPECT_EQ(BudgetLine{.actual = amount("-3")}.fraction(), 0);
 }
 
+TEST_F(BudgetScreen, TakesAShareThatIsTooLargeForANumberAsAllOfTheBudget) {
+    const Decimal huge = Decimal::make(1, 100);
+    const Decimal tiny = Decimal::make(1, -100);
+    EXPECT_EQ((BudgetLine{.budget = tiny, .actual = huge}.fraction()), 1);
+    EXPECT_EQ((BudgetLine{.budget = tiny, .actual = -huge}.fraction()), 0);
+    test.store->mutate("Plan", [&](Library& library) { library.budget[food.id] = tiny; });
+    Transaction entry = testing::makeTransaction(everyday.id, day(2026, 3, 2), "Somebody", "0");
+    entry.categoryID = food.id;
+    entry.amount = -huge;
+    test.store->mutate("New Transaction", [&](Library& library) { upsert(library, entry); });
+    EXPECT_EQ(view.content()->spending.fraction, 1);
+    EXPECT_EQ(*view.content(), *view.content());
+}
+
 TEST_F(BudgetScreen, AddsUpWhatIsShown) {
     const LocaleForTest locale("en_CA");
     plan(pay, "1000");
@@ -344,6 +358,18 @@ TEST_F(BudgetEntries, ShowsWhatMakesUpATotal) {
     EXPECT_EQ(sumOf(wanted, test.index()), amount("900"));
 }
 
+TEST_F(BudgetEntries, OfATotalFollowAnEntryThatIsFiledUnderACategoryWithoutALine) {
+    enter(food, day(2026, 3, 2), "-40");
+    view.showEntries(CategoryKind::expense);
+    Transaction entry = test.library().transactions.back();
+    entry.categoryID = travel.id;
+    test.store->mutate("Edit", [&](Library& library) { upsert(library, entry); });
+    EXPECT_EQ(sumOf(wanted, test.index()), amount("40"));
+    entry.categoryID = pay.id;
+    test.store->mutate("Edit", [&](Library& library) { upsert(library, entry); });
+    EXPECT_EQ(sumOf(wanted, test.index()), Decimal());
+}
+
 TEST_F(BudgetEntries, AreOfferedWhereThereAreAny) {
     enter(food, day(2026, 3, 2), "-40");
     int edits = 0;
@@ -358,18 +384,6 @@ TEST_F(BudgetEntries, AreOfferedWhereThereAreAny) {
     EXPECT_FALSE(view.contextMenu(travel.id, [] {})[0].canBeChosen());
     EXPECT_TRUE(view.contextMenu(UUID::random(), [] {}).empty());
 }
-TEST_F(BudgetEntries, OfATotalFollowAnEntryThatIsFiledUnderACategoryWithoutALine) {
-    enter(food, day(2026, 3, 2), "-40");
-    view.showEntries(CategoryKind::expense);
-    Transaction entry = test.library().transactions.back();
-    entry.categoryID = travel.id;
-    test.store->mutate("Edit", [&](Library& library) { upsert(library, entry); });
-    EXPECT_EQ(sumOf(wanted, test.index()), amount("40"));
-    entry.categoryID = pay.id;
-    test.store->mutate("Edit", [&](Library& library) { upsert(library, entry); });
-    EXPECT_EQ(sumOf(wanted, test.index()), Decimal());
-}
-
 
 TEST(BudgetProperties, FiguresAreThoseOfTheLedgerAndAddUp) {
     int withEntries = 0;

@@ -112,6 +112,20 @@ TEST_F(GoalsViewTest, TheShareIsCutToWholePercent) {
     EXPECT_EQ(cardOf(makeGoal("D", "0", "50")).percent, "0%");
 }
 
+TEST_F(GoalsViewTest, MuchMoreThanATinyTargetReachesIt) {
+    SavingsGoal goal = makeGoal("A", "0", "0");
+    goal.target = Decimal::make(1, -100);
+    goal.saved = Decimal::make(1, 100);
+    const GoalCard card = cardOf(goal);
+    EXPECT_TRUE(card.isReached);
+    EXPECT_EQ(card.note, "Goal reached!");
+    EXPECT_EQ(card.percent, "100%");
+    EXPECT_EQ(card, card);
+    goal.saved = -goal.saved;
+    EXPECT_EQ(cardOf(goal).progress, 0);
+    EXPECT_EQ(cardOf(goal).percent, "0%");
+}
+
 TEST_F(GoalsViewTest, ANameOfSeveralLinesStandsOnOne) {
     EXPECT_EQ(cardOf(makeGoal("Trip\nto\r\nHalifax", "100", "0")).name, "Trip to Halifax");
 }
