@@ -6,6 +6,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "Oakfen/Widgets/Components/PageTool.h"
 #include "Oakfen/Widgets/Components/Panes.h"
 #include "Oakfen/Widgets/Theme/SymbolIcons.h"
 #include "Oakfen/Widgets/Theme/Theme.h"
@@ -70,7 +71,7 @@ void Page::setDetail(const QString& detail) {
 }
 
 QToolButton* Page::addTool(std::string_view symbolName, const QString& title, const QString& help) {
-    auto* tool = new QToolButton;
+    auto* tool = new PageTool;
     tool->setIcon(symbolIcon(symbolName, ThemeColor::text));
     tool->setText(title);
     tool->setAccessibleName(title);
