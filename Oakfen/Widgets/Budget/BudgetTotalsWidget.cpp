@@ -4,10 +4,10 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "Oakfen/Widgets/Budget/MetricButton.h"
 #include "Oakfen/Widgets/Components/BudgetBarWidget.h"
 #include "Oakfen/Widgets/Components/Card.h"
 #include "Oakfen/Widgets/Components/ElidedLabel.h"
+#include "Oakfen/Widgets/Components/MetricButton.h"
 #include "Oakfen/Widgets/Components/MetricWidget.h"
 #include "Oakfen/Widgets/Components/MoneyLabel.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"

@@ -5,7 +5,7 @@
 #include <QWheelEvent>
 
 #include "Oakfen/FigureLines.h"
-#include "Oakfen/Widgets/Budget/MetricButton.h"
+#include "Oakfen/Widgets/Components/MetricButton.h"
 #include "Tests/Oakfen/Widgets/Budget/BudgetWindowFixture.h"
 
 namespace oakfen {

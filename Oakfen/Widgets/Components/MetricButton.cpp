@@ -1,4 +1,4 @@
-#include "Oakfen/Widgets/Budget/MetricButton.h"
+#include "Oakfen/Widgets/Components/MetricButton.h"
 
 #include <QPainter>
 #include <algorithm>
