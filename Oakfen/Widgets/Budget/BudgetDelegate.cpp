@@ -40,6 +40,17 @@ void drawHint(QPainter& painter, const QRect& place, const BudgetHint& hint, con
                      qt(hint.caption));
 }
 
+/// Of hints that stand one above the other.
+QFont smallFigure() {
+    QFont font = Theme::font(TextStyle::axis);
+    font.setWeight(Theme::font(TextStyle::captionStrong).weight());
+    return font;
+}
+
+int widthOfName(const QStyleOptionViewItem& option, const QModelIndex& index) {
+    return QFontMetrics(option.font).horizontalAdvance(index.data().toString());
+}
+
 } // namespace
 
 BudgetDelegate::BudgetDelegate(std::function<const BudgetLine*(int row)> lineAt, QObject* parent)
@@ -61,7 +72,7 @@ void BudgetDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
                            const QModelIndex& index) const {
     if (option.state.testFlag(QStyle::State_Selected)) {
         painter->fillRect(option.rect, Theme::color(ThemeColor::selection));
-    } else if (edited_.isValid() && index.row() == edited_.row()) {
+    } else if (isEdited(index)) {
         painter->fillRect(option.rect, Theme::color(ThemeColor::surfaceRaised));
     } else if (hovered_.isValid() && index.row() == hovered_.row()) {
         QColor raised = Theme::color(ThemeColor::surfaceRaised);
@@ -87,59 +98,69 @@ void BudgetDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
     painter->restore();
 }
 
+bool BudgetDelegate::isEdited(const QModelIndex& index) const {
+    return edited_.isValid() && index.row() == edited_.row();
+}
+
+QRect BudgetDelegate::roomBesideField(const QRect& cell) const {
+    QRect room = cell.adjusted(firstIndent + LedgerDelegate::margin, 0, -Theme::grid, 0);
+    room.setRight(std::min(room.right(), fieldLeft_ - gap));
+    return room;
+}
+
+BudgetDelegate::HintsPlace BudgetDelegate::placeHints(const QRect& room, int nameWidth) const {
+    int inOneLine = Theme::grid;
+    int stacked = 0;
+    for (const BudgetHint& hint : hints_) {
+        inOneLine += gap + widthOf(hint, Theme::font(TextStyle::caption),
+                                   Theme::font(TextStyle::captionStrong));
+        stacked = std::max(stacked, widthOf(hint, Theme::font(TextStyle::axis), smallFigure()));
+    }
+    const bool isOneLine = inOneLine + nameWidth <= room.width();
+    return {.isOneLine = isOneLine, .width = isOneLine ? inOneLine : stacked};
+}
+
+QRect BudgetDelegate::namePlace(const QStyleOptionViewItem& option,
+                                const QModelIndex& index) const {
+    QRect place = option.rect.adjusted(firstIndent, 0, 0, 0);
+    if (isEdited(index)) {
+        const QRect room = roomBesideField(option.rect);
+        place.setRight(room.right() - placeHints(room, widthOfName(option, index)).width);
+    }
+    return place;
+}
+
 void BudgetDelegate::paintCategory(QPainter& painter, QStyleOptionViewItem option,
                                    const QModelIndex& index) const {
-    option.rect.adjust(firstIndent, 0, 0, 0);
-    if (edited_.isValid() && index.row() == edited_.row()) {
-        QRect place = option.rect.adjusted(LedgerDelegate::margin, 0, -Theme::grid, 0);
-        place.setRight(std::min(place.right(), fieldLeft_ - gap));
-        const QString name = index.data().toString();
-        const int taken =
-            paintHints(painter, place, QFontMetrics(option.font).horizontalAdvance(name));
-        option.rect.setRight(place.right() - taken);
+    if (isEdited(index)) {
+        paintHints(painter, roomBesideField(option.rect), widthOfName(option, index));
     }
+    option.rect = namePlace(option, index);
     cells_.paint(&painter, option, index);
 }
 
-int BudgetDelegate::paintHints(QPainter& painter, const QRect& place, int nameWidth) const {
-    const auto widths = [this](const QFont& caption, const QFont& figure) {
-        std::vector<int> result;
-        for (const BudgetHint& hint : hints_) {
-            result.push_back(widthOf(hint, caption, figure));
-        }
-        return result;
-    };
-    const QFont caption = Theme::font(TextStyle::caption);
-    const QFont figure = Theme::font(TextStyle::captionStrong);
-    int inOneLine = 0;
-    for (const int each : widths(caption, figure)) {
-        inOneLine += each + gap;
-    }
-    QRect rest = place;
-    if (inOneLine + nameWidth + Theme::grid <= place.width()) {
-        rest.setRight(rest.right() - Theme::grid);
+void BudgetDelegate::paintHints(QPainter& painter, QRect room, int nameWidth) const {
+    if (placeHints(room, nameWidth).isOneLine) {
+        const QFont caption = Theme::font(TextStyle::caption);
+        const QFont figure = Theme::font(TextStyle::captionStrong);
+        room.setRight(room.right() - Theme::grid);
         for (auto hint = hints_.rbegin(); hint != hints_.rend(); ++hint) {
-            drawHint(painter, rest, *hint, caption, figure);
-            rest.setRight(rest.right() - widthOf(*hint, caption, figure) - gap);
+            drawHint(painter, room, *hint, caption, figure);
+            room.setRight(room.right() - widthOf(*hint, caption, figure) - gap);
         }
-        return inOneLine + Theme::grid;
+        return;
     }
     // One above the other, in letters small enough for a row.
-    const QFont small = Theme::font(TextStyle::axis);
-    QFont smallFigure = small;
-    smallFigure.setWeight(figure.weight());
-    rest.setHeight(place.height() / static_cast<int>(std::max<std::size_t>(hints_.size(), 1)));
+    room.setHeight(room.height() / static_cast<int>(std::max<std::size_t>(hints_.size(), 1)));
     for (const BudgetHint& hint : hints_) {
-        drawHint(painter, rest, hint, small, smallFigure);
-        rest.translate(0, rest.height());
+        drawHint(painter, room, hint, Theme::font(TextStyle::axis), smallFigure());
+        room.translate(0, room.height());
     }
-    const std::vector<int> stacked = widths(small, smallFigure);
-    return stacked.empty() ? 0 : *std::ranges::max_element(stacked);
 }
 
 void BudgetDelegate::paintBudget(QPainter& painter, const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const {
-    if (edited_.isValid() && index.row() == edited_.row()) {
+    if (isEdited(index)) {
         // The field covers it.
         return;
     }
@@ -178,7 +199,12 @@ void BudgetDelegate::paintActual(QPainter& painter, const QStyleOptionViewItem& 
 
 bool BudgetDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
                                const QStyleOptionViewItem& option, const QModelIndex& index) {
-    return cells_.helpEvent(event, view, option, index);
+    QStyleOptionViewItem drawn = option;
+    if (columnAt(index) == "category") {
+        // What is cut there is told whole.
+        drawn.rect = namePlace(option, index);
+    }
+    return cells_.helpEvent(event, view, drawn, index);
 }
 
 } // namespace oakfen

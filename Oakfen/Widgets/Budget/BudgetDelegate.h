@@ -39,8 +39,22 @@ private:
                      const QModelIndex& index) const;
     void paintActual(QPainter& painter, const QStyleOptionViewItem& option,
                      const QModelIndex& index) const;
-    /// Draws the hints at the right of the place; returns how much of it they take.
-    int paintHints(QPainter& painter, const QRect& place, int nameWidth) const;
+    /// Draws the hints at the right of the room.
+    void paintHints(QPainter& painter, QRect room, int nameWidth) const;
+
+    struct HintsPlace {
+        bool isOneLine = false;
+        int width = 0;
+    };
+
+    [[nodiscard]] bool isEdited(const QModelIndex& index) const;
+    /// What a cell has left of the field in the line that is edited, for the name and the hints.
+    [[nodiscard]] QRect roomBesideField(const QRect& cell) const;
+    /// How the hints stand in the room beside a name of that width.
+    [[nodiscard]] HintsPlace placeHints(const QRect& room, int nameWidth) const;
+    /// The cell of a category without what belongs to the field.
+    [[nodiscard]] QRect namePlace(const QStyleOptionViewItem& option,
+                                  const QModelIndex& index) const;
 
     std::function<const BudgetLine*(int row)> lineAt_;
     LedgerDelegate cells_;

@@ -1,5 +1,7 @@
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QToolTip>
 
 #include "Tests/Oakfen/Widgets/Budget/BudgetWindowFixture.h"
 
@@ -290,6 +292,30 @@ TEST_F(BudgetCell, MovesNothingWhenEditingBeginsAndEnds) {
     press(Qt::Key_Escape);
     EXPECT_EQ(places(), before);
     EXPECT_EQ(screen->verticalScrollBar()->value(), scrolled);
+}
+
+TEST_F(BudgetCell, TellsTheWholeNameWhereEditingCutsItDown) {
+    window->resize(980, 620);
+    test->store->mutate("Rename", [this](Library& library) {
+        rent.name = "Cottage by the Lake";
+        upsert(library, rent);
+    });
+    for (int layout = 0; layout < 5; ++layout) {
+        settle();
+    }
+    const auto tip = [this] {
+        const QPoint point =
+            table()->visualRect(table()->model()->index(0, column("category"))).center();
+        QHelpEvent event(QEvent::ToolTip, point, table()->viewport()->mapToGlobal(point));
+        QApplication::sendEvent(table()->viewport(), &event);
+        const QString text = QToolTip::isVisible() ? QToolTip::text() : QString();
+        QToolTip::hideText();
+        return text;
+    };
+    EXPECT_EQ(tip(), QString());
+    clickCell(0, "budget");
+    ASSERT_EQ(edited(), "Cottage by the Lake");
+    EXPECT_TRUE(tip().contains(QStringLiteral("Cottage by the Lake")));
 }
 
 TEST_F(BudgetCell, TellsWhatWasSpentBefore) {
