@@ -57,21 +57,32 @@ QString joined(const QString& first, const QString& second) {
            (second.startsWith(begin) ? second.mid(begin.size()) : second + end);
 }
 
+/// Twice the height of a text's middle above the line that it stands on.
+int middleOf(const QFontMetrics& metrics) {
+    return metrics.ascent() - metrics.descent();
+}
+
 void drawText(QPainter& painter, const QRect& rect, const QModelIndex& index, bool isSelected) {
     const QFontMetrics metrics(painter.font());
+    const QFont detailFont = Theme::font(TextStyle::caption);
+    const QFontMetrics detailMetrics(detailFont);
     const QString detail = index.data(LedgerDelegate::DetailRole).toString();
     const bool keepsDetail = index.data(LedgerDelegate::KeepsDetailRole).toBool();
-    const int room = keepsDetail ? roomOfText(metrics, detail, rect.width()) : rect.width();
+    const int room = keepsDetail ? roomOfText(detailMetrics, detail, rect.width()) : rect.width();
     const QString text = metrics.elidedText(index.data().toString(), Qt::ElideRight, room);
     constexpr int flags = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine;
     painter.setPen(colorOf(toneOf(index), isSelected));
     painter.drawText(rect, flags, text);
 
     const int used = metrics.horizontalAdvance(text) + LedgerDelegate::margin;
-    const QRect rest = rect.adjusted(used, 0, 0, 0);
+    // Smaller, on the line that the text stands on.
+    const int lower = (middleOf(metrics) - middleOf(detailMetrics)) / 2;
+    const QRect rest = rect.adjusted(used, lower, 0, lower);
     if (!detail.isEmpty() && rest.width() > metrics.averageCharWidth() * 3) {
+        painter.setFont(detailFont);
         painter.setPen(colorOf(TextTone::secondary, isSelected));
-        painter.drawText(rest, flags, metrics.elidedText(detail, Qt::ElideRight, rest.width()));
+        painter.drawText(rest, flags,
+                         detailMetrics.elidedText(detail, Qt::ElideRight, rest.width()));
     }
 }
 
