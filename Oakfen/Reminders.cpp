@@ -8,13 +8,14 @@ namespace oakfen {
 
 namespace {
 
-/// The reminders that are due, in the document's order.
-std::vector<UUID> dueReminders(const AppEnvironment& environment) {
+/// The places of the reminders that are due, in the document's order.
+std::vector<std::size_t> dueReminders(const AppEnvironment& environment) {
     const Date endOfToday = environment.clock.calendar().endOfDay(environment.clock.now());
-    std::vector<UUID> due;
-    for (const ScheduledTransaction& reminder : environment.store.library().scheduled) {
-        if (reminder.nextDate <= endOfToday) {
-            due.push_back(reminder.id);
+    const auto& reminders = environment.store.library().scheduled;
+    std::vector<std::size_t> due;
+    for (std::size_t place = 0; place < reminders.size(); ++place) {
+        if (reminders[place].nextDate <= endOfToday) {
+            due.push_back(place);
         }
     }
     return due;
@@ -27,10 +28,13 @@ int dueReminderCount(const AppEnvironment& environment) {
 }
 
 void enterDueReminders(AppEnvironment& environment) {
-    const std::vector<UUID> due = dueReminders(environment);
+    const std::vector<std::size_t> due = dueReminders(environment);
     environment.store.mutate("Enter Reminders", [&](Library& library) {
-        for (const UUID& id : due) {
-            enterScheduled(library, id, std::nullopt, std::nullopt, environment.clock.calendar());
+        const std::size_t before = library.scheduled.size();
+        for (const std::size_t place : due) {
+            // Those that came for the last time have gone from before it.
+            const std::size_t gone = before - library.scheduled.size();
+            enterScheduledAt(library, place - gone, environment.clock.calendar());
         }
     });
 }

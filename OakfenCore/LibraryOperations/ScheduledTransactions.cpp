@@ -29,6 +29,23 @@ std::optional<std::size_t> indexOf(const Library& library, const UUID& id) {
         [&](const ScheduledTransaction& candidate) { return candidate.id == id; });
 }
 
+Transaction enter(Library& library, std::size_t index, const std::optional<Decimal>& amount,
+                  const std::optional<Date>& date, const Calendar& calendar) {
+    const ScheduledTransaction& reminder = library.scheduled[index];
+    Transaction entry{.id = UUID::random(),
+                      .accountID = reminder.accountID,
+                      .date = date.value_or(reminder.nextDate),
+                      .payee = reminder.payee,
+                      .amount = amount.value_or(reminder.amount),
+                      .categoryID = reminder.categoryID,
+                      .transferAccountID = reminder.transferAccountID,
+                      .memo = reminder.memo};
+    // Catching up must not look through a long ledger once for each entry.
+    appendNew(library, entry);
+    advanceScheduled(library, index, calendar);
+    return entry;
+}
+
 } // namespace
 
 bool isIncome(const ScheduledTransaction& reminder) {
@@ -59,19 +76,11 @@ std::optional<Transaction> enterScheduled(Library& library, const UUID& id,
     if (!index) {
         return std::nullopt;
     }
-    const ScheduledTransaction& reminder = library.scheduled[*index];
-    Transaction entry{.id = UUID::random(),
-                      .accountID = reminder.accountID,
-                      .date = date.value_or(reminder.nextDate),
-                      .payee = reminder.payee,
-                      .amount = amount.value_or(reminder.amount),
-                      .categoryID = reminder.categoryID,
-                      .transferAccountID = reminder.transferAccountID,
-                      .memo = reminder.memo};
-    // Catching up must not look through a long ledger once for each entry.
-    appendNew(library, entry);
-    advanceScheduled(library, *index, calendar);
-    return entry;
+    return enter(library, *index, amount, date, calendar);
+}
+
+Transaction enterScheduledAt(Library& library, std::size_t place, const Calendar& calendar) {
+    return enter(library, place, std::nullopt, std::nullopt, calendar);
 }
 
 void skipScheduled(Library& library, const UUID& id, const Calendar& calendar) {

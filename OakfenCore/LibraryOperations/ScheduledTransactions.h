@@ -28,6 +28,10 @@ std::optional<Transaction> enterScheduled(Library& library, const UUID& id,
                                           const std::optional<Date>& date,
                                           const Calendar& calendar);
 
+/// Likewise for the reminder at that place of the document, which there must be, as planned. Of two
+/// records with one id it takes the one that is meant.
+Transaction enterScheduledAt(Library& library, std::size_t place, const Calendar& calendar);
+
 /// Moves the reminder on without an entry; one that comes once disappears.
 void skipScheduled(Library& library, const UUID& id, const Calendar& calendar);
 

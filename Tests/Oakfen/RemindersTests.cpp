@@ -91,6 +91,33 @@ TEST_F(Reminders, OfATransferEnterBothLegs) {
     EXPECT_EQ(test.library().scheduled.front().id, id);
 }
 
+TEST_F(Reminders, OfOneIDAreEnteredEachForItself) {
+    const UUID id = add("Rent", day(2026, 3, 10), Frequency::once).id;
+    add("Gym", day(2026, 3, 1), Frequency::weekly);
+    add("Phone", day(2026, 3, 12), Frequency::monthly);
+    add("Later", day(2026, 4, 1), Frequency::monthly);
+    test.store->mutate("Edit", [&](Library& library) {
+        for (std::size_t place = 0; place < library.scheduled.size(); ++place) {
+            library.scheduled.edit(place).id = id;
+        }
+    });
+    enterDueReminders(*test);
+    EXPECT_EQ(entered(), "Rent 3/10 -10; Gym 3/1 -10; Phone 3/12 -10; ");
+    ASSERT_EQ(test.library().scheduled.size(), 3U);
+    EXPECT_EQ(test.library().scheduled[0].nextDate, day(2026, 3, 8));
+    EXPECT_EQ(test.library().scheduled[1].nextDate, day(2026, 4, 12));
+    EXPECT_EQ(test.library().scheduled[2].nextDate, day(2026, 4, 1));
+}
+
+TEST_F(Reminders, ThatAreDueAreEnteredBesideOneOfTheSameIDThatIsNot) {
+    const UUID id = add("Later", day(2026, 4, 1), Frequency::monthly).id;
+    add("Now", day(2026, 3, 15), Frequency::monthly);
+    test.store->mutate("Edit", [&](Library& library) { library.scheduled.edit(1).id = id; });
+    enterDueReminders(*test);
+    EXPECT_EQ(entered(), "Now 3/15 -10; ");
+    EXPECT_EQ(dueReminderCount(*test), 0);
+}
+
 TEST_F(Reminders, LeaveNoStepWhenNoneIsDue) {
     add("Later", day(2026, 4, 1), Frequency::monthly);
     enterDueReminders(*test);
