@@ -17,6 +17,11 @@ namespace oakfen {
 
 namespace {
 
+/// Null for an id that is gone.
+const ScheduledTransaction* reminderOf(const Library& library, const UUID& id) {
+    return library.scheduled.first([&](const ScheduledTransaction& each) { return each.id == id; });
+}
+
 /// One overload for each sheet that has a screen; the rest fall to the template.
 struct DialogMaker {
     AppEnvironment& environment;
@@ -47,11 +52,13 @@ struct DialogMaker {
         return account != nullptr ? new ReconcileDialog(environment, *account, parent) : nullptr;
     }
     SheetScaffold* operator()(const ActiveSheet::Scheduled& sheet) const {
-        return new ScheduledEditorDialog(environment, sheet, parent);
+        // Who wanted to change a reminder that is gone is not asked for a new one.
+        const bool isGone =
+            sheet.id && reminderOf(environment.store.library(), *sheet.id) == nullptr;
+        return isGone ? nullptr : new ScheduledEditorDialog(environment, sheet, parent);
     }
     SheetScaffold* operator()(const ActiveSheet::EnterReminder& sheet) const {
-        const ScheduledTransaction* reminder = environment.store.library().scheduled.first(
-            [&](const ScheduledTransaction& each) { return each.id == sheet.id; });
+        const ScheduledTransaction* reminder = reminderOf(environment.store.library(), sheet.id);
         return reminder != nullptr ? new EnterReminderDialog(environment, *reminder, parent)
                                    : nullptr;
     }

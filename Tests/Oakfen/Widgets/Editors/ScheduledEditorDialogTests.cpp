@@ -12,6 +12,7 @@
 #include "Oakfen/Widgets/Components/DateField.h"
 #include "Oakfen/Widgets/Components/PickerBox.h"
 #include "Oakfen/Widgets/Editors/EnterReminderDialog.h"
+#include "Oakfen/Widgets/Shell/SheetRouter.h"
 #include "Tests/Oakfen/Widgets/Settle.h"
 #include "Tests/Support/TestEnvironment.h"
 
@@ -149,6 +150,17 @@ TEST_F(ReminderSheet, EntersWithAnotherAmount) {
     ASSERT_EQ(test.library().transactions.size(), 1U);
     EXPECT_EQ(test.library().transactions.front().amount, amount("-101.5"));
     EXPECT_EQ(test.library().scheduled.front().amount, amount("-96"));
+}
+
+TEST_F(ReminderSheet, OpensNothingForAReminderThatIsGone) {
+    for (const ActiveSheet& sheet : {ActiveSheet{ActiveSheet::Scheduled{.id = UUID::random()}},
+                                     ActiveSheet{ActiveSheet::EnterReminder{UUID::random()}}}) {
+        EXPECT_EQ(std::unique_ptr<SheetScaffold>(makeSheet(*test, sheet, nullptr)), nullptr);
+    }
+    for (const ActiveSheet& sheet : {ActiveSheet{ActiveSheet::Scheduled{}},
+                                     ActiveSheet{ActiveSheet::Scheduled{.id = hydro.id}}}) {
+        EXPECT_NE(std::unique_ptr<SheetScaffold>(makeSheet(*test, sheet, nullptr)), nullptr);
+    }
 }
 
 } // namespace
