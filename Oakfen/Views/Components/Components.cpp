@@ -80,7 +80,8 @@ std::string relativeDayDescription(Date date, Date now, const Calendar& calendar
         break;
     }
     if (days < 0) {
-        return countText(static_cast<std::size_t>(-days)) + " days overdue";
+        // Wider, since the lowest of all integers has no negation of its own.
+        return countText(static_cast<std::size_t>(-std::int64_t{days})) + " days overdue";
     }
     if (days < 7) {
         return "In " + std::to_string(days) + " days";

@@ -144,6 +144,11 @@ TEST(RelativeDay, SpeaksOfOverdueDaysFromTheSecondOn) {
     EXPECT_EQ(relative(day(2023, 3, 15)), "1,096 days overdue");
 }
 
+TEST(RelativeDay, CountsAsManyDaysAsItCanSinceTheBeginningOfTime) {
+    const LocaleForTest locale("en_CA");
+    EXPECT_EQ(relative(Calendar::utc().date({.year = -6'000'000})), "2,147,483,648 days overdue");
+}
+
 TEST(RelativeDay, CountsADayWhoseClockChangesAsOne) {
     const Calendar toronto = *Calendar::inZone("America/Toronto");
     const auto noon = [&](int dayOfMonth) {
