@@ -1,6 +1,7 @@
 #include "Oakfen/Views/Editors/ScheduledEditor.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "Oakfen/Views/Editors/EditorChoices.h"
@@ -95,12 +96,13 @@ Date ScheduledEditor::nextDateAfter(Date entered) const {
     const Calendar& calendar = environment_.clock.calendar();
     const Date today = calendar.startOfDay(environment_.clock.now());
     // Counted from the entry each time, so that the 31st comes back after a shorter month.
-    int months = std::max(1, calendar.wholeMonths(entered, today));
+    const int months = std::max(1, calendar.wholeMonths(entered, today));
     Date date = calendar.addingMonths(entered, months);
-    while (date < today) {
-        date = calendar.addingMonths(entered, ++months);
+    if (date < today && months < std::numeric_limits<int>::max()) {
+        date = calendar.addingMonths(entered, months + 1);
     }
-    return date;
+    // No count of months leads here from before all history.
+    return std::max(date, today);
 }
 
 std::string ScheduledEditor::title() const {

@@ -263,6 +263,21 @@ TEST_F(Scheduling, BeginsLikeAnOldEntryOnItsDayFromTodayOn) {
     EXPECT_EQ(nextDueLike(day(2026, 3, 20)), day(2026, 4, 20));
 }
 
+TEST_F(Scheduling, BeginsTodayLikeAnEntryFromBeforeAllHistory) {
+    const Date today = Calendar::utc().startOfDay(test.clock.now());
+    for (const int year : {-178'956'000, -179'000'000, -2'000'000'000}) {
+        const ScheduledEditor editor =
+            like(makeTransaction(chequing.id, Calendar::utc().date({.year = year}), "Old", "-5"));
+        EXPECT_EQ(Calendar::utc().startOfDay(editor.draft.nextDate), today) << year;
+    }
+}
+
+TEST_F(Scheduling, BeginsLikeAnEntryFarAheadNoEarlierThanToday) {
+    const Date far = Calendar::utc().date({.year = 179'000'000});
+    const ScheduledEditor editor = like(makeTransaction(chequing.id, far, "Far", "-5"));
+    EXPECT_GE(editor.draft.nextDate, far);
+}
+
 TEST_F(Scheduling, BeginsLikeASplitEntryWithoutACategory) {
     Transaction entry = makeTransaction(chequing.id, day(2026, 3, 1), "Aurora", "30");
     entry.splits = {{.id = UUID::random(), .categoryID = internet.id, .amount = amount("30")}};
