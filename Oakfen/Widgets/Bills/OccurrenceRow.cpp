@@ -1,12 +1,11 @@
 #include "Oakfen/Widgets/Bills/OccurrenceRow.h"
 
-#include <QPushButton>
 #include <algorithm>
 #include <cmath>
 
 #include "Oakfen/Widgets/Components/DiscLabel.h"
 #include "Oakfen/Widgets/Components/Figures.h"
-#include "Oakfen/Widgets/Components/Mnemonics.h"
+#include "Oakfen/Widgets/Components/RowActionButton.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 
 namespace oakfen {
@@ -76,12 +75,7 @@ QPushButton* OccurrenceRow::button(Action action) const {
 }
 
 QPushButton* OccurrenceRow::makeButton(const QString& title, const QString& help, Action action) {
-    auto* button = new QPushButton(title, this);
-    button->setFont(Theme::font(TextStyle::caption));
-    Theme::setTrait(*button, "small");
-    button->setAutoDefault(false);
-    button->setToolTip(help);
-    leaveWithoutLetter(*button);
+    auto* button = new RowActionButton(title, help, this);
     connect(button, &QPushButton::clicked, this, [this, action] { acted(*this, action); });
     return button;
 }

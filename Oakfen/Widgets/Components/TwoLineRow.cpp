@@ -1,13 +1,12 @@
 #include "Oakfen/Widgets/Components/TwoLineRow.h"
 
 #include <QHBoxLayout>
-#include <QPushButton>
 
 #include "Oakfen/Widgets/Components/DiscLabel.h"
 #include "Oakfen/Widgets/Components/ElidedLabel.h"
 #include "Oakfen/Widgets/Components/Figures.h"
-#include "Oakfen/Widgets/Components/Mnemonics.h"
 #include "Oakfen/Widgets/Components/MoneyLabel.h"
+#include "Oakfen/Widgets/Components/RowActionButton.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
 
 namespace oakfen {
@@ -54,13 +53,7 @@ void TwoLineRow::showAmount(const MoneyText& money) {
 }
 
 QPushButton* TwoLineRow::addButton(const QString& title, const QString& help) {
-    auto* button = new QPushButton(title);
-    button->setFont(Theme::font(TextStyle::caption));
-    Theme::setTrait(*button, "small");
-    button->setAutoDefault(false);
-    button->setAccessibleName(title);
-    button->setToolTip(help);
-    leaveWithoutLetter(*button);
+    auto* button = new RowActionButton(title, help);
     addWidget(*button);
     return button;
 }

@@ -278,5 +278,17 @@ TEST_F(BillsScreen, ShowsFortyWeeklyRemindersAtOnce) {
     RecordProperty("editing", static_cast<int>(editing));
 }
 
+TEST_F(BillsScreen, ADoubleClickEntersOneReminder) {
+    add("A", "-1", day(2026, 3, 16), Frequency::once);
+    add("B", "-1", day(2026, 3, 16), Frequency::once);
+    open();
+    const QPoint place = button(0, Action::enter)->mapTo(widget.get(), QPoint(5, 5));
+    QTest::mouseDClick(widget->windowHandle(), Qt::LeftButton, {}, place);
+    settle();
+    ASSERT_EQ(test.library().transactions.size(), 1U);
+    EXPECT_EQ(test.library().transactions.front().payee, "A");
+    EXPECT_EQ(rows().size(), 1U);
+}
+
 } // namespace
 } // namespace oakfen
