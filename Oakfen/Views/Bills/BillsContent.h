@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
@@ -83,7 +84,10 @@ struct BillsContent {
 
     std::vector<Figure> figures;
     int horizonDays = 0;
+    /// The first of what is due, as many rows as are shown.
     std::vector<Day> days;
+    /// How many rows more there are, which the days leave out.
+    std::size_t hiddenCount = 0;
     std::vector<Reminder> reminders;
     /// "18".
     std::string reminderCount;

@@ -19,6 +19,12 @@ BillsView::BillsView(AppEnvironment& environment)
 
 void BillsView::setHorizonDays(int days) {
     horizonDays_ = days;
+    mostRows_ = rowsAtOnce;
+    stateChanged();
+}
+
+void BillsView::showMore() {
+    mostRows_ += rowsAtOnce;
     stateChanged();
 }
 
@@ -118,9 +124,12 @@ std::optional<UUID> BillsView::accountToProject() const {
 BillsContent BillsView::derive(const BillsContent* /*earlier*/) const {
     const std::vector<Occurrence> upcoming =
         upcomingOccurrences(environment_.store.library(), horizon(), environment_.clock.calendar());
+    const std::span<const Occurrence> listed =
+        std::span(upcoming).first(std::min(mostRows_, upcoming.size()));
     return {.figures = figures(upcoming),
             .horizonDays = horizonDays_,
-            .days = days(upcoming),
+            .days = days(listed),
+            .hiddenCount = upcoming.size() - listed.size(),
             .reminders = reminders(),
             .reminderCount = countText(environment_.store.library().scheduled.size()),
             .projection = projection(upcoming)};
@@ -163,7 +172,7 @@ BillsContent::Row BillsView::row(const Occurrence& occurrence) const {
             .isNext = calendar.startOfDay(occurrence.date) == calendar.startOfDay(item.nextDate)};
 }
 
-std::vector<BillsContent::Day> BillsView::days(const std::vector<Occurrence>& upcoming) const {
+std::vector<BillsContent::Day> BillsView::days(std::span<const Occurrence> upcoming) const {
     const Calendar& calendar = environment_.clock.calendar();
     const Date now = environment_.clock.now();
     const Date today = calendar.startOfDay(now);

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -24,10 +26,17 @@ public:
     static constexpr std::array<HorizonChoice, 4> horizons{
         {{"2 Weeks", 14}, {"30 Days", 30}, {"60 Days", 60}, {"90 Days", 90}}};
 
+    /// How many due dates are listed at first, and come with each wish for more. Few documents have
+    /// as many; a weekly reminder that is years overdue has hundreds by itself, and a screen of
+    /// thousands would open slowly.
+    static constexpr std::size_t rowsAtOnce = 200;
+
     explicit BillsView(AppEnvironment& environment);
 
     [[nodiscard]] int horizonDays() const { return horizonDays_; }
     void setHorizonDays(int days);
+    /// Lists more of what is due.
+    void showMore();
     [[nodiscard]] const std::optional<UUID>& forecastAccountID() const {
         return forecastAccountID_;
     }
@@ -65,8 +74,7 @@ private:
     [[nodiscard]] std::optional<UUID> firstBankingAccount() const;
     [[nodiscard]] std::vector<BillsContent::Figure>
     figures(const std::vector<Occurrence>& upcoming) const;
-    [[nodiscard]] std::vector<BillsContent::Day>
-    days(const std::vector<Occurrence>& upcoming) const;
+    [[nodiscard]] std::vector<BillsContent::Day> days(std::span<const Occurrence> upcoming) const;
     [[nodiscard]] BillsContent::Row row(const Occurrence& occurrence) const;
     [[nodiscard]] std::vector<BillsContent::Reminder> reminders() const;
     [[nodiscard]] BillsContent::Projection
@@ -78,6 +86,7 @@ private:
     [[nodiscard]] std::string payeeOf(const UUID& reminderID) const;
 
     int horizonDays_ = 30;
+    std::size_t mostRows_ = rowsAtOnce;
     std::optional<UUID> forecastAccountID_;
     bool triesOut_ = false;
     std::vector<WhatIfEntry> tried_;

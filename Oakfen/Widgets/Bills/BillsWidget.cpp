@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -13,8 +14,10 @@
 #include "Oakfen/Widgets/Bills/UpcomingList.h"
 #include "Oakfen/Widgets/Components/Card.h"
 #include "Oakfen/Widgets/Components/EmptyStateWidget.h"
+#include "Oakfen/Widgets/Components/Mnemonics.h"
 #include "Oakfen/Widgets/Components/SegmentedChoice.h"
 #include "Oakfen/Widgets/Theme/Bridge.h"
+#include "OakfenCore/Support/Text/Formatting.h"
 
 namespace oakfen {
 
@@ -64,7 +67,14 @@ void BillsWidget::addUpcoming() {
     upcoming_ = new UpcomingList(view_);
     upcoming_->keyboardMoved = [this](QWidget* widget) { follow(widget); };
     card->content()->addWidget(empty_);
+    more_ = new QPushButton;
+    more_->setAutoDefault(false);
+    more_->setToolTip(tr("List more of what is due in these days"));
+    Theme::setTrait(*more_, "link");
+    leaveWithoutLetter(*more_);
+    connect(more_, &QPushButton::clicked, this, [this] { listMore(); });
     card->content()->addWidget(upcoming_);
+    card->content()->addWidget(more_, 0, Qt::AlignHCenter);
     column()->addWidget(card);
 }
 
@@ -98,7 +108,10 @@ void BillsWidget::refresh() {
     if (earlier == nullptr || earlier->reminders != shown_->reminders) {
         showReminders();
     }
-    reminders_->putInTabOrder(upcoming_->putInTabOrder(beforeRows_));
+    QWidget* lastOfRows = upcoming_->putInTabOrder(beforeRows_);
+    setTabOrder(lastOfRows, more_);
+    showRest(*lastOfRows);
+    reminders_->putInTabOrder(more_);
     fitFigures();
 }
 
@@ -108,6 +121,36 @@ void BillsWidget::showReminders() {
     reminders_->showReminders(shown_->reminders);
     reminders_->setVisible(isAny);
     noReminders_->setVisible(!isAny);
+}
+
+void BillsWidget::showRest(QWidget& lastOfRows) {
+    const std::size_t count = std::min(shown_->hiddenCount, BillsView::rowsAtOnce);
+    const QString title = tr("Show %1 More").arg(qt(countText(count)));
+    more_->setText(title);
+    more_->setAccessibleName(title);
+    if (count == 0 && more_->hasFocus()) {
+        // Else the toolkit would scroll on to what comes after the list.
+        lastOfRows.setFocus(Qt::OtherFocusReason);
+    }
+    more_->setVisible(count > 0);
+}
+
+void BillsWidget::listMore() {
+    const std::size_t first = upcoming_->rows().size();
+    const bool hadKeyboard = more_->hasFocus();
+    view_.showMore();
+    QPushButton* next = hadKeyboard ? upcoming_->enterButtonFrom(first) : nullptr;
+    if (next == nullptr) {
+        return;
+    }
+    next->setFocus(Qt::OtherFocusReason);
+    // The page can scroll there once it has grown.
+    const auto show = [this, next] {
+        if (next->hasFocus()) {
+            follow(next);
+        }
+    };
+    connect(verticalScrollBar(), &QScrollBar::rangeChanged, next, show, Qt::SingleShotConnection);
 }
 
 void BillsWidget::fitFigures() {

@@ -5,6 +5,7 @@
 #include "Oakfen/Views/Bills/BillsView.h"
 #include "Oakfen/Widgets/Components/Page.h"
 
+class QPushButton;
 class QToolButton;
 
 namespace oakfen {
@@ -35,6 +36,10 @@ private:
     void addReminders();
     void refresh();
     void showReminders();
+    /// Says how many rows more the list would show, if there are any; the keyboard goes to the
+    /// last of the rows' buttons where there are none any more.
+    void showRest(QWidget& lastOfRows);
+    void listMore();
     void fitFigures();
     /// Brings what the keyboard came to into sight.
     void follow(QWidget* widget);
@@ -49,6 +54,7 @@ private:
     /// What Tab comes to before the rows, if it is there.
     QWidget* beforeRows_ = nullptr;
     UpcomingList* upcoming_ = nullptr;
+    QPushButton* more_ = nullptr;
     Card* reminderCard_ = nullptr;
     ReminderGrid* reminders_ = nullptr;
     QWidget* noReminders_ = nullptr;

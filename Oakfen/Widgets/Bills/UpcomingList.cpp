@@ -4,6 +4,7 @@
 #include <QResizeEvent>
 #include <algorithm>
 #include <map>
+#include <unordered_set>
 #include <utility>
 
 #include "Oakfen/Widgets/Bills/DayHeading.h"
@@ -86,16 +87,28 @@ std::vector<QWidget*> UpcomingList::lines() const {
 void UpcomingList::place() {
     const int headingHeight = DayHeading::neededHeight();
     const int rowHeight = OccurrenceRow::neededHeight();
+    const std::vector<QWidget*> all = lines();
+    putInReadingOrder(all);
     int top = 0;
-    for (QWidget* line : lines()) {
+    for (QWidget* line : all) {
         const int high = qobject_cast<DayHeading*>(line) != nullptr ? headingHeight : rowHeight;
         line->setGeometry(0, top, width(), high);
         line->show();
-        // To the end of the children.
-        line->raise();
         top += high;
     }
     setFixedHeight(top);
+}
+
+void UpcomingList::putInReadingOrder(const std::vector<QWidget*>& lines) {
+    // Moving one line looks through all of them, so those that stand right already stay.
+    const std::unordered_set<const QWidget*> still(lines.begin(), lines.end());
+    std::erase_if(ordered_, [&](const QWidget* line) { return !still.contains(line); });
+    const auto moved = std::ranges::mismatch(lines, ordered_).in1;
+    for (QWidget* line : std::ranges::subrange(moved, lines.end())) {
+        // To the end of the children.
+        line->raise();
+    }
+    ordered_ = lines;
 }
 
 QWidget* UpcomingList::putInTabOrder(QWidget* after) {
@@ -114,6 +127,15 @@ std::vector<OccurrenceRow*> UpcomingList::rowsToActOn() const {
         return row->button(OccurrenceRow::Action::enter) != nullptr;
     });
     return result;
+}
+
+QPushButton* UpcomingList::enterButtonFrom(std::size_t place) const {
+    for (; place < rows_.size(); ++place) {
+        if (QPushButton* button = rows_[place]->button(OccurrenceRow::Action::enter)) {
+            return button;
+        }
+    }
+    return nullptr;
 }
 
 void UpcomingList::act(const OccurrenceRow& row, OccurrenceRow::Action action) {

@@ -24,6 +24,8 @@ public:
     QWidget* putInTabOrder(QWidget* after);
     /// From top to bottom.
     [[nodiscard]] const std::vector<OccurrenceRow*>& rows() const { return rows_; }
+    /// What enters the first row from that place on that can be entered; null for none.
+    [[nodiscard]] QPushButton* enterButtonFrom(std::size_t place) const;
 
     /// Called when the keyboard has gone to that widget, which may be out of sight; null where no
     /// row is left that it could go to.
@@ -38,8 +40,9 @@ private:
     void showHeadings(const std::vector<BillsContent::Day>& days);
     /// Headings and rows as they are read.
     [[nodiscard]] std::vector<QWidget*> lines() const;
-    /// Also lets screen readers come to the lines as they are read.
     void place();
+    /// Lets screen readers come to the lines as they are read.
+    void putInReadingOrder(const std::vector<QWidget*>& lines);
     void act(const OccurrenceRow& row, OccurrenceRow::Action action);
     [[nodiscard]] std::vector<OccurrenceRow*> rowsToActOn() const;
 
@@ -48,6 +51,8 @@ private:
     std::vector<OccurrenceRow*> rows_;
     /// How many rows each heading has.
     std::vector<std::size_t> counts_;
+    /// The lines in the order that screen readers know.
+    std::vector<QWidget*> ordered_;
 };
 
 } // namespace oakfen

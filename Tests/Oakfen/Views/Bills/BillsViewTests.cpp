@@ -316,5 +316,28 @@ TEST_F(Bills, SaysWhatToDoWhereNothingIsDue) {
               "Add reminders for recurring bills, paycheques and transfers.");
 }
 
+TEST_F(Bills, ListsALongOverdueReminderByPartsAndCountsItWhole) {
+    add("Gym", "-1", day(2016, 3, 16), Frequency::weekly);
+    BillsView view(*test);
+    const auto listed = [&] {
+        std::size_t count = 0;
+        for (const BillsContent::Day& each : view.content()->days) {
+            count += each.rows.size();
+        }
+        return count;
+    };
+    EXPECT_EQ(listed(), BillsView::rowsAtOnce);
+    EXPECT_EQ(view.content()->hiddenCount, 300U);
+    EXPECT_EQ(view.content()->figures[0].money.text, "$500.00");
+    EXPECT_EQ(view.content()->projection.chart.lines[0].series.values[0].text, "$500.00");
+    view.showMore();
+    EXPECT_EQ(listed(), 2 * BillsView::rowsAtOnce);
+    view.showMore();
+    EXPECT_EQ(listed(), 500U);
+    EXPECT_EQ(view.content()->hiddenCount, 0U);
+    view.setHorizonDays(14);
+    EXPECT_EQ(listed(), BillsView::rowsAtOnce) << "begins anew";
+}
+
 } // namespace
 } // namespace oakfen
