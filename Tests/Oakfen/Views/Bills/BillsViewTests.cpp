@@ -339,5 +339,48 @@ TEST_F(Bills, ListsALongOverdueReminderByPartsAndCountsItWhole) {
     EXPECT_EQ(listed(), BillsView::rowsAtOnce) << "begins anew";
 }
 
+TEST_F(Bills, ListsBothRemindersOfOneID) {
+    const ScheduledTransaction rent = add("Rent", "-100", day(2026, 3, 20), Frequency::once);
+    ScheduledTransaction twin = rent;
+    twin.payee = "Twin";
+    store(twin);
+    const BillsView view(*test);
+    EXPECT_EQ(rows(view), "Rent! Twin! ");
+    EXPECT_EQ(view.content()->reminderCount, "2");
+}
+
+TEST_F(Bills, ListsRemindersOfOnePayeeInTheDocumentsOrder) {
+    add("Rent", "-3", day(2026, 3, 20));
+    add("Apple", "-9", day(2026, 3, 20));
+    add("Rent", "-1", day(2026, 3, 18));
+    add("Rent", "-2", day(2026, 3, 19));
+    const BillsView view(*test);
+    std::string order;
+    for (const BillsContent::Reminder& each : view.content()->reminders) {
+        order += each.amount.text + " ";
+    }
+    EXPECT_EQ(order, "-$9.00 -$3.00 -$1.00 -$2.00 ");
+}
+
+TEST_F(Bills, NamesNoDestinationThatIsUnknown) {
+    ScheduledTransaction transfer = add("Save", "-5", day(2026, 3, 20), Frequency::once);
+    test.store->mutate("Edit", [&](Library& library) {
+        library.scheduled.edit(0).transferAccountID = UUID::random();
+    });
+    const BillsView view(*test);
+    EXPECT_EQ(view.content()->days.at(0).rows.at(0).subtitle, "Everyday · Transfer →  · Once");
+}
+
+TEST_F(Bills, MarksTheSumsByTheirDirection) {
+    const BillsView view(*test);
+    const auto& shown = view.content()->figures;
+    EXPECT_EQ(shown[0].symbolName, "arrow.up.circle");
+    EXPECT_EQ(shown[0].note, "Next 30 days");
+    EXPECT_EQ(shown[1].symbolName, "arrow.down.circle");
+    EXPECT_EQ(shown[1].note, "Next 30 days");
+    EXPECT_EQ(shown[2].symbolName, "");
+    EXPECT_EQ(shown[2].note, "Income less bills");
+}
+
 } // namespace
 } // namespace oakfen

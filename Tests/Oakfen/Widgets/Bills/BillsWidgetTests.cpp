@@ -338,6 +338,42 @@ TEST_F(BillsScreen, KeepsTheLinesInReadingOrderForScreenReaders) {
     }
 }
 
+TEST_F(BillsScreen, ShowsARowForEachOfTwoRemindersWithOneID) {
+    const ScheduledTransaction rent = add("Rent", "-1", day(2026, 3, 16), Frequency::once);
+    open();
+    ScheduledTransaction twin = rent;
+    twin.payee = "Twin";
+    test.store->mutate("Add", [&](Library& library) { library.scheduled.push_back(twin); });
+    settle();
+    ASSERT_EQ(rows().size(), 2U);
+    EXPECT_NE(rows()[0], rows()[1]);
+    EXPECT_NE(named<QPushButton>("Enter Rent"), nullptr);
+    EXPECT_NE(named<QPushButton>("Enter Twin"), nullptr);
+}
+
+TEST_F(BillsScreen, EnteringAndSkippingAreTakenBackOneByOne) {
+    add("A", "-1", day(2026, 3, 16), Frequency::once);
+    add("B", "-1", day(2026, 3, 17));
+    open();
+    const Library before = test.library();
+    test.undoManager->removeAllActions();
+    button(0, Action::enter)->click();
+    settle();
+    EXPECT_EQ(test.undoManager->undoActionName(), "Enter A");
+    const Library entered = test.library();
+    button(0, Action::skip)->click();
+    settle();
+    EXPECT_EQ(test.undoManager->undoActionName(), "Skip B");
+    test.undoManager->undo();
+    settle();
+    EXPECT_EQ(test.library(), entered);
+    EXPECT_EQ(button(0, Action::enter)->accessibleName(), QStringLiteral("Enter B"));
+    test.undoManager->undo();
+    settle();
+    EXPECT_EQ(test.library(), before);
+    EXPECT_EQ(button(0, Action::enter)->accessibleName(), QStringLiteral("Enter A"));
+}
+
 TEST_F(BillsScreen, ADoubleClickEntersOneReminder) {
     add("A", "-1", day(2026, 3, 16), Frequency::once);
     add("B", "-1", day(2026, 3, 16), Frequency::once);
@@ -348,6 +384,12 @@ TEST_F(BillsScreen, ADoubleClickEntersOneReminder) {
     ASSERT_EQ(test.library().transactions.size(), 1U);
     EXPECT_EQ(test.library().transactions.front().payee, "A");
     EXPECT_EQ(rows().size(), 1U);
+}
+
+TEST_F(BillsScreen, SaysWhatTheButtonForANewReminderIsFor) {
+    open();
+    EXPECT_EQ(named<QToolButton>("New Reminder")->toolTip(),
+              QStringLiteral("Schedule a bill, paycheque or transfer"));
 }
 
 } // namespace

@@ -163,5 +163,18 @@ TEST_F(ReminderSheet, OpensNothingForAReminderThatIsGone) {
     }
 }
 
+TEST_F(ReminderSheet, EntersOnAnotherDayAndTakesItBack) {
+    const Library before = test.library();
+    show(std::make_unique<EnterReminderDialog>(*test, hydro));
+    named<DateField>("Date")->setValue(day(2026, 3, 9));
+    named<DateField>("Date")->edited();
+    save();
+    ASSERT_EQ(test.library().transactions.size(), 1U);
+    EXPECT_EQ(test.library().transactions.front().date, day(2026, 3, 9));
+    EXPECT_EQ(test.library().scheduled.front().nextDate, day(2026, 4, 4, 9));
+    test.undoManager->undo();
+    EXPECT_EQ(test.library(), before);
+}
+
 } // namespace
 } // namespace oakfen
