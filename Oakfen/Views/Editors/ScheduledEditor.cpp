@@ -113,6 +113,12 @@ std::string_view ScheduledEditor::accountTitle() const {
     return kind == Kind::income ? "Deposit To" : "Pay From";
 }
 
+std::string_view ScheduledEditor::endDateHint() const {
+    return hasEndDate && endDate < draft.nextDate
+               ? "It ends before it is due: it will never be listed."
+               : "";
+}
+
 std::vector<PickerRow> ScheduledEditor::accountChoices() const {
     const LibraryIndex& index = environment_.store.index();
     return keepingAccount(accountPickerRows(index), index, accountID);

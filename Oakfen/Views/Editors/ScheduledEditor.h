@@ -42,6 +42,8 @@ public:
 
     /// What the field of the account is called.
     [[nodiscard]] std::string_view accountTitle() const;
+    /// What is odd about the end date; empty while nothing is.
+    [[nodiscard]] std::string_view endDateHint() const;
 
     // What the fields offer. The draft's own choice is always among it.
     [[nodiscard]] std::vector<PickerRow> accountChoices() const;

@@ -70,6 +70,7 @@ void ScheduledEditorDialog::addTimeFields() {
     form()
         .day(tr("End Date"), edited.endDate)
         .help(tr("The last day on which it can be due"))
+        .hint([&edited] { return qt(edited.endDateHint()); })
         .shownWhen([&edited] { return edited.hasEndDate; });
     form()
         .toggle(tr("Enter Automatically When Due"), edited.draft.autoEnter)

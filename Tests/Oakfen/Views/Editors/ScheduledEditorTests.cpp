@@ -175,6 +175,17 @@ TEST_F(Scheduling, ShowsAReminderAndLeavesItAsItIs) {
     EXPECT_FALSE(test.undoManager->canUndo());
 }
 
+TEST_F(Scheduling, SaysSoWhereItEndsBeforeItIsDue) {
+    ScheduledEditor editor = edit(bill.id);
+    editor.endDate = editor.draft.nextDate.adding(-1);
+    EXPECT_EQ(editor.endDateHint(), "");
+    editor.hasEndDate = true;
+    EXPECT_NE(editor.endDateHint(), "");
+    EXPECT_TRUE(editor.canSave());
+    editor.endDate = editor.draft.nextDate;
+    EXPECT_EQ(editor.endDateHint(), "");
+}
+
 TEST_F(Scheduling, EndsOnTheLastDayWhileThatIsAsked) {
     ScheduledEditor editor = edit(bill.id);
     editor.hasEndDate = true;
