@@ -238,6 +238,11 @@ bool BudgetTableWidget::enter() {
     if (!editedID_) {
         return true;
     }
+    if (field_->text().trimmed().isEmpty()) {
+        // As in a spreadsheet, nothing is planned where nothing stands.
+        view_.setBudget(*editedID_, Decimal());
+        return true;
+    }
     if (!field_->isReadable()) {
         return false;
     }

@@ -65,6 +65,15 @@ TEST_F(BudgetCell, IsEnteredByReturnWhichGoesDown) {
     EXPECT_FALSE(test->undoManager->canUndo());
 }
 
+TEST_F(BudgetCell, PlansNothingWhereNothingStands) {
+    clickCell(0, "budget");
+    press(Qt::Key_Backspace);
+    press(Qt::Key_Return);
+    EXPECT_EQ(planned(food), std::nullopt);
+    test->undoManager->undo();
+    EXPECT_EQ(planned(food), amount("100"));
+}
+
 TEST_F(BudgetCell, IsLeftByReturnAtTheEnd) {
     clickCell(2, "budget");
     type(QStringLiteral("30"));
