@@ -51,7 +51,7 @@ FigureColumn payeeColumn() {
 FigureColumn categoryColumn() {
     return {.head = {.id = "category",
                      .title = "Category",
-                     .width = 210,
+                     .width = 256,
                      .least = 96,
                      .isSortable = true},
             .value = FigureColumn::Text{[](const FigureRow& row) -> std::string_view {
@@ -63,7 +63,7 @@ FigureColumn categoryColumn() {
 FigureColumn accountColumn() {
     return {.head = {.id = "account",
                      .title = "Account",
-                     .width = 210,
+                     .width = 256,
                      .least = 96,
                      .isSortable = true},
             .value = FigureColumn::Text{[](const FigureRow& row) { return row.accountName; }}};

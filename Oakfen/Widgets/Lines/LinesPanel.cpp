@@ -15,6 +15,7 @@
 #include "Oakfen/ScreenCommands.h"
 #include "Oakfen/Widgets/Components/ElidedLabel.h"
 #include "Oakfen/Widgets/Components/EmptyStateWidget.h"
+#include "Oakfen/Widgets/Components/LedgerDelegate.h"
 #include "Oakfen/Widgets/Components/LedgerTable.h"
 #include "Oakfen/Widgets/Components/MenuBuilder.h"
 #include "Oakfen/Widgets/Components/MoneyLabel.h"
@@ -110,7 +111,9 @@ void LinesPanel::setUpTable() {
 QWidget* LinesPanel::makeFoot() {
     auto* foot = new Foot;
     auto* line = new QHBoxLayout(foot);
-    line->setContentsMargins(3 * Theme::grid, Theme::grid, 3 * Theme::grid, Theme::grid);
+    // Under the columns, which keep that much room at their sides.
+    line->setContentsMargins(LedgerDelegate::margin, Theme::grid, LedgerDelegate::margin,
+                             Theme::grid);
     line->setSpacing(Theme::grid);
     for (QLabel* label : {count_, new QLabel(tr("Total"))}) {
         label->setTextFormat(Qt::PlainText);
