@@ -85,6 +85,15 @@ qreal figureWidth(const QFont& font, const QString& text) {
     return layOut(QFontMetricsF(font), text, [](const QString&, qreal, qreal) {});
 }
 
+QFont fittingFigureFont(QFont font, const QString& text, qreal width) {
+    constexpr qreal least = 0.5;
+    const qreal share = width / std::max(figureWidth(font, text), 1.0);
+    if (share < 1) {
+        font.setPointSizeF(font.pointSizeF() * std::max(share, least));
+    }
+    return font;
+}
+
 void drawFigures(QPainter& painter, const QRectF& rect, const QString& text,
                  Qt::Alignment alignment) {
     const QFontMetricsF metrics(painter.font());

@@ -21,6 +21,10 @@ namespace oakfen {
 /// line up digit under digit in any font.
 [[nodiscard]] qreal figureWidth(const QFont& font, const QString& text);
 
+/// The font, or a smaller one in which the text has room in the width: of an amount no digit is cut
+/// off, nor told in dots.
+[[nodiscard]] QFont fittingFigureFont(QFont font, const QString& text, qreal width);
+
 /// Draws the text so, in the painter's font and pen, centred in the height.
 void drawFigures(QPainter& painter, const QRectF& rect, const QString& text,
                  Qt::Alignment alignment = Qt::AlignRight);

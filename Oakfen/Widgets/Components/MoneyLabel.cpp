@@ -40,7 +40,7 @@ QSize MoneyLabel::sizeHint() const {
 
 void MoneyLabel::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.setFont(Theme::font(style_));
+    painter.setFont(fittingFigureFont(Theme::font(style_), qt(money_.text), width()));
     painter.setPen(Theme::color(themeColor(money_.tone)));
     drawFigures(painter, rect(), qt(money_.text), alignment_);
 }

@@ -19,4 +19,13 @@ TEST(Figures, HaveNoWidthWithoutText) {
     EXPECT_DOUBLE_EQ(figureWidth(QApplication::font(), QString()), 0);
 }
 
+TEST(FittingFigures, AreDrawnSmallerWhereTheyHaveNoRoom) {
+    const QFont font = Theme::font(TextStyle::figure);
+    const QString text = QStringLiteral("$24,699,672.75");
+    const qreal whole = figureWidth(font, text);
+    EXPECT_EQ(fittingFigureFont(font, text, whole + 1), font);
+    const QFont smaller = fittingFigureFont(font, text, whole * 0.8);
+    EXPECT_LT(smaller.pointSizeF(), font.pointSizeF());
+    EXPECT_LE(figureWidth(smaller, text), whole * 0.82);
+}
 } // namespace oakfen
