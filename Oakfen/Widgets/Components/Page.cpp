@@ -1,5 +1,6 @@
 #include "Oakfen/Widgets/Components/Page.h"
 
+#include <QApplication>
 #include <QFocusEvent>
 #include <QLabel>
 #include <QScrollBar>
@@ -59,6 +60,12 @@ Page::Page(const QString& title, QWidget* parent)
     setTitle(title);
     setDetail({});
     setWidget(body);
+    connect(qApp, &QApplication::focusChanged, this, &Page::bringIntoSight);
+}
+
+Page::~Page() {
+    // What is on the page goes after it, and the keyboard with that.
+    disconnect(qApp, nullptr, this, nullptr);
 }
 
 void Page::setTitle(const QString& title) {
@@ -86,9 +93,18 @@ int Page::columnWidth() const {
     return viewport()->width() - (2 * margin);
 }
 
+void Page::bringIntoSight(QWidget* /*before*/, QWidget* now) {
+    // The toolkit does so only when Tab comes from another place of the page. What is higher than
+    // the page, such as a table, looks after its own rows.
+    if (now != nullptr && widget()->isAncestorOf(now) && now->height() < viewport()->height()) {
+        ensureWidgetVisible(now, 0, margin);
+    }
+}
+
 void Page::focusInEvent(QFocusEvent* event) {
     if (event->reason() == Qt::OtherFocusReason) {
-        focusFirstIn(*this);
+        // Quietly: nobody has gone to it yet.
+        focusFirstIn(*this, Qt::OtherFocusReason);
     }
 }
 

@@ -16,6 +16,7 @@ class Page : public QScrollArea {
 
 public:
     explicit Page(const QString& title, QWidget* parent = nullptr);
+    ~Page() override;
 
     /// Another title than the page's name, as it is spoken.
     void setTitle(const QString& title);
@@ -34,6 +35,9 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
 
 private:
+    /// What has the keyboard is seen.
+    void bringIntoSight(QWidget* before, QWidget* now);
+
     QLabel* title_;
     QLabel* detail_;
     QHBoxLayout* titleLine_;

@@ -79,14 +79,14 @@ void goToPane(QWidget& window, bool forward) {
     focusPane(*panes[static_cast<std::size_t>(next)]);
 }
 
-bool focusFirstIn(const QWidget& area) {
+bool focusFirstIn(const QWidget& area, Qt::FocusReason reason) {
     QWidget* first = nullptr;
     followTab(*area.window(), [&](QWidget& each) {
         first = area.isAncestorOf(&each) ? &each : nullptr;
         return first != nullptr;
     });
     if (first != nullptr) {
-        first->setFocus(Qt::TabFocusReason);
+        first->setFocus(reason);
     }
     return first != nullptr;
 }

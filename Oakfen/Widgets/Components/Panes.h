@@ -1,5 +1,7 @@
 #pragma once
 
+#include <Qt>
+
 class QWidget;
 
 namespace oakfen {
@@ -13,6 +15,6 @@ void makePane(QWidget& widget);
 void goToPane(QWidget& window, bool forward);
 
 /// Moves the keyboard to what Tab would come to first within the area. Whether there is such.
-bool focusFirstIn(const QWidget& area);
+bool focusFirstIn(const QWidget& area, Qt::FocusReason reason = Qt::TabFocusReason);
 
 } // namespace oakfen
