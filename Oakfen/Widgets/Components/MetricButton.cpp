@@ -25,11 +25,21 @@ void MetricButton::setMetric(const Metric& metric) {
     update();
 }
 
+void MetricButton::setKey(TextTone tone) {
+    key_ = tone;
+    updateGeometry();
+    update();
+}
+
+int MetricButton::keyRoom() const {
+    return key_ ? Theme::grid * 7 / 4 : 0;
+}
+
 QSize MetricButton::sizeHint() const {
     const QFont figure = Theme::font(TextStyle::figure);
     const QFontMetrics caption(Theme::font(TextStyle::capitals));
     const int width =
-        std::max(caption.horizontalAdvance(qt(metric_.caption)),
+        std::max(keyRoom() + caption.horizontalAdvance(qt(metric_.caption)),
                  static_cast<int>(std::ceil(figureWidth(figure, qt(metric_.figure)))));
     return {width + 1, caption.height() + QFontMetrics(figure).height()};
 }
@@ -39,10 +49,18 @@ void MetricButton::paintEvent(QPaintEvent* /*event*/) {
     painter.setFont(Theme::font(TextStyle::capitals));
     painter.setPen(Theme::color(ThemeColor::secondaryText));
     const int captionHeight = painter.fontMetrics().height();
-    painter.drawText(QRect(0, 0, width(), captionHeight), Qt::AlignLeft | Qt::AlignVCenter,
-                     qt(metric_.caption));
+    painter.drawText(QRect(keyRoom(), 0, width() - keyRoom(), captionHeight),
+                     Qt::AlignLeft | Qt::AlignVCenter, qt(metric_.caption));
+    if (key_) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setBrush(fillColor(*key_));
+        painter.setPen(Qt::NoPen);
+        painter.drawRoundedRect(
+            QRect(0, (captionHeight - Theme::grid) / 2, Theme::grid, Theme::grid), 2, 2);
+    }
 
-    const QFont font = Theme::font(TextStyle::figure);
+    const QFont font =
+        fittingFigureFont(Theme::font(TextStyle::figure), qt(metric_.figure), width());
     painter.setFont(font);
     painter.setPen(Theme::color(themeColor(metric_.tint)));
     drawFigures(painter, rect().adjusted(0, captionHeight, 0, 0), qt(metric_.figure),

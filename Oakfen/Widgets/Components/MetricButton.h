@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <optional>
 
 #include "Oakfen/Views/Components/Components.h"
 
@@ -15,6 +16,8 @@ public:
 
     /// Shows another figure.
     void setMetric(const Metric& metric);
+    /// Puts a square of the tone's fill before the caption, as the key to a chart beneath.
+    void setKey(TextTone tone);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
@@ -23,7 +26,11 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// What the key takes of the caption's line.
+    [[nodiscard]] int keyRoom() const;
+
     Metric metric_;
+    std::optional<TextTone> key_;
 };
 
 } // namespace oakfen

@@ -4,8 +4,6 @@
 
 #include "Oakfen/Widgets/Components/LabelledFigure.h"
 
-class QHBoxLayout;
-
 namespace oakfen {
 
 /// A caption in capitals with a figure in even digits beneath it.
@@ -15,12 +13,9 @@ public:
 
     /// Shows another figure.
     void setMetric(const Metric& metric);
-    /// Puts a square of the tone's fill before the caption, as the key to a chart beneath.
-    void setKey(TextTone tone);
 
 private:
     LabelledFigure figure_;
-    QHBoxLayout* captionLine_;
 };
 
 } // namespace oakfen

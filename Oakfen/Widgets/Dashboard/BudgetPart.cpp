@@ -39,7 +39,9 @@ public:
         line->addSpacing(Theme::grid);
         line->addWidget(bar_, 9);
         left_->setAlignment(Qt::AlignRight);
-        left_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        // The bars of all rows begin and end alike, however long an amount is.
+        left_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        left_->setMinimumWidth(1);
         line->addWidget(left_, 4);
         line->addWidget(makeQuietLeft());
     }

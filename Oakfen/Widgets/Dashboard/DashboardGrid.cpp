@@ -80,12 +80,16 @@ std::pair<DashboardGrid::Places, int> DashboardGrid::placesInColumns(int width) 
     const std::vector<Column> columns = columnsOf(columnCount(width));
     const int columnWidth = widthOf(width, static_cast<int>(columns.size()));
     Places places;
+    // The first two stand side by side and so share their height.
+    const int firstHeight = std::max(heightOf(0, columnWidth), heightOf(1, columnWidth));
     int height = 0;
     for (std::size_t column = 0; column < columns.size(); ++column) {
         const int left = static_cast<int>(column) * (columnWidth + gap);
         int top = 0;
         for (const std::size_t card : columns[column]) {
-            places[card] = {left, top, columnWidth, heightOf(card, columnWidth)};
+            const bool isFirst = columns.size() > 1 && top == 0;
+            places[card] = {left, top, columnWidth,
+                            isFirst ? firstHeight : heightOf(card, columnWidth)};
             top += places[card].height() + gap;
         }
         height = std::max(height, top - gap);
@@ -107,7 +111,9 @@ std::pair<DashboardGrid::Places, int> DashboardGrid::placesInRows(int width) con
             height = std::max(height, heightOf(card, columnWidth));
         }
         for (std::size_t card = first; card < first + mostColumns; ++card) {
-            const int left = static_cast<int>(card - first) * (columnWidth + gap);
+            // What doesn't divide evenly goes to the gaps, so that the last one ends at the edge.
+            const int left =
+                static_cast<int>(card - first) * (width - columnWidth) / (mostColumns - 1);
             places[card] = {left, top, columnWidth, height};
         }
         top += height + gap;

@@ -59,6 +59,7 @@ void DashboardWidget::buildCards() {
     for (Card* card : {upcoming, budget, alerts, recent_}) {
         card->setFoot(Theme::grid);
     }
+    order_ = {netWorth, cashFlow, spending, upcoming, budget, alerts, recent_};
     cards_ = new QWidget;
     // Right below the title: nothing else has anything to tell yet.
     steps_ = new FirstSteps;
@@ -98,6 +99,25 @@ void DashboardWidget::showContent() {
     parts_->alerts.show(content_->alerts);
     parts_->recent.show(content_->recent);
     showSteps();
+    orderTabs();
+}
+
+void DashboardWidget::orderTabs() {
+    QWidget* last = nullptr;
+    const auto append = [&last](const QWidget& area) {
+        for (QWidget* each : area.findChildren<QWidget*>()) {
+            if ((each->focusPolicy() & Qt::TabFocus) == Qt::TabFocus) {
+                if (last != nullptr && last->nextInFocusChain() != each) {
+                    setTabOrder(last, each);
+                }
+                last = each;
+            }
+        }
+    };
+    append(*steps_);
+    for (const Card* card : order_) {
+        append(*card);
+    }
 }
 
 void DashboardWidget::showEmptyState() {

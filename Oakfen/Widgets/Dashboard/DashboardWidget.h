@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "Oakfen/Views/Dashboard/DashboardView.h"
 #include "Oakfen/Widgets/Components/Page.h"
@@ -29,8 +30,11 @@ private:
     void showContent();
     void showEmptyState();
     void showSteps();
+    /// Leads Tab through the cards in their order, whichever of their rows came first.
+    void orderTabs();
     void flowRecentTransactions();
 
+    std::vector<Card*> order_;
     DashboardView view_;
     std::shared_ptr<const DashboardContent> content_;
     QWidget* cards_ = nullptr;

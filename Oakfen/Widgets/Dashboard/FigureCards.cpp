@@ -3,10 +3,13 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <initializer_list>
 
 #include "Oakfen/Widgets/Charts/PlotChartWidget.h"
 #include "Oakfen/Widgets/Charts/RingChartWidget.h"
 #include "Oakfen/Widgets/Components/Card.h"
+#include "Oakfen/Widgets/Components/MetricButton.h"
 #include "Oakfen/Widgets/Components/MetricWidget.h"
 #include "Oakfen/Widgets/Components/MoneyLabel.h"
 #include "Oakfen/Widgets/Components/SymbolLabel.h"
@@ -60,14 +63,27 @@ void NetWorthPart::show(const NetWorthCard& content) {
 }
 
 CashFlowPart::CashFlowPart(DashboardView& view, Card& card)
-    : income_(new MetricWidget({})), spending_(new MetricWidget({})), net_(new MetricWidget({})),
+    : income_(new MetricButton), spending_(new MetricButton), net_(new MetricWidget({})),
       chart_(new PlotChartWidget(plotHeight)) {
     card.setNote(QStringLiteral("This month"));
     auto* line = new QHBoxLayout;
     line->setSpacing(Theme::grid);
-    for (MetricWidget* metric : {income_, spending_, net_}) {
-        line->addWidget(metric, 1);
+    for (QWidget* metric : std::initializer_list<QWidget*>{income_, spending_, net_}) {
+        // They share the width, whatever they hold.
+        metric->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        metric->setMinimumWidth(1);
+        line->addWidget(metric, 1, Qt::AlignTop);
     }
+    const auto leadOn = [this, &view](MetricButton& figure, std::size_t side, const QString& help) {
+        figure.setToolTip(help);
+        QObject::connect(&figure, &QAbstractButton::clicked, &figure, [this, &view, side] {
+            if (!shown_.lines.empty()) {
+                view.showLines(shown_.lines.back()[side]);
+            }
+        });
+    };
+    leadOn(*income_, 0, QStringLiteral("Show what came in this month"));
+    leadOn(*spending_, 1, QStringLiteral("Show what was spent this month"));
     income_->setKey(TextTone::positive);
     spending_->setKey(TextTone::warning);
     card.content()->addLayout(line);
@@ -87,6 +103,11 @@ void CashFlowPart::show(const CashFlowCard& content) {
     income_->setMetric(content.income);
     spending_->setMetric(content.spending);
     net_->setMetric(content.net);
+    // Without a single value there is nothing to draw.
+    const auto isSomething = [](const ChartValue& value) { return value.value != 0; };
+    chart_->setVisible(std::ranges::any_of(content.chart.bars, [&](const ChartSeries& series) {
+        return std::ranges::any_of(series.values, isSomething);
+    }));
     chart_->setChart(content.chart);
 }
 

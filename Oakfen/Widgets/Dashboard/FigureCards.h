@@ -7,6 +7,7 @@ class QLabel;
 namespace oakfen {
 
 class Card;
+class MetricButton;
 class MetricWidget;
 class MoneyLabel;
 class PlotChartWidget;
@@ -39,8 +40,8 @@ public:
     void show(const CashFlowCard& content);
 
 private:
-    MetricWidget* income_;
-    MetricWidget* spending_;
+    MetricButton* income_;
+    MetricButton* spending_;
     MetricWidget* net_;
     PlotChartWidget* chart_;
     CashFlowCard shown_;

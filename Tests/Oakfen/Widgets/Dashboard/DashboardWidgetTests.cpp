@@ -10,6 +10,7 @@
 #include "Oakfen/Widgets/Charts/RingChartWidget.h"
 #include "Oakfen/Widgets/Components/Card.h"
 #include "Oakfen/Widgets/Components/EmptyStateWidget.h"
+#include "Oakfen/Widgets/Components/MetricButton.h"
 #include "Oakfen/Widgets/Components/StepButton.h"
 #include "Oakfen/Widgets/Components/SymbolLabel.h"
 #include "Oakfen/Widgets/Dashboard/DashboardGrid.h"
@@ -221,6 +222,65 @@ TEST_F(DashboardWidgetTest, ShowsTheEntriesBehindABudgetARingAndABar) {
     settle();
     ASSERT_NE(shown<LinesPanel>(), nullptr);
     EXPECT_EQ(shown<LinesPanel>()->view().content()->total.text, "$155.00");
+}
+
+TEST_F(DashboardWidgetTest, ShowsWhatTheFiguresOfTheMonthAreMadeOf) {
+    const auto figures = card("Cash Flow")->findChildren<MetricButton*>();
+    ASSERT_EQ(figures.size(), 2);
+    EXPECT_EQ(figures[1]->accessibleName(), QStringLiteral("Spending, $155.00"));
+    figures[1]->setFocus();
+    QTest::keyClick(figures[1], Qt::Key_Space);
+    settle();
+    ASSERT_NE(shown<LinesPanel>(), nullptr);
+    EXPECT_EQ(shown<LinesPanel>()->view().content()->total.text, "$155.00");
+}
+
+TEST_F(DashboardWidgetTest, LeadsTabThroughTheCardsInTheirOrder) {
+    QStringList order;
+    const QList<Card*> cards = dashboard()->findChildren<Card*>();
+    dashboard()->setFocus(Qt::OtherFocusReason);
+    for (QWidget* place = QApplication::focusWidget(); dashboard()->isAncestorOf(place);
+         place = QApplication::focusWidget()) {
+        for (const Card* each : cards) {
+            if (each->isAncestorOf(place) &&
+                (order.isEmpty() || order.last() != each->accessibleName())) {
+                order.append(each->accessibleName());
+            }
+        }
+        QTest::keyClick(place, Qt::Key_Tab);
+    }
+    EXPECT_EQ(order.join(QLatin1Char('|')),
+              QStringLiteral("Net Worth|Cash Flow|Spending by Category|Upcoming Bills & Income|"
+                             "Budget|Alerts|Recent Transactions"));
+}
+
+TEST_F(DashboardWidgetTest, BringsIntoSightWhatTheKeyboardComesTo) {
+    window->resize(980, 650);
+    settle();
+    dashboard()->verticalScrollBar()->setValue(dashboard()->verticalScrollBar()->maximum());
+    auto* chart = card("Net Worth")->findChild<PlotChartWidget*>();
+    ASSERT_TRUE(chart->visibleRegion().isEmpty());
+    sidebar()->setFocus();
+    chart->setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(chart->visibleRegion().boundingRect(), chart->rect());
+}
+
+TEST_F(DashboardWidgetTest, ComesUpWithoutATooltipOverItsCharts) {
+    select(SidebarItem{SidebarItem::Kind::reports});
+    sidebar()->setFocus();
+    select(SidebarItem{});
+    dashboard()->setFocus(Qt::OtherFocusReason);
+    auto* chart = card("Net Worth")->findChild<PlotChartWidget*>();
+    EXPECT_EQ(QApplication::focusWidget(), chart);
+    EXPECT_FALSE(chart->shownPoint());
+    QTest::keyClick(chart, Qt::Key_Right);
+    EXPECT_TRUE(chart->shownPoint());
+}
+
+TEST_F(DashboardWidgetTest, DrawsNoChartOfAMonthWithoutMoney) {
+    EXPECT_TRUE(card("Cash Flow")->findChild<PlotChartWidget*>()->isVisible());
+    edit([](Library& library) { library.transactions = {}; });
+    EXPECT_FALSE(card("Cash Flow")->findChild<PlotChartWidget*>()->isVisible());
 }
 
 TEST_F(DashboardWidgetTest, KeepsTheRowsOfCardsThatAnEditLeavesAlone) {
