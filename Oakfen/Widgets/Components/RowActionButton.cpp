@@ -1,8 +1,10 @@
 #include "Oakfen/Widgets/Components/RowActionButton.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QStyleHints>
+#include <limits>
 #include <optional>
 
 #include "Oakfen/Widgets/Components/Mnemonics.h"
@@ -69,6 +71,37 @@ void RowActionButton::mouseDoubleClickEvent(QMouseEvent* event) {
     } else {
         QPushButton::mouseDoubleClickEvent(event);
     }
+}
+
+void RowActionButton::keyPressEvent(QKeyEvent* event) {
+    const bool isDown = event->key() == Qt::Key_Down;
+    const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (!isPlain || (!isDown && event->key() != Qt::Key_Up)) {
+        QPushButton::keyPressEvent(event);
+        return;
+    }
+    if (RowActionButton* next = neighbour(isDown)) {
+        next->setFocus(isDown ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    }
+}
+
+RowActionButton* RowActionButton::neighbour(bool below) const {
+    const auto heightOf = [](const RowActionButton& each) {
+        return each.mapTo(each.window(), QPoint()).y();
+    };
+    const int here = heightOf(*this);
+    RowActionButton* nearest = nullptr;
+    int least = std::numeric_limits<int>::max();
+    for (RowActionButton* each : window()->findChildren<RowActionButton*>()) {
+        if (each->isVisible() && each->text() == text()) {
+            const int distance = (heightOf(*each) - here) * (below ? 1 : -1);
+            if (distance > 0 && distance < least) {
+                nearest = each;
+                least = distance;
+            }
+        }
+    }
+    return nearest;
 }
 
 } // namespace oakfen

@@ -159,6 +159,18 @@ TEST_F(DashboardWidgetTest, ShowsItsCardsInTheirOrderWithTheirNotes) {
     EXPECT_TRUE(texts("Recent Transactions").contains(QStringLiteral("No transactions yet.")));
 }
 
+TEST_F(DashboardWidgetTest, UpAndDownLeadToTheSameButtonOfTheOtherRows) {
+    const QList<QPushButton*> buttons = enterButtons();
+    buttons[0]->setFocus();
+    QTest::keyClick(buttons[0], Qt::Key_Down);
+    EXPECT_EQ(QApplication::focusWidget(), buttons[1]);
+    QTest::keyClick(buttons[1], Qt::Key_Down);
+    QTest::keyClick(buttons[2], Qt::Key_Down);
+    EXPECT_EQ(QApplication::focusWidget(), buttons[2]);
+    QTest::keyClick(buttons[2], Qt::Key_Up);
+    EXPECT_EQ(QApplication::focusWidget(), buttons[1]);
+}
+
 TEST_F(DashboardWidgetTest, LeadsToTheScreensBehindItsCards) {
     const std::vector<std::pair<QString, SidebarItem::Kind>> links{
         {QStringLiteral("Reports"), SidebarItem::Kind::reports},
