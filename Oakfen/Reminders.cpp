@@ -2,7 +2,9 @@
 
 #include <vector>
 
+#include "Oakfen/UndoNotice.h"
 #include "OakfenCore/LibraryOperations/ScheduledTransactions.h"
+#include "OakfenCore/Support/Text/Quotation.h"
 
 namespace oakfen {
 
@@ -21,10 +23,39 @@ std::vector<std::size_t> dueReminders(const AppEnvironment& environment) {
     return due;
 }
 
+const ScheduledTransaction* reminderOf(const AppEnvironment& environment, const UUID& id) {
+    return environment.store.library().scheduled.first(
+        [&](const ScheduledTransaction& each) { return each.id == id; });
+}
+
 } // namespace
 
 int dueReminderCount(const AppEnvironment& environment) {
     return static_cast<int>(dueReminders(environment).size());
+}
+
+void enterReminder(AppEnvironment& environment, const UUID& id) {
+    const ScheduledTransaction* reminder = reminderOf(environment, id);
+    if (reminder == nullptr) {
+        return;
+    }
+    const std::string payee = reminder->payee;
+    environment.store.mutate("Enter " + payee, [&](Library& library) {
+        enterScheduled(library, id, std::nullopt, std::nullopt, environment.clock.calendar());
+    });
+    offerUndo(environment, quoted(payee) + " entered");
+}
+
+void skipReminder(AppEnvironment& environment, const UUID& id) {
+    const ScheduledTransaction* reminder = reminderOf(environment, id);
+    if (reminder == nullptr) {
+        return;
+    }
+    const std::string payee = reminder->payee;
+    environment.store.mutate("Skip " + payee, [&](Library& library) {
+        skipScheduled(library, id, environment.clock.calendar());
+    });
+    offerUndo(environment, quoted(payee) + " skipped");
 }
 
 void enterDueReminders(AppEnvironment& environment) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "Oakfen/Reminders.h"
 #include "Oakfen/Views/Bills/ForecastChart.h"
 #include "Oakfen/Views/Components/ReminderText.h"
 #include "OakfenCore/LibraryOperations/ScheduledTransactions.h"
@@ -38,23 +39,12 @@ EmptyState BillsView::emptyState() {
             "Add reminders for recurring bills, paycheques and transfers."};
 }
 
-std::string BillsView::payeeOf(const UUID& reminderID) const {
-    const ScheduledTransaction* reminder = environment_.store.library().scheduled.first(
-        [&](const ScheduledTransaction& each) { return each.id == reminderID; });
-    return reminder != nullptr ? reminder->payee : std::string();
-}
-
 void BillsView::enter(const UUID& reminderID) {
-    environment_.store.mutate("Enter " + payeeOf(reminderID), [&](Library& library) {
-        enterScheduled(library, reminderID, std::nullopt, std::nullopt,
-                       environment_.clock.calendar());
-    });
+    enterReminder(environment_, reminderID);
 }
 
 void BillsView::skip(const UUID& reminderID) {
-    environment_.store.mutate("Skip " + payeeOf(reminderID), [&](Library& library) {
-        skipScheduled(library, reminderID, environment_.clock.calendar());
-    });
+    skipReminder(environment_, reminderID);
 }
 
 void BillsView::enterOtherwise(const UUID& reminderID) {

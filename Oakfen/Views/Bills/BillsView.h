@@ -83,7 +83,6 @@ private:
     [[nodiscard]] std::string money(const Decimal& amount) const;
     /// Of an amount in a list: what comes in is set off, what goes out only has its minus.
     [[nodiscard]] MoneyText listed(const ScheduledTransaction& reminder) const;
-    [[nodiscard]] std::string payeeOf(const UUID& reminderID) const;
 
     int horizonDays_ = 30;
     std::size_t mostRows_ = rowsAtOnce;

@@ -1,8 +1,8 @@
 #include "Oakfen/Views/Dashboard/DashboardView.h"
 
 #include "Oakfen/FileActions.h"
+#include "Oakfen/Reminders.h"
 #include "Oakfen/Views/Components/Components.h"
-#include "OakfenCore/LibraryOperations/ScheduledTransactions.h"
 #include "OakfenCore/Support/Text/Formatting.h"
 
 namespace oakfen {
@@ -65,16 +65,7 @@ void DashboardView::showLines(const FigureLines& figure) {
 }
 
 void DashboardView::enter(const UUID& reminderID) {
-    const auto& reminders = environment_.store.library().scheduled;
-    const ScheduledTransaction* reminder =
-        reminders.first([&](const ScheduledTransaction& each) { return each.id == reminderID; });
-    if (reminder == nullptr) {
-        return;
-    }
-    environment_.store.mutate("Enter " + reminder->payee, [&](Library& library) {
-        enterScheduled(library, reminderID, std::nullopt, std::nullopt,
-                       environment_.clock.calendar());
-    });
+    enterReminder(environment_, reminderID);
 }
 
 void DashboardView::edit(const UUID& entryID) {

@@ -139,7 +139,9 @@ TEST_F(DashboardViewTest, EntersAReminderInOneStep) {
     EXPECT_EQ(test.library().transactions[0].date, day(2026, 3, 16));
     EXPECT_EQ(test.library().scheduled[0].nextDate, day(2026, 4, 16));
     EXPECT_EQ(test.undoManager->undoActionName(), "Enter Rent");
-    test.undoManager->undo();
+    ASSERT_TRUE(test.appState->notice());
+    EXPECT_EQ(test.appState->notice()->text, "“Rent” entered");
+    test.appState->notice()->action();
     EXPECT_EQ(test.library(), before);
 }
 
