@@ -51,7 +51,7 @@ FigureColumn payeeColumn() {
 FigureColumn categoryColumn() {
     return {.head = {.id = "category",
                      .title = "Category",
-                     .width = 256,
+                     .width = 236,
                      .least = 96,
                      .isSortable = true},
             .value = FigureColumn::Text{[](const FigureRow& row) -> std::string_view {
@@ -63,7 +63,7 @@ FigureColumn categoryColumn() {
 FigureColumn accountColumn() {
     return {.head = {.id = "account",
                      .title = "Account",
-                     .width = 256,
+                     .width = 236,
                      .least = 96,
                      .isSortable = true},
             .value = FigureColumn::Text{[](const FigureRow& row) { return row.accountName; }}};
