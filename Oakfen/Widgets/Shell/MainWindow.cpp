@@ -261,6 +261,10 @@ void MainWindow::keyPressEvent(QKeyEvent* event) {
         QMainWindow::keyPressEvent(event);
         return;
     }
+    if (event->isAutoRepeat()) {
+        // What the first press did may have led to the next button, and so on.
+        return;
+    }
     auto* tool = qobject_cast<QToolButton*>(button);
     if (tool != nullptr && tool->menu() != nullptr) {
         tool->showMenu();

@@ -143,6 +143,17 @@ TEST_F(KeyboardTest, PressesAButtonByReturn) {
     EXPECT_EQ(test->appState->selection(), SidebarItem{SidebarItem::Kind::budget});
 }
 
+TEST_F(KeyboardTest, AHeldReturnPressesAButtonOnlyOnce) {
+    press(Qt::Key_F6);
+    ASSERT_EQ(place(), "Reconcile");
+    QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"),
+                       true);
+    QApplication::sendEvent(QApplication::focusWidget(), &repeated);
+    EXPECT_FALSE(test->appState->sheet());
+    press(Qt::Key_Return);
+    EXPECT_TRUE(test->appState->sheet());
+}
+
 TEST_F(KeyboardTest, FollowsTheLettersOfASheet) {
     test->appState->setSheet(ActiveSheet{ActiveSheet::NewTransaction{everyday.id}});
     settle();
