@@ -41,7 +41,17 @@ int BudgetField::neededWidth() const {
     return fontMetrics().horizontalAdvance(text()) + frame;
 }
 
+bool BudgetField::isReadable() const {
+    return text().trimmed().isEmpty() || EntryField::isReadable();
+}
+
 bool BudgetField::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && !isUndoAvailable() &&
+        static_cast<QKeyEvent*>(event)->matches(QKeySequence::Undo)) {
+        // Nothing was typed here: it means the last step of the document.
+        event->ignore();
+        return false;
+    }
     const bool isHandled = EntryField::event(event);
     if (event->type() == QEvent::ShortcutOverride && !event->isAccepted() &&
         isCommandKey(static_cast<const QKeyEvent&>(*event))) {

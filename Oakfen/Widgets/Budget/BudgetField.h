@@ -32,6 +32,9 @@ public:
     /// Called when the text may need another width.
     std::function<void()> widthChanged = [] {};
 
+    /// Nothing at all is readable too: nothing is planned.
+    [[nodiscard]] bool isReadable() const override;
+
 protected:
     [[nodiscard]] const TypedEntry& entry() const override { return entry_; }
     [[nodiscard]] TypedEntry& entry() override { return entry_; }

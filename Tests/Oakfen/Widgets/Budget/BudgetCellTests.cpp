@@ -68,10 +68,25 @@ TEST_F(BudgetCell, IsEnteredByReturnWhichGoesDown) {
 TEST_F(BudgetCell, PlansNothingWhereNothingStands) {
     clickCell(0, "budget");
     press(Qt::Key_Backspace);
+    EXPECT_FALSE(field()->property("invalid").toBool());
     press(Qt::Key_Return);
     EXPECT_EQ(planned(food), std::nullopt);
     test->undoManager->undo();
     EXPECT_EQ(planned(food), amount("100"));
+}
+
+TEST_F(BudgetCell, LeavesUndoToTheDocumentUntilSomethingIsTyped) {
+    clickCell(0, "budget");
+    type(QStringLiteral("120"));
+    press(Qt::Key_Return);
+    ASSERT_EQ(planned(food), amount("120"));
+    QKeyEvent asks(QEvent::ShortcutOverride, Qt::Key_Z, Qt::ControlModifier);
+    asks.ignore();
+    QApplication::sendEvent(field(), &asks);
+    EXPECT_FALSE(asks.isAccepted());
+    type(QStringLiteral("7"));
+    QApplication::sendEvent(field(), &asks);
+    EXPECT_TRUE(asks.isAccepted());
 }
 
 TEST_F(BudgetCell, IsLeftByReturnAtTheEnd) {
