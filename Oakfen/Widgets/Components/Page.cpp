@@ -94,9 +94,11 @@ int Page::columnWidth() const {
 }
 
 void Page::bringIntoSight(QWidget* /*before*/, QWidget* now) {
-    // The toolkit does so only when Tab comes from another place of the page. What is higher than
-    // the page, such as a table, looks after its own rows.
-    if (now != nullptr && widget()->isAncestorOf(now) && now->height() < viewport()->height()) {
+    // The toolkit does so only when Tab comes from another place of the page. A table looks after
+    // its own rows, and what is clicked is in sight: nothing moves under the pointer.
+    const bool isClicked = QApplication::mouseButtons() != Qt::NoButton;
+    const bool isTable = qobject_cast<QAbstractScrollArea*>(now) != nullptr;
+    if (now != nullptr && !isClicked && !isTable && widget()->isAncestorOf(now)) {
         ensureWidgetVisible(now, 0, margin);
     }
 }
