@@ -18,15 +18,6 @@ bool areOfOneCategory(const std::vector<FigureRow>& rows) {
         rows, [&](const FigureRow& row) { return row.categoryName == rows.front().categoryName; });
 }
 
-/// A split entry may have several lines.
-std::size_t entryCount(const std::vector<FigureRow>& rows) {
-    UUIDSet ids;
-    for (const FigureRow& row : rows) {
-        ids.insert(row.entryID);
-    }
-    return ids.size();
-}
-
 } // namespace
 
 std::optional<EmptyState> LinesContent::emptyState() const {
@@ -117,7 +108,7 @@ LinesContent LinesView::derive(const LinesContent* earlier) const {
     // Lines come by account; those of one day stay so.
     sorter_.sort(order, *columnNamed(columns, sort.column), sort.ascending);
     const Decimal total = sum(lines->rows, [](const FigureRow& row) { return row.amount; });
-    const std::size_t count = entryCount(lines->rows);
+    const std::size_t count = order.size();
     auto reaches = reachesOf<FigureRow>(columns, lines->rows);
     auto table = std::make_shared<const Table<FigureRow>>(
         columns, std::move(order), std::move(lines), std::move(reaches), cellContext());

@@ -17,7 +17,7 @@ namespace oakfen {
 struct LinesContent {
     TableOrder sort = {};
     std::shared_ptr<const Table<FigureRow>> table = {};
-    /// "29 entries", of which some may have several lines.
+    /// "29 entries"; each share of a split is one.
     std::string count = {};
     /// What the lines add up to: the figure.
     MoneyText total = {};

@@ -122,11 +122,11 @@ TEST_F(LinesOfAFigure, LeadToTheRegisterOfTheEntrysAccount) {
     EXPECT_EQ(wanted, test.library().transactions[1].id);
 }
 
-TEST_F(LinesOfAFigure, CountAnEntryOnceHoweverManySharesItHas) {
+TEST_F(LinesOfAFigure, CountEachShareThatTheyShow) {
     FigureLines both = actualLines(test.index(), groceries.id, march, false);
     both.categories->push_back(household.id);
     EXPECT_EQ(LinesView(*test, both).content()->table->rowCount(), 3U);
-    EXPECT_EQ(LinesView(*test, both).content()->count, "2 entries");
+    EXPECT_EQ(LinesView(*test, both).content()->count, "3 entries");
 }
 
 TEST_F(LinesOfAFigure, AreSortedByDateOnceTheirColumnHasGone) {
