@@ -67,7 +67,7 @@ CashFlowPart::CashFlowPart(DashboardView& view, Card& card)
       chart_(new PlotChartWidget(plotHeight)) {
     card.setNote(QStringLiteral("This month"));
     auto* line = new QHBoxLayout;
-    line->setSpacing(Theme::grid);
+    line->setSpacing(2 * Theme::grid);
     for (QWidget* metric : std::initializer_list<QWidget*>{income_, spending_, net_}) {
         // They share the width, whatever they hold.
         metric->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
