@@ -9,8 +9,8 @@
 #include "Oakfen/Views/Components/ReminderText.h"
 #include "OakfenCore/LibraryOperations/ScheduledTransactions.h"
 #include "OakfenCore/Support/Text/Formatting.h"
+#include "OakfenCore/Support/Text/MonthText.h"
 #include "OakfenCore/Support/Text/Text.h"
-#include "OakfenCore/Support/Text/WeekdayText.h"
 
 namespace oakfen {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "OakfenCore/Support/Text/Formatting.h"
-#include "OakfenCore/Support/Text/WeekdayText.h"
+#include "OakfenCore/Support/Text/MonthText.h"
 
 namespace oakfen {
 

@@ -8,7 +8,6 @@
 #include "OakfenCore/Support/Text/Formatting.h"
 #include "OakfenCore/Support/Text/ICUText.h"
 #include "OakfenCore/Support/Text/MonthText.h"
-#include "OakfenCore/Support/Text/WeekdayText.h"
 
 namespace oakfen {
 namespace {

@@ -13,6 +13,9 @@ namespace oakfen {
 /// Abbreviated month and year: "Mar 2026".
 [[nodiscard]] std::string abbreviatedMonthYearText(Date date, const Calendar& calendar);
 
+/// Weekday and month in full, and the day number: "Thursday, March 5".
+[[nodiscard]] std::string weekdayMonthDayText(Date date, const Calendar& calendar);
+
 /// Abbreviated month: "Mar".
 [[nodiscard]] std::string abbreviatedMonthText(Date date, const Calendar& calendar);
 

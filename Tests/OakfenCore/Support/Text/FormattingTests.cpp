@@ -6,7 +6,6 @@
 #include <thread>
 
 #include "OakfenCore/Support/Text/MonthText.h"
-#include "OakfenCore/Support/Text/WeekdayText.h"
 
 namespace oakfen {
 namespace {
